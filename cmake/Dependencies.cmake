@@ -1,0 +1,18 @@
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network Concurrent)
+find_package(QCoro6 REQUIRED COMPONENTS Core Network)
+find_package(SQLiteCpp REQUIRED)
+find_package(nlohmann_json 3.11 REQUIRED)
+find_package(ICU REQUIRED COMPONENTS uc i18n)
+find_package(ZLIB REQUIRED)
+find_package(JPEG REQUIRED)
+
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(ISAL REQUIRED IMPORTED_TARGET libisal)
+pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
+
+if(MOSSLANTERN_BUILD_TESTS)
+  find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
+endif()
+if(MOSSLANTERN_BUILD_BENCH)
+  find_package(benchmark REQUIRED)
+endif()

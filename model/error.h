@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <expected>
+
+namespace mosslantern {
+
+/// What went wrong because of the user, a file or another program: one sentence fit for a screen.
+struct Error
+{
+    QString message;
+
+    friend bool operator==(const Error &, const Error &) = default;
+};
+
+/// The value of an operation that can fail, or the reason why it did.
+template <typename T = void>
+using Result = std::expected<T, Error>;
+
+inline std::unexpected<Error> fail(QString message)
+{
+    return std::unexpected(Error{std::move(message)});
+}
+
+} // namespace mosslantern

@@ -1,0 +1,64 @@
+# Sourced by ./run and ./test: installs what is missing, then configures and builds.
+# Says nothing and takes a moment when there is nothing to do.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+fail() {
+  printf 'mosslantern: %s\n' "$1" >&2
+  exit 1
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    env DEBIAN_FRONTEND=noninteractive "$@"
+  elif command -v sudo >/dev/null; then
+    sudo env DEBIAN_FRONTEND=noninteractive "$@"
+  else
+    fail "needs root to install packages; run: apt-get install ${packages[*]}"
+  fi
+}
+
+# Installs the packages named in the given lists that are not there yet.
+install_packages() {
+  local wanted packages=() package
+  wanted=$(cat "$@" | sed 's/#.*//' | tr -s ' \n' '\n\n' | sed '/^$/d')
+  command -v npm >/dev/null || wanted+=$'\nnpm'
+  for package in $wanted; do
+    case $(dpkg-query -W -f='${Status}' "$package" 2>/dev/null) in
+      'install ok installed') ;;
+      *) packages+=("$package") ;;
+    esac
+  done
+  [ ${#packages[@]} -eq 0 ] && return
+  echo "Installing ${packages[*]}" >&2
+  as_root apt-get update -qq || fail 'apt-get update failed'
+  as_root apt-get install -y -qq --no-install-recommends "${packages[@]}" >/dev/null </dev/null ||
+    fail "could not install ${packages[*]}"
+}
+
+# Fonts and symbols of exact versions, into the build folder.
+install_assets() {
+  local to="$root/build/npm"
+  cmp -s "$root/package-lock.json" "$to/.installed" && return
+  mkdir -p "$to"
+  cp "$root/package.json" "$root/package-lock.json" "$root/.npmrc" "$to/"
+  (cd "$to" && npm ci --ignore-scripts --silent </dev/null) || fail 'npm ci failed'
+  cp "$root/package-lock.json" "$to/.installed"
+}
+
+# build_preset PRESET [TARGET...]: configures once, builds what changed; prints the log only when it fails.
+build_preset() {
+  local preset=$1 log="$root/build/$1.log"
+  shift
+  mkdir -p "$root/build"
+  cd "$root" || exit
+  if [ ! -f "build/$preset/build.ninja" ]; then
+    cmake --preset "$preset" >"$log" 2>&1 || { cat "$log" >&2; fail 'configuring failed'; }
+  fi
+  if [ -t 2 ] || [ -n "${CI:-}" ]; then
+    cmake --build --preset "$preset" ${1:+--target "$@"} >&2 || fail 'building failed'
+  else
+    cmake --build --preset "$preset" ${1:+--target "$@"} >"$log" 2>&1 ||
+      { cat "$log" >&2; fail 'building failed'; }
+  fi
+}
