@@ -1,0 +1,52 @@
+#include "model/image_files.h"
+
+#include "model/asset.h"
+#include "model/console.h"
+#include "model/file_copy.h"
+#include "model/store.h"
+
+#include <QtCore/QFileInfo>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Result<QString> copyToFreshName(const QUrl &file, const QString &folder)
+{
+    if (!file.isLocalFile())
+        return fail(u"“%1” is not a file on this computer."_s.arg(file.toDisplayString()));
+    const QString path = file.toLocalFile();
+    const QString name = uniqueNameLike(QFileInfo(path).fileName());
+    if (const Result<> copied = copyIntoFolder(path, folder, name); !copied)
+        return std::unexpected(copied.error());
+    return name;
+}
+
+} // namespace
+
+Result<Asset *> importAsset(const QUrl &file, Store &store)
+{
+    const Result<QString> filename = copyToFreshName(file, store.location().assetFolder());
+    if (!filename) {
+        printLine(u"Failed to copy asset: "_s + filename.error().message);
+        return std::unexpected(filename.error());
+    }
+    const QString name = QFileInfo(file.toLocalFile()).fileName();
+    return store.insert(std::make_unique<Asset>(*filename, name, nullptr));
+}
+
+std::optional<QString> copySlideImage(const Asset &asset)
+{
+    const Result<QString> filename =
+        asset.store() ? copyToFreshName(asset.fileURL(), asset.store()->location().slideImageFolder())
+                      : fail(u"The asset “%1” is in no library."_s.arg(asset.name()));
+    if (!filename) {
+        printLine(u"Failed to copy slide image: "_s + filename.error().message);
+        return std::nullopt;
+    }
+    return *filename;
+}
+
+} // namespace mosslantern

@@ -1,0 +1,68 @@
+#include "model/record_table.h"
+
+#include <array>
+
+namespace mosslantern {
+
+namespace {
+
+using Columns = std::vector<std::string>;
+
+struct Table
+{
+    const char *name;
+    Columns columns;
+};
+
+const Table &table(RecordKind kind)
+{
+    static const std::array<Table, recordKindCount> tables{{
+        {"collection", {"name", "createdAt"}},
+        {"asset", {"filename", "name", "collection"}},
+        {"slideshow", {"createdAt", "aspectRatio", "collection", "batchId", "batchName"}},
+        {"slide",
+         {"slideshow", "asset", "imageFilename", "text", "subtitle", "\"order\"", "textX", "textY",
+          "subtitleX", "subtitleY", "textScale", "subtitleScale", "textStyle", "boxColorHex"}},
+        {"slidePreset",
+         {"name", "createdAt", "textX", "textY", "subtitleX", "subtitleY", "textScale", "subtitleScale",
+          "textStyle", "boxColorHex"}},
+        {"contentTemplate", {"name", "content", "createdAt"}},
+    }};
+    return tables[static_cast<size_t>(kind)];
+}
+
+} // namespace
+
+const char *tableOf(RecordKind kind)
+{
+    return table(kind).name;
+}
+
+std::string selectStatement(RecordKind kind)
+{
+    std::string columns = "row, id";
+    for (const std::string &column : table(kind).columns)
+        columns += ", " + column;
+    return "SELECT " + columns + " FROM " + tableOf(kind) + " ORDER BY row";
+}
+
+std::string upsertStatement(RecordKind kind)
+{
+    std::string columns = "row, id";
+    std::string values = "?, ?";
+    std::string assignments;
+    for (const std::string &column : table(kind).columns) {
+        columns += ", " + column;
+        values += ", ?";
+        assignments += (assignments.empty() ? "" : ", ") + column + " = excluded." + column;
+    }
+    return std::string("INSERT INTO ") + tableOf(kind) + " (" + columns + ") VALUES (" + values +
+           ") ON CONFLICT (row) DO UPDATE SET " + assignments;
+}
+
+std::string deleteStatement(RecordKind kind)
+{
+    return std::string("DELETE FROM ") + tableOf(kind) + " WHERE row = ?";
+}
+
+} // namespace mosslantern

@@ -1,0 +1,167 @@
+#include "model/record_writer.h"
+
+#include "model/collection.h"
+#include "model/content_template.h"
+#include "model/record_table.h"
+#include "model/slide_preset.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+
+#include <array>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Binds the parameters of a statement from left to right.
+class Parameters
+{
+public:
+    Parameters(SQLite::Statement &statement, const Store *store)
+        : m_statement(statement)
+        , m_store(store)
+    {}
+
+    Parameters &operator<<(qint64 value) { return bind(static_cast<int64_t>(value)); }
+    Parameters &operator<<(double value) { return bind(value); }
+    Parameters &operator<<(const QString &value) { return bind(value.toStdString()); }
+    Parameters &operator<<(const QDateTime &value) { return *this << value.toMSecsSinceEpoch(); }
+
+    Parameters &operator<<(const QUuid &value)
+    {
+        if (value.isNull())
+            return null();
+        const QByteArray bytes = value.toRfc4122();
+        m_statement.bind(++m_index, bytes.constData(), static_cast<int>(bytes.size()));
+        return *this;
+    }
+
+    Parameters &operator<<(const std::optional<QString> &value) { return value ? *this << *value : null(); }
+
+    Parameters &operator<<(const SlideStyle &style)
+    {
+        return *this << style.textX << style.textY << style.subtitleX << style.subtitleY << style.textScale
+                     << style.subtitleScale << rawText(style.textStyle) << style.boxColorHex;
+    }
+
+    /// The row of a related record; one that is not in the store counts as none.
+    Parameters &operator<<(const Record *record)
+    {
+        return record && record->store() == m_store ? *this << record->row() : null();
+    }
+
+private:
+    template <typename T>
+    Parameters &bind(const T &value)
+    {
+        m_statement.bind(++m_index, value);
+        return *this;
+    }
+
+    Parameters &null()
+    {
+        m_statement.bind(++m_index);
+        return *this;
+    }
+
+    SQLite::Statement &m_statement;
+    const Store *m_store;
+    int m_index = 0;
+};
+
+void bindFields(Parameters &parameters, const Record &record)
+{
+    switch (record.kind()) {
+    case RecordKind::collection: {
+        const auto &collection = static_cast<const Collection &>(record);
+        parameters << collection.name() << collection.createdAt();
+        break;
+    }
+    case RecordKind::asset: {
+        const auto &asset = static_cast<const Asset &>(record);
+        parameters << asset.filename() << asset.name() << asset.collection();
+        break;
+    }
+    case RecordKind::slideshow: {
+        const auto &slideshow = static_cast<const Slideshow &>(record);
+        const std::optional<AspectRatio> ratio = slideshow.aspectRatio();
+        parameters << slideshow.createdAt() << (ratio ? std::optional(rawText(*ratio)) : std::nullopt)
+                   << slideshow.collection() << slideshow.batchId() << slideshow.batchName();
+        break;
+    }
+    case RecordKind::slide: {
+        const auto &slide = static_cast<const Slide &>(record);
+        parameters << qobject_cast<Slideshow *>(slide.parent()) << slide.asset() << slide.imageFilename()
+                   << slide.text() << slide.subtitle() << slide.order() << slide.style();
+        break;
+    }
+    case RecordKind::slidePreset: {
+        const auto &preset = static_cast<const SlidePreset &>(record);
+        parameters << preset.name() << preset.createdAt() << preset.style();
+        break;
+    }
+    case RecordKind::contentTemplate: {
+        const auto &contentTemplate = static_cast<const ContentTemplate &>(record);
+        parameters << contentTemplate.name() << contentTemplate.content() << contentTemplate.createdAt();
+        break;
+    }
+    }
+}
+
+/// Keeps one prepared statement for each kind of record.
+class Statements
+{
+public:
+    Statements(SQLite::Database &database, std::string (*text)(RecordKind))
+        : m_database(database)
+        , m_text(text)
+    {}
+
+    SQLite::Statement &operator[](RecordKind kind)
+    {
+        auto &statement = m_statements[static_cast<size_t>(kind)];
+        if (statement)
+            statement->reset();
+        else
+            statement.emplace(m_database, m_text(kind));
+        return *statement;
+    }
+
+private:
+    SQLite::Database &m_database;
+    std::string (*m_text)(RecordKind);
+    std::array<std::optional<SQLite::Statement>, recordKindCount> m_statements;
+};
+
+} // namespace
+
+Result<> writeChanges(SQLite::Database &database, const UnsavedChanges &changes)
+{
+    try {
+        Statements deletions(database, deleteStatement);
+        Statements upserts(database, upsertStatement);
+        SQLite::Transaction transaction(database);
+        for (const auto &[kind, row] : changes.removedRows) {
+            SQLite::Statement &statement = deletions[kind];
+            Parameters(statement, nullptr) << row;
+            statement.exec();
+        }
+        for (const Record *record : changes.records) {
+            SQLite::Statement &statement = upserts[record->kind()];
+            Parameters parameters(statement, record->store());
+            parameters << record->row() << record->id();
+            bindFields(parameters, *record);
+            statement.exec();
+        }
+        transaction.commit();
+        return {};
+    } catch (const SQLite::Exception &exception) {
+        return fail(u"The library could not be saved: %1"_s.arg(QString::fromUtf8(exception.what())));
+    }
+}
+
+} // namespace mosslantern

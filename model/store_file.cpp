@@ -1,0 +1,183 @@
+#include "model/store_file.h"
+
+#include "model/schema.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QtEndian>
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Transaction.h>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// How long another program that looks at the file for a moment is waited for.
+constexpr int busyMilliseconds = 200;
+
+enum class FileKind { empty, library, newerLibrary, foreign };
+
+std::unexpected<Error> cannotOpen(const QString &path, const QString &reason)
+{
+    return fail(u"The library “%1” could not be opened: %2"_s.arg(path, reason));
+}
+
+QString systemError()
+{
+    return qt_error_string(errno);
+}
+
+/// Makes a folder and its missing parents for the user alone.
+bool createPrivateFolder(const QString &path)
+{
+    if (QFileInfo(path).isDir() || ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0)
+        return true;
+    return errno == ENOENT && createPrivateFolder(QFileInfo(path).path()) &&
+           ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
+}
+
+/// Makes an empty file where there is none. SQLite itself would make one that others can read.
+Result<> createMissingFile(const QString &path)
+{
+    if (!createPrivateFolder(QFileInfo(path).path()))
+        return cannotOpen(path, u"its folder could not be created: %1"_s.arg(systemError()));
+    const QByteArray encoded = QFile::encodeName(path);
+    struct stat status = {};
+    if (::stat(encoded.constData(), &status) == 0)
+        return S_ISREG(status.st_mode) ? Result<>() : cannotOpen(path, u"it is not a file."_s);
+    const int file = ::open(encoded.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file < 0)
+        return cannotOpen(path, systemError());
+    ::close(file);
+    return {};
+}
+
+FileKind kindOf(int applicationId, int version)
+{
+    if (applicationId != storeApplicationId)
+        return FileKind::foreign;
+    return version > static_cast<int>(schemaSteps().size()) ? FileKind::newerLibrary : FileKind::library;
+}
+
+Result<> checkKind(FileKind kind, const QString &path)
+{
+    if (kind == FileKind::foreign)
+        return cannotOpen(path, u"it is not a Mosslantern library."_s);
+    if (kind == FileKind::newerLibrary)
+        return cannotOpen(path, u"it was written by a newer version of Mosslantern."_s);
+    return {};
+}
+
+/// Judges a file by the 100 bytes of its header alone, without SQLite's recovery of interrupted writes, which
+/// would change a file that is not ours. Reads through SQLite's file layer: closing a descriptor of our own
+/// would release the lock of another store of this process.
+Result<FileKind> peek(const QString &path)
+{
+    sqlite3_vfs *const vfs = sqlite3_vfs_find(nullptr);
+    const std::unique_ptr<char[]> storage(new char[static_cast<size_t>(vfs->szOsFile)]());
+    auto *const file = reinterpret_cast<sqlite3_file *>(storage.get());
+    const QByteArray encoded = QFile::encodeName(path);
+    errno = 0;
+    if (vfs->xOpen(vfs, encoded.constData(), file, SQLITE_OPEN_READONLY | SQLITE_OPEN_MAIN_DB, nullptr) !=
+        SQLITE_OK)
+        return cannotOpen(path, systemError());
+    std::array<char, 100> header = {};
+    const int read = file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0);
+    sqlite3_int64 size = 0;
+    const int sized = file->pMethods->xFileSize(file, &size);
+    file->pMethods->xClose(file);
+    if (sized != SQLITE_OK || (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ))
+        return cannotOpen(path, u"it could not be read."_s);
+
+    if (size == 0)
+        return FileKind::empty;
+    constexpr char magic[16] = "SQLite format 3";
+    if (std::memcmp(header.data(), magic, sizeof magic) != 0)
+        return FileKind::foreign;
+    return kindOf(qFromBigEndian<int>(header.data() + 68), qFromBigEndian<int>(header.data() + 60));
+}
+
+/// Locks the file until it is closed and judges it again, now as SQLite sees it: with what a write-ahead log
+/// holds, and without the half of an interrupted first write. Writes nothing.
+FileKind lockAndJudge(SQLite::Database &database)
+{
+    database.exec("PRAGMA locking_mode = EXCLUSIVE");
+    const SQLite::Transaction rolledBack(database, SQLite::TransactionBehavior::EXCLUSIVE);
+    const int applicationId = database.execAndGet("PRAGMA application_id").getInt();
+    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    return applicationId == 0 && version == 0 ? FileKind::empty : kindOf(applicationId, version);
+}
+
+void setOption(SQLite::Database &database, int option, bool on)
+{
+    sqlite3_db_config(database.getHandle(), option, on ? 1 : 0, nullptr);
+}
+
+void makePrivate(const QString &path)
+{
+    for (const QString &suffix : {u""_s, u"-wal"_s, u"-journal"_s})
+        ::chmod(QFile::encodeName(path + suffix).constData(), S_IRUSR | S_IWUSR);
+}
+
+QString sentence(const SQLite::Exception &exception)
+{
+    switch (exception.getErrorCode()) {
+    case SQLITE_BUSY:
+        return u"it is already open in another Mosslantern."_s;
+    case SQLITE_NOTADB:
+        return u"it is not a Mosslantern library."_s;
+    case SQLITE_CORRUPT:
+        return u"it is damaged (%1)."_s.arg(QString::fromUtf8(exception.what()));
+    default:
+        return QString::fromUtf8(exception.what());
+    }
+}
+
+} // namespace
+
+Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &path)
+{
+    if (const Result<> created = createMissingFile(path); !created)
+        return std::unexpected(created.error());
+    const Result<FileKind> atFirst = peek(path);
+    if (!atFirst)
+        return std::unexpected(atFirst.error());
+    if (const Result<> checked = checkKind(*atFirst, path); !checked)
+        return std::unexpected(checked.error());
+
+    try {
+        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(),
+                                                           SQLite::OPEN_READWRITE, busyMilliseconds);
+        setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, true);
+        setOption(*database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, false);
+        setOption(*database, SQLITE_DBCONFIG_DEFENSIVE, true);
+        if (const Result<> checked = checkKind(lockAndJudge(*database), path); !checked)
+            return std::unexpected(checked.error());
+        setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, false);
+        makePrivate(path);
+
+        // The first schema goes through a rollback journal, so that the file's own header always tells a
+        // library from other files, even after a crash.
+        migrate(*database);
+        database->exec("PRAGMA journal_mode = WAL");
+        database->exec("PRAGMA synchronous = FULL");
+        database->exec("PRAGMA foreign_keys = ON");
+        database->exec("PRAGMA cell_size_check = ON");
+        return database;
+    } catch (const SQLite::Exception &exception) {
+        return cannotOpen(path, sentence(exception));
+    }
+}
+
+} // namespace mosslantern
