@@ -1,0 +1,18 @@
+# Embeds the fonts of slides into `target`, under :/mosslantern/fonts.
+function(mosslantern_embed_fonts target)
+  set(nunito "${CMAKE_SOURCE_DIR}/build/npm/node_modules/@expo-google-fonts/nunito/900Black/Nunito_900Black.ttf")
+  set(inter /usr/share/fonts/opentype/inter)
+  set(mono /usr/share/fonts/truetype/jetbrains-mono)
+  set(files
+    ${inter}/Inter-Regular.otf ${inter}/Inter-Medium.otf ${inter}/Inter-SemiBold.otf
+    ${inter}/Inter-Bold.otf ${inter}/Inter-Black.otf ${mono}/JetBrainsMono-Bold.ttf)
+  foreach(file IN LISTS files nunito)
+    if(NOT EXISTS "${file}")
+      message(FATAL_ERROR "${file} is missing: ./run and ./test install it")
+    endif()
+    cmake_path(GET file FILENAME name)
+    set_source_files_properties("${file}" PROPERTIES QT_RESOURCE_ALIAS "${name}")
+  endforeach()
+  set_source_files_properties("${nunito}" PROPERTIES QT_RESOURCE_ALIAS Nunito-Black.ttf)
+  qt_add_resources(${target} fonts PREFIX /mosslantern/fonts FILES ${files} "${nunito}")
+endfunction()

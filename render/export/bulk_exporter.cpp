@@ -1,0 +1,129 @@
+#include "render/export/bulk_exporter.h"
+
+#include "model/console.h"
+#include "model/slideshow.h"
+#include "render/export/png_file.h"
+
+#include <QCoroTimer>
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QPointer>
+
+#include <chrono>
+#include <filesystem>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Result<> makeFolder(const QString &path)
+{
+    std::error_code error;
+    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
+    if (!error && !QFileInfo(path).isDir())
+        error = std::make_error_code(std::errc::not_a_directory);
+    if (error)
+        return fail(u"The folder “%1” could not be created: %2"_s.arg(
+            path, QString::fromLocal8Bit(error.message().c_str())));
+    return {};
+}
+
+AspectRatio shapeOf(const Slideshow &slideshow)
+{
+    return slideshow.aspectRatio().value_or(AspectRatio::tiktok);
+}
+
+std::vector<SlideJob> exportJobs(const QList<Slide *> &slides, AspectRatio aspectRatio)
+{
+    std::vector<SlideJob> jobs;
+    for (const Slide *slide : slides)
+        jobs.push_back(exportJob(*slide, aspectRatio));
+    return jobs;
+}
+
+QString slidePath(const QString &folder, size_t index)
+{
+    return folder + u"/Slide_%1.png"_s.arg(index + 1);
+}
+
+} // namespace
+
+QString batchFolderName(const std::optional<QString> &batchName)
+{
+    return batchName.value_or(u"Unknown Batch"_s).replace(u'/', u'-');
+}
+
+QString suggestedFolderName(const QDateTime &time)
+{
+    return u"Slideshow_"_s + time.toString(u"yyyy-MM-dd_HH-mm-ss"_s);
+}
+
+BulkExporter::BulkExporter(FolderOpener openFolder, int threads)
+    : m_openFolder(std::move(openFolder))
+    , m_renderer(threads)
+{}
+
+QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slideshows, QString base)
+{
+    const QPointer<BulkExporter> self(this);
+    QList<QPointer<Slideshow>> waiting;
+    m_done = 0;
+    m_total = 0;
+    for (Slideshow *slideshow : slideshows) {
+        waiting.append(slideshow);
+        m_total += static_cast<int>(slideshow->slides().size());
+    }
+    for (qsizetype i = 0; i < waiting.size(); ++i) {
+        if (!waiting[i])
+            continue;
+        const QString name = batchFolderName(waiting[i]->batchName());
+        if (name == u"."_s || name == u".."_s)
+            co_return fail(u"“%1” cannot be the name of a folder."_s.arg(name));
+        const QString folder = base + u'/' + name + u"/Slideshow_%1"_s.arg(i + 1);
+        if (const Result<> made = makeFolder(folder); !made)
+            co_return made;
+        co_await QCoro::sleepFor(std::chrono::milliseconds(0));
+        if (!self)
+            co_return fail(u"The export was given up."_s);
+        if (waiting[i] && waiting[i]->store())
+            writeSlideImages(*waiting[i], folder);
+    }
+    if (m_openFolder)
+        m_openFolder(base);
+    co_return Result<>();
+}
+
+void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &folder)
+{
+    m_renderer.render(exportJobs(slideshow.slidesInOrder(), shapeOf(slideshow)),
+                      [&](size_t index, const EncodedSlide &slide) {
+                          // A file that cannot be written is left out: the others are still worth having.
+                          static_cast<void>(writePngFile(slidePath(folder, index), slide));
+                          emit progressed(++m_done, m_total);
+                          return true;
+                      });
+}
+
+Result<> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
+{
+    m_done = 0;
+    m_total = static_cast<int>(slideshow.slides().size());
+    Result<> outcome = makeFolder(folder);
+    if (outcome) {
+        m_renderer.render(exportJobs(slideshow.slides(), shapeOf(slideshow)),
+                          [&](size_t index, const EncodedSlide &slide) {
+                              outcome = writePngFile(slidePath(folder, index), slide);
+                              emit progressed(++m_done, m_total);
+                              return outcome.has_value();
+                          });
+    }
+    if (!outcome)
+        printLine(u"Failed to export: "_s + outcome.error().message);
+    else if (m_openFolder)
+        m_openFolder(folder);
+    return outcome;
+}
+
+} // namespace mosslantern

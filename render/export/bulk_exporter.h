@@ -1,0 +1,57 @@
+#pragma once
+
+#include "render/export/slide_renderer.h"
+
+#include <QCoroTask>
+#include <QtCore/QObject>
+
+namespace mosslantern {
+
+class Slideshow;
+
+/// Writes slideshows as folders of PNG files, "Slide_1.png" and so on. Everything that touches records, fonts
+/// and files runs on the thread that calls; only drawing and compressing uses all cores.
+class BulkExporter : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Opens a folder in the platform's file browser.
+    using FolderOpener = std::function<void(const QString &)>;
+
+    /// `openFolder` is called after a finished export; it may be empty.
+    explicit BulkExporter(FolderOpener openFolder, int threads = QThread::idealThreadCount());
+
+    /// The batch export: for each slideshow, the folder `base` / batch name ("Unknown Batch" without one, "/"
+    /// as
+    /// "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before each
+    /// slideshow, so that the event loop runs; one that is removed meanwhile is left out. Fails with the
+    /// first folder that cannot be made; what is written stays. A file that cannot be written is left out
+    /// silently.
+    QCoro::Task<Result<>> exportSlideshows(QList<Slideshow *> slideshows, QString base);
+
+    /// The single export: the slides, in their stored order, straight into `folder`. At the first folder or
+    /// file that cannot be written, prints "Failed to export: " and the reason, and stops.
+    Result<> exportSlideshow(const Slideshow &slideshow, const QString &folder);
+
+    /// Writes the slides of one slideshow, by ascending order, into a folder that exists.
+    void writeSlideImages(const Slideshow &slideshow, const QString &folder);
+
+signals:
+    /// Slides drawn so far by the running export, and slides in all.
+    void progressed(int done, int total);
+
+private:
+    FolderOpener m_openFolder;
+    SlideRenderer m_renderer;
+    int m_done = 0;
+    int m_total = 0;
+};
+
+/// The name of the folder of a batch.
+[[nodiscard]] QString batchFolderName(const std::optional<QString> &batchName);
+
+/// The name proposed for the folder of a single export at `time`: "Slideshow_2025-03-03_14-05-09".
+[[nodiscard]] QString suggestedFolderName(const QDateTime &time);
+
+} // namespace mosslantern

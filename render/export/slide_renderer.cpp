@@ -1,0 +1,119 @@
+#include "render/export/slide_renderer.h"
+
+#include "render/background.h"
+#include "render/pixels.h"
+#include "render/slide_composition.h"
+
+#include <QtCore/QSemaphore>
+
+#include <atomic>
+#include <deque>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace mosslantern {
+
+namespace {
+
+// Small enough that a band's pixels stay in the processor's cache from painting to compressing.
+constexpr int bandRows = 64;
+
+// Decoding goes before compressing, so that every core has work to the last slide.
+enum Priority { compressing, decoding };
+
+/// One slide on its way through the pool: decode, then all bands, in any order.
+class SlideTask
+{
+public:
+    SlideTask(const SlideJob &job, std::vector<Layer> texts, QThreadPool &pool)
+        : m_job(job)
+        , m_texts(std::move(texts))
+        , m_pool(pool)
+    {}
+
+    void start()
+    {
+        m_pool.start([this] { decode(); }, decoding);
+    }
+
+    EncodedSlide wait()
+    {
+        m_done.acquire();
+        return {m_size, std::move(m_bands)};
+    }
+
+private:
+    void decode()
+    {
+        m_composition.emplace(m_job.canvas, loadBackground(m_job.picturePath, m_job.canvas),
+                              std::move(m_texts));
+        m_size = m_composition->size();
+        const int count = (m_size.height() + bandRows - 1) / bandRows;
+        m_bands.resize(count);
+        m_remaining = count;
+        for (int i = 0; i < count; ++i)
+            m_pool.start([this, i] { encode(i); }, compressing);
+    }
+
+    void encode(int band)
+    {
+        const int first = band * bandRows;
+        const int rows = std::min(bandRows, m_size.height() - first);
+        const bool last = first + rows == m_size.height();
+        const int width = m_size.width();
+        // The filter looks at the row above.
+        const int extra = first > 0 ? 1 : 0;
+        std::vector<uint8_t> pixels(static_cast<size_t>(4) * static_cast<size_t>(width) *
+                                    static_cast<size_t>(rows + extra));
+        m_composition->paintRows(first - extra, rows + extra, pixels.data());
+        unpremultiply(pixels.data(), width * (rows + extra));
+        const uint8_t *start = pixels.data() + static_cast<ptrdiff_t>(4) * width * extra;
+        m_bands[band] = encodePngBand(start, extra ? pixels.data() : nullptr, width, rows, last);
+        if (--m_remaining == 0) {
+            m_composition.reset();
+            m_done.release();
+        }
+    }
+
+    SlideJob m_job;
+    std::vector<Layer> m_texts;
+    QThreadPool &m_pool;
+    std::optional<SlideComposition> m_composition;
+    QSize m_size;
+    QList<PngBand> m_bands;
+    std::atomic<int> m_remaining = 0;
+    QSemaphore m_done;
+};
+
+} // namespace
+
+SlideRenderer::SlideRenderer(int threads)
+{
+    m_pool.setMaxThreadCount(std::max(1, threads));
+}
+
+SlideRenderer::~SlideRenderer() = default;
+
+void SlideRenderer::render(std::span<const SlideJob> jobs,
+                           const std::function<bool(size_t, const EncodedSlide &)> &write)
+{
+    const auto most = static_cast<size_t>(m_pool.maxThreadCount()) + 1;
+    std::deque<std::unique_ptr<SlideTask>> running;
+    size_t next = 0;
+    bool wanted = true;
+    for (size_t oldest = 0; oldest < jobs.size(); ++oldest) {
+        for (; wanted && next < jobs.size() && next - oldest < most; ++next) {
+            const SlideJob &job = jobs[next];
+            running.push_back(std::make_unique<SlideTask>(job, drawTexts(job.values, job.canvas), m_pool));
+            running.back()->start();
+        }
+        if (running.empty())
+            return;
+        const EncodedSlide slide = running.front()->wait();
+        running.pop_front();
+        wanted = wanted && write(oldest, slide);
+    }
+}
+
+} // namespace mosslantern

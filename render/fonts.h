@@ -1,0 +1,24 @@
+#pragma once
+
+#include "model/error.h"
+#include "model/text_style.h"
+
+#include <QtGui/QFont>
+
+namespace mosslantern {
+
+/// Fonts are laid out at ten times their size: Qt rounds fractional pixel sizes, so 28.8 becomes 288.
+inline constexpr double layoutFactor = 10;
+
+/// Makes the embedded text fonts known to this process. Needs a QGuiApplication; call it once, before the
+/// first text is laid out. Fails when a font cannot be used or "Noto Color Emoji" is not installed.
+[[nodiscard]] Result<> registerFonts();
+
+/// The face of a text style, unhinted, `size` points high times layoutFactor (as its pixel size).
+[[nodiscard]] QFont layoutFont(TextStyle style, double size);
+
+/// The colour emoji font for text of `size` points, times layoutFactor: drawn so large that an emoji is
+/// 1.245 em wide, as browsers show it (Qt alone gives 1.06 em).
+[[nodiscard]] QFont emojiLayoutFont(double size);
+
+} // namespace mosslantern

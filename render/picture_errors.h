@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace mosslantern {
+
+// Sentences that more than one decoder has need of.
+inline QString damagedPicture()
+{
+    return QStringLiteral("The picture is damaged.");
+}
+inline QString pictureNeedsTooMuchMemory()
+{
+    return QStringLiteral("There is not enough memory for the picture.");
+}
+
+} // namespace mosslantern

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "model/error.h"
+
+#include <QtCore/QRect>
+#include <QtCore/QRectF>
+#include <QtCore/QSize>
+
+namespace mosslantern {
+
+/// The longest side of a picture that is accepted, in pixels.
+constexpr int longestPictureSide = 65'535;
+
+/// What part of a picture is wanted, and how large.
+struct PictureRequest
+{
+    /// Pixels that the picture has to fill, both ways (aspect fill). Empty: the whole picture in all its
+    /// pixels.
+    QSize cover;
+    /// Only the centred part that fills `cover` is wanted, not what hangs over at two sides.
+    bool cropToCover = false;
+};
+
+/// The centred part of a picture of size `full` that shows when the picture fills `cover`.
+QRectF coverRegion(QSizeF full, QSizeF cover);
+
+/// Image pixels per picture pixel that `request` needs; never more than 1.
+double neededScale(QSize full, const PictureRequest &request);
+
+/// The part of the upright picture that `request` needs.
+QRectF neededRegion(QSize full, const PictureRequest &request);
+
+/// The pixels of an image of size `bounds`, `scale` times as large as the picture, that show `region`.
+/// Includes a margin of two pixels where there are any, for the filter that scales the image afterwards.
+QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
+
+/// Refuses a picture of no extent, with a longer side than longestPictureSide, of more than 200 megapixels,
+/// or that needs more than 1 GiB at `bytesPerPixel` for all that decoding holds at once.
+Result<> checkPictureSize(QSize size, int bytesPerPixel);
+
+} // namespace mosslantern

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "render/picture_loader.h"
+
+#include <QtCore/QIODevice>
+
+namespace mosslantern {
+
+/// Pictures of the formats that Qt reads best: PNG, WebP, GIF, BMP and TIFF. `device` stands at its start.
+Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format, const PictureRequest &request);
+Result<PictureInfo> readInfoWithQt(QIODevice &device, PictureFormat format);
+
+} // namespace mosslantern

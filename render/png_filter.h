@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstdint>
+
+namespace mosslantern {
+
+/// The PNG filter "Paeth" for one row of four-byte pixels: out = row − predictor(left, above, above left).
+/// All three hold `bytes` bytes; above the first row there are zeros.
+void paethFilter(const uint8_t *row, const uint8_t *above, int bytes, uint8_t *out);
+
+} // namespace mosslantern

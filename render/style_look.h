@@ -1,0 +1,42 @@
+#pragma once
+
+#include "model/rgba_color.h"
+#include "model/text_style.h"
+
+#include <QtCore/QPointF>
+
+#include <vector>
+
+namespace mosslantern {
+
+/// A shadow cast by everything drawn so far. Lengths are points at text scale 1.
+struct Shadow
+{
+    RgbaColor color;
+    double radius = 0; // a Gaussian blur of standard deviation radius / 2
+    QPointF offset;    // x to the right, y downwards
+};
+
+/// How a text style draws the lines of one block.
+struct StyleLook
+{
+    RgbaColor textColor;
+    RgbaColor lineBackground;    // fills the padded line box; opacity 0: nothing
+    std::vector<Shadow> shadows; // in the order in which they are cast; clear ones left out
+};
+
+/// Text size in points on a canvas `canvasWidth` points wide, before the style's own factor: 32 for 350
+/// points, in proportion, from 3.2 to 96.
+[[nodiscard]] double baseFontSize(double canvasWidth);
+
+/// Text size in points of a style on a canvas `canvasWidth` points wide.
+[[nodiscard]] double fontSize(TextStyle style, double canvasWidth);
+
+/// Black or white, whichever reads on `boxColor`: black where its components average more than 0.5, or
+/// where it is no colour of the device (a component that is not a number).
+[[nodiscard]] RgbaColor contrastColor(const RgbaColor &boxColor);
+
+/// The look of a block; `filledSubtitle`: the block is a subtitle whose text is not empty.
+[[nodiscard]] StyleLook styleLook(TextStyle style, const RgbaColor &boxColor, bool filledSubtitle);
+
+} // namespace mosslantern
