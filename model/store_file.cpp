@@ -94,13 +94,11 @@ Result<FileKind> peek(const QString &path)
         return cannotOpen(path, systemError());
     std::array<char, 100> header = {};
     const int read = file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0);
-    sqlite3_int64 size = 0;
-    const int sized = file->pMethods->xFileSize(file, &size);
     file->pMethods->xClose(file);
-    if (sized != SQLITE_OK || (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ))
+    if (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ)
         return cannotOpen(path, u"it could not be read."_s);
 
-    if (size == 0)
+    if (QFileInfo(path).size() == 0)
         return FileKind::empty;
     constexpr char magic[16] = "SQLite format 3";
     if (std::memcmp(header.data(), magic, sizeof magic) != 0)

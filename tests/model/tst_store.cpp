@@ -1,0 +1,244 @@
+#include "model/collection.h"
+#include "model/content_template.h"
+#include "model/image_files.h"
+#include "model/slide_preset.h"
+#include "tests/model/test_library.h"
+
+#include <QtCore/QMetaProperty>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <sys/resource.h>
+
+#include <csignal>
+#include <limits>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// All properties of a record by name, related records as their ids.
+QVariantMap fields(const Record *record)
+{
+    const auto idOf = [](const QVariant &related) {
+        const auto *const other = qobject_cast<Record *>(related.value<QObject *>());
+        return other ? QVariant(other->id()) : QVariant();
+    };
+    QVariantMap fields;
+    for (int i = 0; i < record->metaObject()->propertyCount(); ++i) {
+        const QMetaProperty property = record->metaObject()->property(i);
+        const QVariant value = property.read(record);
+        if (property.metaType().flags() & QMetaType::PointerToQObject) {
+            fields[QLatin1StringView(property.name())] = idOf(value);
+        } else if (QByteArrayView(property.typeName()).startsWith("QList<")) {
+            QVariantList ids;
+            for (const QVariant &member : value.value<QVariantList>())
+                ids << idOf(member);
+            fields[QLatin1StringView(property.name())] = ids;
+        } else {
+            fields[QLatin1StringView(property.name())] = value;
+        }
+    }
+    return fields;
+}
+
+template <typename T>
+QVariantList allFields(const Store &store)
+{
+    QVariantList all;
+    for (const T *record : store.all<T>())
+        all << fields(record);
+    return all;
+}
+
+QVariantMap everything(const Store &store)
+{
+    return {
+        {u"assets"_s, allFields<Asset>(store)},         {u"collections"_s, allFields<Collection>(store)},
+        {u"slideshows"_s, allFields<Slideshow>(store)}, {u"slides"_s, allFields<Slide>(store)},
+        {u"presets"_s, allFields<SlidePreset>(store)},  {u"templates"_s, allFields<ContentTemplate>(store)}};
+}
+
+/// Lets the event loop turn until it has nothing left to do.
+void finishTurn()
+{
+    QCoreApplication::sendPostedEvents();
+}
+
+} // namespace
+
+class StoreTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyFieldSurvivesARestart()
+    {
+        TestLibrary library;
+        Store &store = library.store();
+        const QString odd = u"Grüße 😀 \u202E e\u0301\n\t"_s + QChar(0) + u"after the zero"_s;
+        const Result<Asset *> imported =
+            importAsset(QUrl::fromLocalFile(library.writeFile(u"Ünï 😀.PNG"_s, "picture")), store);
+        QVERIFY(imported);
+        auto *const collection = store.insert(std::make_unique<Collection>(odd));
+        (*imported)->setCollection(collection);
+        Asset *const other = library.addAsset(u""_s);
+
+        std::vector<std::unique_ptr<Slide>> slides;
+        for (Asset *asset : {*imported, *imported})
+            slides.push_back(std::make_unique<Slide>(asset, odd, u""_s, TextStyle::modern, 7));
+        auto *const slideshow = store.insert(std::make_unique<Slideshow>(
+            std::move(slides), AspectRatio::instagram, QUuid::createUuid(), u""_s));
+        slideshow->setCollection(collection);
+        Slide *const slide = slideshow->slides()[0];
+        slide->setTextX(std::numeric_limits<double>::max());
+        slide->setTextY(-std::numeric_limits<double>::denorm_min());
+        slide->setSubtitleX(1.0 / 3.0);
+        slide->setSubtitleY(-1e300);
+        slide->setTextScale(0.1 + 0.2);
+        slide->setSubtitleScale(std::numeric_limits<double>::infinity());
+        slide->setTextStyle(TextStyle::neon);
+        slide->setBoxColorHex(u"not a colour"_s);
+        slide->setOrder(std::numeric_limits<qint64>::min());
+        slide->setSubtitle(odd);
+        library.addSlideshow(other, {u"without image"_s});
+        store.insert(
+            std::make_unique<Slideshow>(std::vector<std::unique_ptr<Slide>>(), std::nullopt, QUuid(), odd));
+        store.insert(presetFromSlide(u"preset"_s, *slide));
+        store.insert(std::make_unique<ContentTemplate>(u"template"_s, QString(2'000'000, u'x')));
+
+        const QVariantMap before = everything(store);
+        QCOMPARE(before[u"slides"_s].toList().size(), 3);
+        const Store &reopened = library.reopen();
+        QCOMPARE(everything(reopened), before);
+        QVERIFY(reopened.all<Slideshow>()[0]->batchName().has_value());
+        QVERIFY(!reopened.all<Slideshow>()[1]->batchName());
+        QVERIFY(reopened.all<Slide>()[0]->imageFilename());
+        QVERIFY(!reopened.all<Slide>()[2]->imageFilename());
+    }
+
+    void findsRecords()
+    {
+        TestLibrary library;
+        Asset *const a = library.addAsset(u"a"_s);
+        Asset *const b = library.addAsset(u"b"_s);
+        const QUuid id = b->id();
+        Store &store = library.store();
+        QCOMPARE(store.find<Asset>(id), b);
+        QCOMPARE(store.find<Collection>(id), nullptr);
+        QCOMPARE(store.find<Asset>(QUuid()), nullptr);
+        QCOMPARE(store.fetch<Asset>([](const Asset &asset) { return asset.name() == u"b"_s; }),
+                 std::vector{b});
+        QCOMPARE(store.all<Asset>(), (std::vector{a, b}));
+        store.remove(a);
+        QCOMPARE(store.all<Asset>(), std::vector{b});
+        store.remove(b);
+        QCOMPARE(store.find<Asset>(id), nullptr);
+    }
+
+    void orderOfInsertionOutlivesRemovalsAndRestarts()
+    {
+        TestLibrary library;
+        library.addAsset(u"a"_s);
+        library.store().remove(library.addAsset(u"b"_s));
+        library.addAsset(u"c"_s);
+        library.reopen();
+        library.store().remove(library.store().all<Asset>()[1]);
+        library.addAsset(u"d"_s);
+        library.addAsset(u"e"_s);
+        QStringList names;
+        for (const Asset *asset : library.reopen().all<Asset>())
+            names << asset->name();
+        QCOMPARE(names, (QStringList{u"a"_s, u"d"_s, u"e"_s}));
+    }
+
+    void oneTurnIsOneSave()
+    {
+        TestLibrary library;
+        Slideshow *const slideshow = library.addSlideshow(library.addAsset(u"a"_s), {u"x"_s, u"y"_s});
+        const QSignalSpy saved(&library.store(), &Store::saved);
+        QCOMPARE(saved.count(), 0);
+        finishTurn();
+        QCOMPARE(saved.count(), 1);
+        for (int i = 1; i < 100; ++i)
+            slideshow->slides()[0]->setTextX(i);
+        library.store().remove(slideshow->slides()[1]);
+        QCOMPARE(saved.count(), 1);
+        finishTurn();
+        QCOMPARE(saved.count(), 2);
+        slideshow->slides()[0]->setTextX(99); // as it is
+        finishTurn();
+        QCOMPARE(saved.count(), 2);
+    }
+
+    /// What a turn makes and removes again never reaches the file.
+    void shortLivedRecords()
+    {
+        TestLibrary library;
+        Asset *const asset = library.addAsset(u"a"_s);
+        Slideshow *const slideshow = library.addSlideshow(asset, {u"x"_s});
+        slideshow->slides()[0]->setText(u"y"_s);
+        library.store().remove(slideshow);
+        library.store().remove(asset);
+        QVERIFY(library.store().flush());
+        const Store &store = library.reopen();
+        QVERIFY(store.all<Slide>().empty() && store.all<Asset>().empty());
+    }
+
+    /// A relation to a record that is not inserted yet is saved once it is.
+    void relationsToLaterRecords()
+    {
+        TestLibrary library;
+        auto collection = std::make_unique<Collection>(u"c"_s);
+        Asset *const asset = library.addAsset(u"a"_s, collection.get());
+        Slideshow *const slideshow = library.addSlideshow(asset, {});
+        slideshow->setCollection(collection.get());
+        QVERIFY(library.store().flush());
+        library.store().insert(std::move(collection));
+        const auto *const reopened = library.reopen().all<Collection>()[0];
+        QCOMPARE(reopened->assets().size(), 1);
+        QCOMPARE(reopened->slideshows().size(), 1);
+    }
+
+    void failedSaveKeepsTheChanges()
+    {
+        TestLibrary library;
+        Asset *const asset = library.addAsset(u"a"_s);
+        Slideshow *const slideshow = library.addSlideshow(asset, {u"before"_s});
+        library.addSlideshow(asset, {u"to be removed"_s});
+        QVERIFY(library.store().flush());
+        const QSignalSpy saved(&library.store(), &Store::saved);
+        const QSignalSpy failed(&library.store(), &Store::saveFailed);
+
+        // Like a full disk: no file may grow.
+        ::signal(SIGXFSZ, SIG_IGN);
+        rlimit original = {};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &original), 0);
+        const rlimit full = {1, original.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &full), 0);
+        slideshow->slides()[0]->setText(u"after"_s);
+        library.store().remove(library.store().all<Slideshow>()[1]);
+        library.addSlideshow(asset, {u"new"_s});
+        finishTurn();
+        const Result<> again = library.store().flush();
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &original), 0);
+
+        QCOMPARE(failed.count(), 1);
+        QVERIFY2(failed[0][0].toString().startsWith(u"The library could not be saved: "_s),
+                 qPrintable(failed[0][0].toString()));
+        QVERIFY(!again);
+        QCOMPARE(saved.count(), 0);
+        QCOMPARE(slideshow->slides()[0]->text(), u"after"_s);
+        QVERIFY(library.store().flush());
+        QCOMPARE(saved.count(), 1);
+
+        QStringList texts;
+        for (const Slide *slide : library.reopen().all<Slide>())
+            texts << slide->text();
+        QCOMPARE(texts, (QStringList{u"after"_s, u"new"_s}));
+    }
+};
+
+QTEST_GUILESS_MAIN(StoreTest)
+#include "tst_store.moc"
