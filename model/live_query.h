@@ -71,6 +71,13 @@ private:
     bool m_missedUpdate = false;
 };
 
+/// The order of records by `createdAt`, newest first; of one millisecond, the last inserted first.
+template <typename T>
+bool newestFirst(const T &a, const T &b)
+{
+    return std::pair(a.createdAt(), a.row()) > std::pair(b.createdAt(), b.row());
+}
+
 /// A live query for one record type.
 template <std::derived_from<Record> T>
 class LiveQuery : public LiveQueryBase

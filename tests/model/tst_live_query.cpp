@@ -243,6 +243,18 @@ private slots:
         QCOMPARE(mirror.shown().size(), 1500);
     }
 
+    void newestComeFirst()
+    {
+        TestLibrary library;
+        LiveQuery<Collection> query(library.store(), {}, newestFirst<Collection>);
+        QStringList inserted;
+        for (int i = 0; i < 20; ++i) { // several in one millisecond
+            inserted.prepend(QString::number(i));
+            library.store().insert(std::make_unique<Collection>(inserted[0]));
+        }
+        QCOMPARE(names(query), inserted);
+    }
+
     void watchersMayChangeTheStore()
     {
         TestLibrary library;

@@ -3,11 +3,13 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStandardPaths>
 #include <QtTest/QTest>
 
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -45,6 +47,21 @@ int modeOf(const QString &path)
     struct stat status = {};
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? static_cast<int>(status.st_mode & 0777)
                                                                      : -1;
+}
+
+/// Whether a process that asks the system, not SQLite, finds a part of the file locked.
+bool isLockedByAnother(const QString &path)
+{
+    const pid_t child = ::fork();
+    if (child == 0) {
+        struct flock lock = {};
+        lock.l_type = F_WRLCK;
+        lock.l_whence = SEEK_SET;
+        const int file = ::open(QFile::encodeName(path).constData(), O_RDWR);
+        ::_exit(::fcntl(file, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK ? 1 : 0);
+    }
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 1;
 }
 
 /// The bytes of every file in the folder, by name.
@@ -226,14 +243,10 @@ private slots:
             QVERIFY2(second.error().message.endsWith(u"it is already open in another Mosslantern."_s),
                      qPrintable(second.error().message));
         }
-        // The refused attempts must not have lifted the lock that keeps other processes out.
-        const pid_t child = ::fork();
-        if (child == 0)
-            ::_exit(Store::open(library.location()) ? 1 : 0);
-        int status = -1;
-        QCOMPARE(::waitpid(child, &status, 0), child);
-        QCOMPARE(status, 0);
+        QVERIFY(isLockedByAnother(library.storeFile()));
         QVERIFY(library.store().flush());
+        library.close();
+        QVERIFY(!isLockedByAnother(library.storeFile()));
     }
 
     void killedProcessLeavesNoLock()
@@ -257,6 +270,17 @@ private slots:
         QCOMPARE(library.store().all<Asset>().size(), 1U);
         ::close(ready[0]);
         ::close(ready[1]);
+    }
+
+    void standardPlaces()
+    {
+        const LibraryLocation location = LibraryLocation::standard();
+        const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+        QVERIFY(location.storeFile().startsWith(QDir::homePath() + u"/."_s));
+        QCOMPARE(QFileInfo(location.storeFile()).fileName(), u"library.sqlite"_s);
+        QCOMPARE(location.assetFolder(), documents + u"/Assets"_s);
+        QCOMPARE(location.slideImageFolder(), documents + u"/Slideshows"_s);
+        QCOMPARE(LibraryLocation::inFolder(u"."_s), LibraryLocation::inFolder(QDir::currentPath()));
     }
 
     void migrationAppliesTheMissingSteps()
