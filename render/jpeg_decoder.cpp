@@ -94,8 +94,8 @@ Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request)
     auto image = decodeArea(codec, area, eighths, scaled, orientation);
     if (!image)
         return std::unexpected(image.error());
-    if (!codec.isCmyk())
-        convertToSrgb(*image, QColorSpace::fromIccProfile(codec.iccProfile().toByteArray()));
+    if (const QByteArrayView profile = codec.iccProfile(); !profile.isEmpty() && !codec.isCmyk())
+        convertToSrgb(*image, QColorSpace::fromIccProfile(profile.toByteArray()));
 
     // Below an eighth there is no more to gain in libjpeg.
     const int factor = reductionFactor(needed * pixelSize);

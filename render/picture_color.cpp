@@ -71,20 +71,28 @@ void convertToSrgb(QImage &image, const QColorSpace &space)
 QColorSpace codedColorSpace(QPointF white, QPointF red, QPointF green, QPointF blue, int transfer)
 {
     using Transfer = QColorSpace::TransferFunction;
+    // The constructor that takes a table makes an invalid space in Qt 6.4: tables are set afterwards.
+    QColorSpace space(white, red, green, blue, Transfer::SRgb);
     switch (transfer) {
     case 4:
-        return {white, red, green, blue, Transfer::Gamma, 2.2F};
+        space.setTransferFunction(Transfer::Gamma, 2.2F);
+        break;
     case 5:
-        return {white, red, green, blue, Transfer::Gamma, 2.8F};
+        space.setTransferFunction(Transfer::Gamma, 2.8F);
+        break;
     case 8:
-        return {white, red, green, blue, Transfer::Linear};
+        space.setTransferFunction(Transfer::Linear);
+        break;
     case 16:
-        return {white, red, green, blue, transferTable(perceptualQuantizer)};
+        space.setTransferFunction(transferTable(perceptualQuantizer));
+        break;
     case 18:
-        return {white, red, green, blue, transferTable(hybridLogGamma)};
-    default: // the television curves are shown as sRGB everywhere
-        return {white, red, green, blue, Transfer::SRgb};
+        space.setTransferFunction(transferTable(hybridLogGamma));
+        break;
+    default: // the curves of television are shown as that of sRGB everywhere
+        break;
     }
+    return space;
 }
 
 } // namespace mosslantern

@@ -67,13 +67,15 @@ Orientation exifOrientation(QByteArrayView exif)
 
 Orientation chunkOrientation(QIODevice &device, PictureFormat format)
 {
+    constexpr int headerSize = 8;
     const bool png = format == PictureFormat::Png;
     const QByteArrayView wanted = png ? "eXIf" : "EXIF";
     Orientation orientation;
     qint64 position = png ? 8 : 12;
-    for (int i = 0; i < mostChunks && device.seek(position); ++i) {
-        const QByteArray header = device.read(8);
-        if (header.size() < 8)
+    for (int i = 0; i < mostChunks && position <= device.size() - headerSize; ++i) {
+        device.seek(position);
+        const QByteArray header = device.read(headerSize);
+        if (header.size() < headerSize)
             break;
         const auto length = png ? qFromBigEndian<quint32>(header.constData())
                                 : qFromLittleEndian<quint32>(header.constData() + 4);
@@ -82,7 +84,7 @@ Orientation chunkOrientation(QIODevice &device, PictureFormat format)
             break;
         }
         const qint64 padded = png ? qint64(length) + 4 : qint64(length) + length % 2;
-        position += header.size() + padded;
+        position += headerSize + padded;
     }
     device.seek(0);
     return orientation;

@@ -32,7 +32,7 @@ void blendOver(uint8_t *under, const uint8_t *over, int count);
 
 /// Raises the opacity of `count` premultiplied RGBA pixels to `alpha` where it is lower, as if `color` (its
 /// opacity does not count) lay behind them.
-void fillUp(uint8_t *pixels, const uint8_t *alpha, int count, const Pixel &color);
+void fillUp(uint32_t *pixels, const uint8_t *alpha, int count, const Pixel &color);
 
 /// Turns ARGB32 pixels into RGBA8888 ones, or back, where they are; the image keeps its format.
 void swapRedAndBlue(QImage &image);

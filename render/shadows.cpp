@@ -67,7 +67,8 @@ void underlay(QImage &image, const AlphaPlane &plane, const QRectF &area, const 
             const double line = area.top() + (y + 0.5) * area.height() / image.height();
             stretchRow(plane, line, area.left(), area.width(), image.width(), stretched.data());
         }
-        fillUp(image.scanLine(y), same ? plane.row(y) : stretched.data(), image.width(), toPixel(color));
+        fillUp(reinterpret_cast<uint32_t *>(image.scanLine(y)), same ? plane.row(y) : stretched.data(),
+               image.width(), toPixel(color));
     }
 }
 

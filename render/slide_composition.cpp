@@ -148,7 +148,7 @@ void SlideComposition::frameOpaqueRow(int y, uint8_t *row) const
     const auto frame = [&](uint8_t *pixel, int cornerX) {
         for (int channel = 0; channel < 4; ++channel)
             pixel[channel] = multiplied(pixel[channel], coverage[cornerX]);
-        fillUp(pixel, withShadow + cornerX, 1, {0, 0, 0, 255});
+        fillUp(reinterpret_cast<uint32_t *>(pixel), withShadow + cornerX, 1, {0, 0, 0, 255});
     };
     for (int x = 0; x < extent; ++x) {
         frame(row + static_cast<ptrdiff_t>(4) * x, x);

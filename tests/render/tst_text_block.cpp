@@ -1,0 +1,288 @@
+#include "drawn.h"
+#include "render/fonts.h"
+
+#include <QtTest/QtTest>
+
+#include <limits>
+
+using namespace mosslantern;
+using namespace mosslantern::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr RgbaColor red{1, 0, 0, 1};
+constexpr RgbaColor black{0, 0, 0, 1};
+constexpr RgbaColor clear{0, 0, 0, 0};
+
+SlideValues slide(TextStyle style, const QString &text, const RgbaColor &boxColor)
+{
+    SlideValues values;
+    values.text = text;
+    values.style = style;
+    values.boxColor = boxColor;
+    return values;
+}
+
+bool isDark(const QColor &color)
+{
+    return color.red() < 60 && color.green() < 60 && color.blue() < 60;
+}
+
+} // namespace
+
+/// Measures drawn blocks against the geometry that the format of slides fixes.
+class TestTextBlock : public QObject
+{
+    Q_OBJECT
+
+private:
+    const Canvas canvas{{350, 400}, 2}; // text of 32 points
+
+private slots:
+    void initTestCase() { QVERIFY(registerFonts()); }
+
+    void boxesStandWhereTheyBelong_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QPointF>("position");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<int>("lines");
+        QTest::newRow("centre") << u"Hello"_s << QPointF(0.5, 0.5) << 1.0 << 1;
+        QTest::newRow("elsewhere, scaled") << u"Hello"_s << QPointF(0.4, 0.3) << 1.7 << 1;
+        QTest::newRow("small") << u"Hello there"_s << QPointF(0.6, 0.7) << 0.4 << 1;
+        QTest::newRow("three lines, an empty one") << u"A\n\nB"_s << QPointF(0.5, 0.5) << 1.0 << 3;
+        QTest::newRow("carriage return and line feed") << u"A\r\nB"_s << QPointF(0.5, 0.5) << 1.0 << 3;
+        QTest::newRow("every line break")
+            << u"A\vB\fC\u0085D\u2028E\u2029F"_s << QPointF(0.5, 0.5) << 0.7 << 6;
+        QTest::newRow("nothing") << QString() << QPointF(0.5, 0.5) << 1.0 << 1;
+    }
+
+    void boxesStandWhereTheyBelong()
+    {
+        QFETCH(QString, text);
+        QFETCH(QPointF, position);
+        QFETCH(double, scale);
+        QFETCH(int, lines);
+        SlideValues values = slide(TextStyle::boxed, text, red);
+        values.textPos = position;
+        values.textScale = scale;
+        const TextBlock block(text, TextStyle::boxed, false, red, canvas.size.width());
+        QCOMPARE(block.lineCount(), lines);
+
+        // Inter's ascent and descent are 1.21 em; the boxes overlap by one point.
+        const double lineHeight = 28.8 * (2728 + 680) / 2816 + 4;
+        QVERIFY(std::abs(block.size().height() - (lines * (lineHeight - 1) + 1)) < 0.1);
+
+        const QRectF box = boundsOf(drawn(values, canvas), isRed);
+        const QPointF centre(position.x() * 700, position.y() * 800);
+        QVERIFY2(std::abs(box.center().x() - centre.x()) <= 1 && std::abs(box.center().y() - centre.y()) <= 1,
+                 qPrintable(u"centre %1, %2"_s.arg(box.center().x()).arg(box.center().y())));
+        const QSizeF size = block.size() * scale * 2;
+        QVERIFY(std::abs(box.width() - size.width()) <= 2);
+        QVERIFY(std::abs(box.height() - size.height()) <= 2);
+    }
+
+    void stackedBoxesLeaveNoGap()
+    {
+        const QImage image = drawn(slide(TextStyle::boxed, u"\n\n"_s, red), canvas);
+        const QRect box = boundsOf(image, isRed);
+        for (int y = box.top() + 1; y < box.bottom(); ++y)
+            QVERIFY2(isRed(image.pixelColor(350, y)), qPrintable(u"gap at row %1"_s.arg(y)));
+    }
+
+    void linesAreNotWrapped()
+    {
+        const QString longLine = QString(60, u'm');
+        const QImage image = drawn(slide(TextStyle::boxed, longLine, red), canvas);
+        const QRect box = boundsOf(image, isRed);
+        QCOMPARE(box.left(), 0);
+        QCOMPARE(box.right(), 699);
+        QVERIFY(box.height() < 90);
+    }
+
+    void halfABlockOnTheEdgeIsCut()
+    {
+        SlideValues values = slide(TextStyle::boxed, u"Hello"_s, red);
+        const QRect whole = boundsOf(drawn(values, canvas), isRed);
+        values.textPos.setX(0);
+        const QRect cut = boundsOf(drawn(values, canvas), isRed);
+        QCOMPARE(cut.left(), 0);
+        QVERIFY(std::abs(cut.width() - whole.width() / 2) <= 1);
+    }
+
+    void outlineReaches_data()
+    {
+        QTest::addColumn<double>("scale");
+        QTest::newRow("natural size") << 1.0;
+        QTest::newRow("scaled") << 3.0;
+        QTest::newRow("fraction of a pixel") << 1.3;
+    }
+
+    void outlineReaches()
+    {
+        QFETCH(double, scale);
+        SlideValues values = slide(TextStyle::classic, u"I"_s, black);
+        values.textScale = scale;
+        const QImage image = drawn(values, canvas);
+        const int middle = 400;
+        const QRect letter = boundsOf(image, isWhite, QRect(0, middle, 700, 1));
+        const QRect outline = boundsOf(image, isDark, QRect(0, middle, 700, 1));
+        // Diagonal copies of one point, twice over in each direction: two points of hard edge, then the blur.
+        const double points = (letter.left() - outline.left()) / (2 * scale);
+        QVERIFY2(points > 1.6 && points < 2.8, qPrintable(u"%1 points"_s.arg(points)));
+        QVERIFY(std::abs(letter.left() - outline.left() - (outline.right() - letter.right())) <= 1);
+    }
+
+    void outlineOfAClearColourIsNone()
+    {
+        const QImage image = drawn(slide(TextStyle::classic, u"I"_s, clear), canvas);
+        QVERIFY(!boundsOf(image, isWhite).isNull());
+        QVERIFY(boundsOf(image, isDark, image.rect().adjusted(30, 30, -30, -30)).isNull());
+    }
+
+    void scaledLettersAreAsCrisp()
+    {
+        SlideValues values = slide(TextStyle::classic, u"I"_s, clear);
+        for (const double scale : {1.0, 3.0, 9.0}) {
+            values.textScale = scale;
+            const QImage image = drawn(values, canvas);
+            int between = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor color = image.pixelColor(x, 400);
+                between += color.red() > 0 && color.red() < 255 ? 1 : 0;
+            }
+            QVERIFY2(between <= 2, qPrintable(u"%1 blurred pixels at scale %2"_s.arg(between).arg(scale)));
+        }
+    }
+
+    void pillsStandBehindSubtitlesOnly_data()
+    {
+        QTest::addColumn<int>("style");
+        QTest::addColumn<QString>("subtitle");
+        QTest::addColumn<bool>("pill");
+        QTest::newRow("modern") << int(TextStyle::modern) << u"sub"_s << true;
+        QTest::newRow("neon") << int(TextStyle::neon) << u"sub"_s << true;
+        QTest::newRow("a space") << int(TextStyle::modern) << u" "_s << true;
+        QTest::newRow("none") << int(TextStyle::modern) << QString() << false;
+        QTest::newRow("classic") << int(TextStyle::classic) << u" "_s << false;
+    }
+
+    void pillsStandBehindSubtitlesOnly()
+    {
+        QFETCH(int, style);
+        QFETCH(QString, subtitle);
+        QFETCH(bool, pill);
+        // The main text is a space: in these styles it shows nothing at all.
+        SlideValues values = slide(static_cast<TextStyle>(style), u" "_s, clear);
+        values.subtitle = subtitle;
+        const QImage image = drawn(values, canvas, Qt::white);
+        const auto isPill = [](const QColor &color) { return color.red() > 90 && color.red() < 115; };
+        const QRect shown = boundsOf(image, isPill, QRect(0, 560, 700, 160));
+        QCOMPARE(!shown.isNull(), pill);
+        if (pill)
+            QVERIFY(std::abs(shown.center().y() - 640) <= 2);
+        QVERIFY(boundsOf(image, isPill, QRect(0, 300, 700, 200)).isNull());
+    }
+
+    void subtitleLiesOnTop()
+    {
+        SlideValues values = slide(TextStyle::boxed, u"WWWW\nWWWW"_s, red);
+        values.subtitle = u" "_s;
+        values.subtitlePos = values.textPos;
+        const QImage image = drawn(values, canvas);
+        const TextBlock space(u" "_s, TextStyle::boxed, true, red, 350);
+        const QRectF box(QPointF(350, 400) - QPointF(space.size().width(), space.size().height()),
+                         space.size() * 2);
+        QVERIFY(boundsOf(
+                    image, [](const QColor &c) { return !isRed(c); }, box.toRect().adjusted(9, 9, -9, -9))
+                    .isNull());
+    }
+
+    void emojiAreInColourAndCastShadows()
+    {
+        for (const TextStyle style : allTextStyles) {
+            const QImage image = drawn(slide(style, u"❤️"_s, black), canvas, Qt::green);
+            const QRect heart = boundsOf(
+                image, [](const QColor &c) { return c.red() > 200 && c.green() < 90 && c.blue() < 90; });
+            QVERIFY2(heart.width() > 50 && heart.width() < 100, qPrintable(rawText(style)));
+            if (style == TextStyle::classic)
+                QVERIFY(boundsOf(image, isDark).contains(heart));
+        }
+    }
+
+    void emojiHaveTheWidthOfBrowsers()
+    {
+        const LineLayout one(u"😀"_s, TextStyle::boxed, 32);
+        QVERIFY(std::abs(one.width() / 32 - 1.245) < 0.01);
+        QCOMPARE(one.height(), LineLayout(u"x"_s, TextStyle::boxed, 32).height());
+        QCOMPARE(LineLayout(u"中文"_s, TextStyle::boxed, 32).height(), one.height());
+    }
+
+    void fractionalSizesCount()
+    {
+        const double whole = LineLayout(u"Hamburgefonts"_s, TextStyle::boxed, 288).width();
+        const double tenth = LineLayout(u"Hamburgefonts"_s, TextStyle::boxed, 28.8).width();
+        QVERIFY(std::abs(whole / 10 - tenth) < 0.01);
+    }
+
+    void rightToLeftLinesAreCentredToo()
+    {
+        for (const QString &text : {u"שלום עולם"_s, u"مرحبا بالعالم"_s, u"abc שלום"_s}) {
+            const QImage image = drawn(slide(TextStyle::classic, text, clear), canvas);
+            const QRect ink = boundsOf(image, isWhite);
+            QVERIFY2(std::abs(ink.center().x() - 350) < 12, qPrintable(text));
+        }
+    }
+
+    void absurdValuesAreBounded_data()
+    {
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<QPointF>("position");
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        const double infinity = std::numeric_limits<double>::infinity();
+        for (const double scale : {0.0, 1e-9, 50.0, 1e4, 1e12, 1e300, infinity, nan, -1.0, -1e9})
+            QTest::addRow("scale %g", scale) << scale << QPointF(0.5, 0.5);
+        QTest::newRow("far away") << 1.0 << QPointF(1e9, -1e9);
+        QTest::newRow("nowhere") << 1.0 << QPointF(nan, infinity);
+        QTest::newRow("far away and large") << 1e6 << QPointF(1e6, 0.5);
+    }
+
+    void absurdValuesAreBounded()
+    {
+        QFETCH(double, scale);
+        QFETCH(QPointF, position);
+        for (const TextStyle style : allTextStyles) {
+            SlideValues values = slide(style, u"Hello 😀\nyou"_s, black);
+            values.textScale = scale;
+            values.textPos = position;
+            const std::vector<Layer> layers = drawTexts(values, canvas);
+            for (const Layer &layer : layers)
+                QVERIFY(QRect(0, 0, 700, 800).contains(QRect(layer.at, layer.image.size())));
+        }
+    }
+
+    void wideBlursContinueNarrowOnes()
+    {
+        // The glow's blur is computed on a smaller plane from 32 pixels on: nobody must see where.
+        SlideValues values = slide(TextStyle::neon, u"Glow"_s, black);
+        values.textScale = 3.199;
+        const QImage before = drawn(values, canvas);
+        values.textScale = 3.201;
+        const QImage after = drawn(values, canvas);
+        // The letters themselves move by a fraction of a pixel; the glow above and below them is smooth.
+        const QRect letters = boundsOf(before, isWhite).adjusted(-3, -3, 3, 3);
+        int worst = 0;
+        for (int y = 30; y < before.height() - 30; ++y) {
+            if (y >= letters.top() && y <= letters.bottom())
+                continue;
+            for (int x = 0; x < before.width(); ++x)
+                worst =
+                    std::max(worst, std::abs(before.pixelColor(x, y).red() - after.pixelColor(x, y).red()));
+        }
+        QVERIFY2(worst <= 3, qPrintable(u"a step of %1 levels"_s.arg(worst)));
+    }
+};
+
+QTEST_MAIN(TestTextBlock)
+#include "tst_text_block.moc"
