@@ -1,0 +1,357 @@
+#include "content/openai_request.h"
+#include "content/openai_service.h"
+#include "tests/content/test_server.h"
+#include "tests/model/test_library.h"
+
+#include <QtCore/QElapsedTimer>
+#include <QtCore/QProcessEnvironment>
+#include <QtCore/QTimer>
+#include <QtTest/QTest>
+
+#include <nlohmann/json.hpp>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QByteArray emptyList = R"({"choices":[{"message":{"content":"[]"}}]})";
+
+QByteArray httpAnswer(const QByteArray &status, const QByteArray &body, const QByteArray &headers = {})
+{
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" +
+           headers + "\r\n" + body;
+}
+
+QString httpBase(const TestServer &server)
+{
+    return u"http://127.0.0.1:%1/v1"_s.arg(server.port());
+}
+
+QString ask(OpenAIService &service, const QString &apiKey = u"sk-0123456789"_s)
+{
+    const auto variations = QCoro::waitFor(service.generateVariations(apiKey, u"goal"_s, u"example"_s, 1));
+    return variations ? variations->join(u'|') : u'<' + describe(variations.error()) + u'>';
+}
+
+/// Sends `chunk` again and again until the other side closes, which sets `closed`.
+TestServer::Answer flood(const QByteArray &start, const QByteArray &chunk, std::chrono::milliseconds interval,
+                         bool *closed)
+{
+    return [=](QTcpSocket *socket) {
+        socket->write(start);
+        auto *timer = new QTimer(socket);
+        QObject::connect(timer, &QTimer::timeout, socket, [socket, chunk] {
+            if (socket->bytesToWrite() < 4'000'000)
+                socket->write(chunk);
+        });
+        QObject::connect(socket, &QTcpSocket::disconnected, socket, [closed] { *closed = true; });
+        timer->start(interval);
+    };
+}
+
+} // namespace
+
+class TestOpenAIService : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void formsAddress_data();
+    void formsAddress();
+    void readsEnvironment();
+    void sendsRequest_data();
+    void sendsRequest();
+    void sendsNothingWrong();
+    void answers_data();
+    void answers();
+    void followsNoRedirect();
+    void stopsTooLongAnswers();
+    void stopsTooSlowAnswers_data();
+    void stopsTooSlowAnswers();
+    void takesLargeAnswersInPieces();
+    void runsAreIndependent();
+    void survivesItsEnd();
+    void verifiesCertificates();
+};
+
+void TestOpenAIService::formsAddress_data()
+{
+    QTest::addColumn<QString>("base");
+    QTest::addColumn<QString>("address");
+
+    const auto row = [](const QString &base, const QString &address) {
+        QTest::addRow("%s", qPrintable(base)) << base << address;
+    };
+    row(OpenAIService::defaultBaseUrl(), u"https://api.openai.com/v1/chat/completions"_s);
+    row(u"https://example.org:8443/a%2Fb/v1//"_s, u"https://example.org:8443/a%2Fb/v1/chat/completions"_s);
+    row(u"http://localhost:1/v1"_s, u"http://localhost:1/v1/chat/completions"_s);
+    row(u"http://127.8.9.1/v1/"_s, u"http://127.8.9.1/v1/chat/completions"_s);
+    row(u"http://[::1]:80/v1"_s, u"http://[::1]:80/v1/chat/completions"_s);
+    for (const QString &refused :
+         {u"http://example.org/v1"_s, u"http://localhost.example.org/v1"_s, u"http://10.0.0.1/v1"_s,
+          u"ftp://localhost/v1"_s, u"api.openai.com/v1"_s, u"https:///v1"_s, u"https://u:p@example.org/v1"_s,
+          u"https://example.org/v1?a=b"_s, u"https://example.org/v1#a"_s, u"https://exa mple.org"_s,
+          u"https://example.org:x/v1"_s, QString()})
+        row(refused, QString());
+}
+
+void TestOpenAIService::formsAddress()
+{
+    QFETCH(QString, base);
+    QFETCH(QString, address);
+    QCOMPARE(chatCompletionsUrl(base).toString(QUrl::FullyEncoded), address);
+    if (address.isEmpty()) {
+        OpenAIService service(base);
+        QCOMPARE(ask(service), u"<invalidURL>"_s);
+    }
+}
+
+void TestOpenAIService::readsEnvironment()
+{
+    QProcessEnvironment environment;
+    QCOMPARE(OpenAIService::baseUrlFrom(environment), u"https://api.openai.com/v1"_s);
+    environment.insert(u"OPENAI_BASE_URL"_s, u"http://localhost:1/v1/"_s);
+    QCOMPARE(OpenAIService::baseUrlFrom(environment), u"http://localhost:1/v1/"_s);
+    environment.insert(u"OPENAI_BASE_URL"_s, QString());
+    QCOMPARE(OpenAIService::baseUrlFrom(environment), u"https://api.openai.com/v1"_s);
+}
+
+void TestOpenAIService::sendsRequest_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<qint64>("count");
+    QTest::newRow("usual") << u"sk-proj-_09"_s << qint64(3);
+    QTest::newRow("empty key, no variations") << QString() << qint64(0);
+    QTest::newRow("key in spaces, not ASCII") << u" ké y "_s << qint64(-7);
+}
+
+void TestOpenAIService::sendsRequest()
+{
+    QFETCH(QString, key);
+    QFETCH(qint64, count);
+    const TestServer server(TestServer::always(httpAnswer("200 OK", emptyList)));
+    OpenAIService service(httpBase(server) + u'/');
+    const auto variations =
+        QCoro::waitFor(service.generateVariations(key, u"my \"goal\"\n😀"_s, u"{\"slides\":[]}\t/"_s, count));
+    QCOMPARE(*variations, QStringList());
+
+    QCOMPARE(server.requests().size(), 1);
+    const QByteArray request = server.requests().first();
+    const qsizetype end = request.indexOf("\r\n\r\n");
+    const QByteArrayList lines = request.first(end).split('\n');
+    QCOMPARE(lines.first(), "POST /v1/chat/completions HTTP/1.1\r"_ba);
+    QCOMPARE(lines.count("Content-Type: application/json\r"), 1);
+    QCOMPARE(lines.count("Authorization: Bearer " + key.toUtf8() + '\r'), 1);
+
+    const std::string expectedPrompt =
+        "You are a creative assistant helping to generate text for slideshows.\n"
+        "The user wants to create " +
+        std::to_string(count) +
+        " variations of a slideshow based on a specific topic or goal.\n\n"
+        "Here is the example JSON structure that MUST be followed exactly for each variation:\n"
+        "{\"slides\":[]}\t/\n\n"
+        "The user's goal/prompt is:\n"
+        "\"my \"goal\"\n😀\"\n\n"
+        "Please generate " +
+        std::to_string(count) +
+        " DIFFERENT variations of the content.\n"
+        "Return ONLY a raw JSON array of objects, where each object follows the structure of the example "
+        "above.\n"
+        "Do not include markdown formatting (like ```json ... ```), just the raw JSON.";
+    const nlohmann::json expected{
+        {"model", "gpt-4o"},
+        {"messages",
+         {{{"role", "system"}, {"content", "You are a helpful assistant that outputs raw JSON."}},
+          {{"role", "user"}, {"content", expectedPrompt}}}},
+        {"temperature", 0.9},
+        {"n", 1},
+    };
+    QCOMPARE(nlohmann::json::parse(request.sliced(end + 4).toStdString()).dump(), expected.dump());
+    QVERIFY(!request.sliced(end + 4).contains("\": "));
+}
+
+void TestOpenAIService::sendsNothingWrong()
+{
+    const TestServer server(TestServer::always(httpAnswer("200 OK", emptyList)));
+    OpenAIService service(httpBase(server));
+    for (const QString &key : {u"sk\r\nX-Injected: 1"_s, u"sk\n"_s, u"s\u0085k"_s, u"sk\t"_s,
+                               u"sk"_s + QChar(0), QString(QChar(0xD800))})
+        QCOMPARE(ask(service, key),
+                 u"<the API key holds a line break or another character that cannot be sent>"_s);
+    const auto variations =
+        QCoro::waitFor(service.generateVariations(u"sk"_s, QString(QChar(0xD800)), u"{}"_s, 1));
+    QCOMPARE(describe(variations.error()), u"the request holds half of a surrogate pair"_s);
+    QTest::qWait(50);
+    QCOMPARE(server.requests().size(), 0);
+}
+
+void TestOpenAIService::answers_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("console");
+
+    const auto row = [](const char *name, const QByteArray &bytes, const QString &expected,
+                        const QString &console = {}) { QTest::newRow(name) << bytes << expected << console; };
+    const QByteArray list = R"({"choices":[{"message":{"content":"[{\"b\":1},{\"a\":1}]"}}]})";
+    const QString variations = u"{\n  \"b\": 1\n}|{\n  \"a\": 1\n}"_s;
+    row("two", httpAnswer("200 OK", list), variations);
+    row("status 299", httpAnswer("299 Odd", list), variations);
+    row("in chunks",
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\n" + list.first(5) + "\r\n" +
+            QByteArray::number(list.size() - 5, 16) + "\r\n" + list.sliced(5) + "\r\n0\r\n\r\n",
+        variations);
+    row("until closed", "HTTP/1.1 200 OK\r\n\r\n" + list, variations);
+    const auto refused = [&row](const char *name, const QByteArray &status, const QByteArray &headers = {}) {
+        row(name, httpAnswer(status, "{\"error\":\"é sk-0123456789\"}", headers),
+            u"<apiError(\"{\"error\":\"é [API key]\"}\")>"_s,
+            u"OpenAI API Error: {\"error\":\"é [API key]\"}"_s);
+    };
+    refused("400", "400 Bad Request");
+    refused("401", "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n");
+    refused("407", "407 Proxy", "Proxy-Authenticate: Basic realm=\"x\"\r\n");
+    refused("429", "429 Too Many Requests");
+    refused("500", "500 Internal Server Error");
+    refused("600", "600 Unheard Of");
+    row("500 in no UTF-8", httpAnswer("500 Oh", "\xFF\xFE"), u"<apiError(\"Status code: 500\")>"_s);
+    row("304 without body", "HTTP/1.1 304 Not Modified\r\n\r\n", u"<apiError(\"\")>"_s,
+        u"OpenAI API Error: "_s);
+    row("no choices", httpAnswer("200 OK", "{\"choices\":[]}"), u"<invalidResponse>"_s);
+    row("compressed unasked", httpAnswer("200 OK", "\x1F\x8B\x08", "Content-Encoding: gzip\r\n"),
+        u"<the text is not valid UTF-8>"_s);
+    row("dropped", {}, u"<the connection was closed without an answer>"_s);
+    row("not HTTP", "hello\r\n\r\n", u"<the connection was closed without an answer>"_s);
+    row("cut off", "HTTP/1.1 200 OK\r\nContent-Length: 999\r\n\r\n" + list,
+        u"<the connection was closed in the middle of the answer>"_s);
+    row("cut off between chunks", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n",
+        u"<the connection was closed in the middle of the answer>"_s);
+    row("error cut off", "HTTP/1.1 500 Oh\r\nContent-Length: 999\r\n\r\n{}",
+        u"<the connection was closed in the middle of the answer>"_s);
+}
+
+void TestOpenAIService::answers()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, expected);
+    QFETCH(QString, console);
+    ConsoleCapture capture;
+    const TestServer server(TestServer::always(bytes));
+    OpenAIService service(httpBase(server));
+    QCOMPARE(ask(service), expected);
+    QCOMPARE(capture.lines().join(u'\n'), console);
+    QTest::qWait(20);
+    QCOMPARE(server.requests().size(), 1);
+}
+
+void TestOpenAIService::followsNoRedirect()
+{
+    const TestServer other(TestServer::always(httpAnswer("200 OK", emptyList)));
+    for (const char *status :
+         {"301 Moved", "302 Found", "307 Temporary Redirect", "308 Permanent Redirect"}) {
+        const QByteArray location =
+            "Location: http://127.0.0.1:" + QByteArray::number(other.port()) + "/\r\n";
+        const TestServer server(TestServer::always(httpAnswer(status, "over there", location)));
+        OpenAIService service(httpBase(server));
+        ConsoleCapture console;
+        QCOMPARE(ask(service), u"<apiError(\"over there\")>"_s);
+    }
+    QTest::qWait(50);
+    QCOMPARE(other.requests().size(), 0);
+}
+
+void TestOpenAIService::stopsTooLongAnswers()
+{
+    bool closed = false;
+    const TestServer server(flood("HTTP/1.1 200 OK\r\n\r\n[", QByteArray(1'000'000, ' '), 0ms, &closed));
+    OpenAIService service(httpBase(server));
+    QCOMPARE(ask(service), u"<the answer of the service is longer than 67108864 bytes>"_s);
+    QTRY_VERIFY(closed);
+}
+
+void TestOpenAIService::stopsTooSlowAnswers_data()
+{
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<QByteArray>("chunk");
+    QTest::newRow("silence") << QByteArray() << QByteArray();
+    QTest::newRow("headers that trickle") << "HTTP/1.1 200 OK\r\nX:"_ba
+                                          << "x"_ba;
+    QTest::newRow("body that trickles") << "HTTP/1.1 200 OK\r\n\r\n"_ba
+                                        << " "_ba;
+}
+
+void TestOpenAIService::stopsTooSlowAnswers()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(QByteArray, chunk);
+    bool closed = false;
+    const TestServer server(flood(start, chunk, 20ms, &closed));
+    OpenAIService service(httpBase(server), {.time = 300ms});
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(ask(service), u"<the service did not answer within 0.3 seconds>"_s);
+    QVERIFY(timer.elapsed() >= 250 && timer.elapsed() < 5000);
+    QTRY_VERIFY(closed);
+}
+
+void TestOpenAIService::takesLargeAnswersInPieces()
+{
+    const QSslConfiguration tls = makeSelfSignedTls();
+    const QByteArray body =
+        R"({"choices":[{"message":{"content":"[{\"a\":\")" + QByteArray(50'000'000, 'x') + R"(\"}]"}}]})";
+    const TestServer server(TestServer::always(httpAnswer("200 OK", body)), &tls);
+    QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+    const QSslConfiguration usual = trusting;
+    trusting.addCaCertificate(tls.localCertificate());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    OpenAIService service(u"https://127.0.0.1:%1/v1"_s.arg(server.port()));
+    const qsizetype length = ask(service).size();
+    QSslConfiguration::setDefaultConfiguration(usual);
+    QCOMPARE(length, 50'000'000 + QByteArray("{\n  \"a\": \"\"\n}").size());
+}
+
+void TestOpenAIService::runsAreIndependent()
+{
+    QList<QTcpSocket *> waiting;
+    const TestServer server([&waiting](QTcpSocket *socket) { waiting += socket; });
+    OpenAIService service(httpBase(server));
+    auto first = service.generateVariations(u"1"_s, u""_s, u""_s, 1);
+    auto second = service.generateVariations(u"2"_s, u""_s, u""_s, 1);
+    QTRY_COMPARE(waiting.size(), 2);
+    const bool inOrder = server.requests().first().contains("Bearer 1\r");
+    waiting[inOrder ? 1 : 0]->write(httpAnswer("200 OK", R"({"choices":[{"message":{"content":"[{}]"}}]})"));
+    QCOMPARE(*QCoro::waitFor(second), QStringList{u"{}"_s});
+    waiting[inOrder ? 0 : 1]->write(httpAnswer("200 OK", emptyList));
+    QCOMPARE(*QCoro::waitFor(first), QStringList());
+}
+
+void TestOpenAIService::survivesItsEnd()
+{
+    bool closed = false;
+    const TestServer server(flood("HTTP/1.1 200 OK\r\n\r\n", " ", 5ms, &closed));
+    auto service = std::make_unique<OpenAIService>(httpBase(server));
+    auto awaited = service->generateVariations(u"1"_s, u""_s, u""_s, 1);
+    service->generateVariations(u"2"_s, u""_s, u""_s, 1);
+    QTRY_COMPARE(server.requests().size(), 2);
+    service.reset();
+    QCOMPARE(describe(QCoro::waitFor(awaited).error()), u"the request was cancelled"_s);
+    QTRY_VERIFY(closed);
+
+    service = std::make_unique<OpenAIService>(httpBase(server));
+    auto begun = service->generateVariations(u"3"_s, u""_s, u""_s, 1);
+    service.reset();
+    QCOMPARE(describe(QCoro::waitFor(begun).error()), u"the request was cancelled"_s);
+}
+
+void TestOpenAIService::verifiesCertificates()
+{
+    const QSslConfiguration tls = makeSelfSignedTls();
+    const TestServer server(TestServer::always(httpAnswer("200 OK", emptyList)), &tls);
+    OpenAIService service(u"https://127.0.0.1:%1/v1"_s.arg(server.port()));
+    QCOMPARE(ask(service), u"<SSL handshake failed: The certificate is self-signed, and untrusted>"_s);
+    QCOMPARE(server.requests().size(), 0);
+}
+
+QTEST_GUILESS_MAIN(TestOpenAIService)
+#include "tst_openai_service.moc"
