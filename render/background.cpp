@@ -19,11 +19,16 @@ QRectF inImage(const QRectF &part, const Picture &picture)
 
 Background loadBackground(const QString &path, const Canvas &canvas)
 {
+    return tryLoadBackground(path, canvas).value_or(missingPictureColor);
+}
+
+Result<Background> tryLoadBackground(const QString &path, const Canvas &canvas)
+{
     if (path.isEmpty())
         return noPictureColor;
     const Result<Picture> picture = loadPicture(path, {canvas.pixelSize(), true});
     if (!picture)
-        return missingPictureColor;
+        return std::unexpected(picture.error());
     return PictureFill{picture->image, inImage(coverRegion(picture->fullSize, canvas.pixelSize()), *picture)};
 }
 

@@ -99,9 +99,9 @@ void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &f
 {
     m_renderer.render(exportJobs(slideshow.slidesInOrder(), shapeOf(slideshow)),
                       [&](size_t index, const EncodedSlide &slide) {
-                          // A file that cannot be written is left out: the others are still worth having.
-                          static_cast<void>(writePngFile(slidePath(folder, index), slide));
-                          emit progressed(++m_done, m_total);
+                          // The others are still worth having.
+                          if (const Result<> written = writeSlide(slidePath(folder, index), slide); !written)
+                              emit fileLeftOut(written.error().message);
                           return true;
                       });
 }
@@ -114,8 +114,7 @@ Result<> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString
     if (outcome) {
         m_renderer.render(exportJobs(slideshow.slides(), shapeOf(slideshow)),
                           [&](size_t index, const EncodedSlide &slide) {
-                              outcome = writePngFile(slidePath(folder, index), slide);
-                              emit progressed(++m_done, m_total);
+                              outcome = writeSlide(slidePath(folder, index), slide);
                               return outcome.has_value();
                           });
     }
@@ -124,6 +123,15 @@ Result<> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString
     else if (m_openFolder)
         m_openFolder(folder);
     return outcome;
+}
+
+Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide)
+{
+    const Result<> written = writePngFile(file, slide);
+    if (written && !slide.pictureProblem.isEmpty())
+        emit pictureMissing(file, slide.pictureProblem);
+    emit progressed(++m_done, m_total);
+    return written;
 }
 
 } // namespace mosslantern

@@ -26,8 +26,8 @@ public:
     /// as
     /// "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before each
     /// slideshow, so that the event loop runs; one that is removed meanwhile is left out. Fails with the
-    /// first folder that cannot be made; what is written stays. A file that cannot be written is left out
-    /// silently.
+    /// first folder that cannot be made; what is written stays. A file that cannot be written is left out,
+    /// which only fileLeftOut() tells.
     QCoro::Task<Result<>> exportSlideshows(QList<Slideshow *> slideshows, QString base);
 
     /// The single export: the slides, in their stored order, straight into `folder`. At the first folder or
@@ -41,7 +41,15 @@ signals:
     /// Slides drawn so far by the running export, and slides in all.
     void progressed(int done, int total);
 
+    /// The file of a slide stands on the placeholder, because its picture could not be read.
+    void pictureMissing(const QString &file, const QString &reason);
+
+    /// A batch export has left out the file of a slide.
+    void fileLeftOut(const QString &reason);
+
 private:
+    Result<> writeSlide(const QString &file, const EncodedSlide &slide);
+
     FolderOpener m_openFolder;
     SlideRenderer m_renderer;
     int m_done = 0;

@@ -40,14 +40,16 @@ public:
     EncodedSlide wait()
     {
         m_done.acquire();
-        return {m_size, std::move(m_bands)};
+        return {m_size, std::move(m_bands), std::move(m_pictureProblem)};
     }
 
 private:
     void decode()
     {
-        m_composition.emplace(m_job.canvas, loadBackground(m_job.picturePath, m_job.canvas),
-                              std::move(m_texts));
+        const Result<Background> background = tryLoadBackground(m_job.picturePath, m_job.canvas);
+        if (!background)
+            m_pictureProblem = background.error().message;
+        m_composition.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts));
         m_size = m_composition->size();
         const int count = (m_size.height() + bandRows - 1) / bandRows;
         m_bands.resize(count);
@@ -82,6 +84,7 @@ private:
     std::optional<SlideComposition> m_composition;
     QSize m_size;
     QList<PngBand> m_bands;
+    QString m_pictureProblem;
     std::atomic<int> m_remaining = 0;
     QSemaphore m_done;
 };

@@ -15,6 +15,8 @@ struct EncodedSlide
 {
     QSize size; // pixels
     QList<PngBand> bands;
+    /// Why the slide stands on the placeholder instead of its picture; empty when it does not.
+    QString pictureProblem;
 };
 
 /// Draws slides into PNG data on all cores. Decoding, painting and compressing run on a thread pool, band by

@@ -141,7 +141,11 @@ private slots:
     {
         Slideshow *const slides = slideshow({Qt::red, Qt::green}, AspectRatio::square, u"B"_s);
         QVERIFY(QFile::remove(slides->slides().first()->imageURL().toLocalFile()));
-        QVERIFY(exportAll({slides}));
+        BulkExporter bulk = exporter();
+        const QSignalSpy missing(&bulk, &BulkExporter::pictureMissing);
+        QVERIFY(QCoro::waitFor(bulk.exportSlideshows({slides}, m_target->path())));
+        QCOMPARE(missing.size(), 1);
+        QCOMPARE(missing[0][0].toString(), path(u"B/Slideshow_1/Slide_1.png"_s));
         QVERIFY(std::abs(colorOf(u"B/Slideshow_1/Slide_1.png"_s).alpha() - 64) <= 1);
         QCOMPARE(colorOf(u"B/Slideshow_1/Slide_2.png"_s), QColor(Qt::green));
     }
@@ -166,8 +170,12 @@ private slots:
         // A folder of the file's name stands in the way.
         Slideshow *const slides = slideshow({Qt::red, Qt::green, Qt::blue}, AspectRatio::square, u"B"_s);
         QVERIFY(QDir(m_target->path()).mkpath(u"B/Slideshow_1/Slide_2.png"_s));
-        QVERIFY(exportAll({slides}));
+        BulkExporter bulk = exporter();
+        const QSignalSpy leftOut(&bulk, &BulkExporter::fileLeftOut);
+        QVERIFY(QCoro::waitFor(bulk.exportSlideshows({slides}, m_target->path())));
         QCOMPARE(files(), QStringList({u"B/Slideshow_1/Slide_1.png"_s, u"B/Slideshow_1/Slide_3.png"_s}));
+        QCOMPARE(leftOut.size(), 1);
+        QVERIFY(leftOut[0][0].toString().contains(u"Slide_2.png"_s));
         m_opened.clear();
 
         QVERIFY(QDir(m_target->path()).mkpath(u"single/Slide_2.png"_s));
