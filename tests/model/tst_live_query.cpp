@@ -259,23 +259,25 @@ private slots:
     {
         TestLibrary library;
         Store &store = library.store();
-        LiveQuery<Collection> first(store);
         auto doomed = std::make_unique<LiveQuery<Collection>>(store);
+        LiveQuery<Collection> first(store);
         std::unique_ptr<LiveQuery<Collection>> made;
         LiveQuery<Collection> last(store, {}, nameComesBefore);
         Mirror mirror(last);
 
-        // Told first, it removes what is not yet shown by the others, adds something, and replaces a query.
+        // Told before the last, it destroys the one before it, removes what is not yet shown, adds something,
+        // and makes a query.
         connect(&first, &QAbstractItemModel::rowsInserted, this, [&](const QModelIndex &, int row) {
+            doomed.reset();
             Collection *const collection = first.at(row);
             if (collection->name() != u"remove me"_s)
                 return;
-            doomed.reset();
             store.remove(collection);
             store.insert(std::make_unique<Collection>(u"instead"_s));
             made = std::make_unique<LiveQuery<Collection>>(store);
         });
         store.insert(std::make_unique<Collection>(u"z"_s));
+        QCOMPARE(names(last), QStringList(u"z"_s));
         store.insert(std::make_unique<Collection>(u"remove me"_s));
         QCOMPARE(names(last), (QStringList{u"instead"_s, u"z"_s}));
         QCOMPARE(names(*made), (QStringList{u"z"_s, u"instead"_s}));

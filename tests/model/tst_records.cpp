@@ -178,6 +178,16 @@ private slots:
         QCOMPARE(collection->assets(), (QList{stored, inserted, loose.get()}));
         loose.reset();
         QCOMPARE(collection->assets(), (QList{stored, inserted}));
+        const auto makeSlideshow = [&] {
+            auto slideshow = std::make_unique<Slideshow>(std::vector<std::unique_ptr<Slide>>(), std::nullopt,
+                                                         QUuid(), std::nullopt);
+            slideshow->setCollection(collection.get());
+            return slideshow;
+        };
+        auto looseSlideshow = makeSlideshow();
+        Slideshow *const insertedSlideshow = library.store().insert(makeSlideshow());
+        QCOMPARE(collection->slideshows(), (QList{insertedSlideshow, looseSlideshow.get()}));
+        looseSlideshow.reset();
         collection.reset();
         QCOMPARE(stored->collection(), nullptr);
 

@@ -196,7 +196,14 @@ private slots:
         slideshow->setCollection(collection.get());
         QVERIFY(library.store().flush());
         library.store().insert(std::move(collection));
+
+        auto later = std::make_unique<Asset>(u"f"_s, u"later"_s, nullptr);
+        library.addSlideshow(later.get(), {u"x"_s});
+        QVERIFY(library.store().flush());
+        library.store().insert(std::move(later));
+
         const auto *const reopened = library.reopen().all<Collection>()[0];
+        QVERIFY(library.store().all<Slide>()[0]->asset());
         QCOMPARE(reopened->assets().size(), 1);
         QCOMPARE(reopened->slideshows().size(), 1);
     }
