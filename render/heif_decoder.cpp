@@ -100,13 +100,12 @@ QColorSpace File::colorSpace() const
             return {};
         return QColorSpace::fromIccProfile(profile);
     }
-    heif_color_profile_nclx *coded = nullptr;
-    if (type != heif_color_profile_type_nclx ||
-        heif_image_handle_get_nclx_color_profile(handle(), &coded).code != heif_error_Ok) {
+    if (type != heif_color_profile_type_nclx)
         return {};
-    }
-    const CodedColors colors(coded);
-    if (colors->color_primaries == heif_color_primaries_unspecified)
+    heif_color_profile_nclx *coded = nullptr;
+    const auto error = heif_image_handle_get_nclx_color_profile(handle(), &coded);
+    const CodedColors colors(coded); // set in some cases of error, too
+    if (error.code != heif_error_Ok || colors->color_primaries == heif_color_primaries_unspecified)
         return {};
     return codedColorSpace({colors->color_primary_white_x, colors->color_primary_white_y},
                            {colors->color_primary_red_x, colors->color_primary_red_y},

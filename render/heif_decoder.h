@@ -8,7 +8,7 @@ namespace mosslantern {
 
 /// The primary picture of a HEIC or AVIF file. libheif applies its rotation, mirroring and cropping itself;
 /// EXIF data in such a file describe nothing more.
-Result<Picture> decodeHeif(const QByteArray &bytes, const PictureRequest &request);
-Result<PictureInfo> readHeifInfo(const QByteArray &bytes, PictureFormat format);
+[[nodiscard]] Result<Picture> decodeHeif(const QByteArray &bytes, const PictureRequest &request);
+[[nodiscard]] Result<PictureInfo> readHeifInfo(const QByteArray &bytes, PictureFormat format);
 
 } // namespace mosslantern

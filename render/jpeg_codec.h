@@ -22,23 +22,23 @@ public:
     JpegCodec(const JpegCodec &) = delete;
     JpegCodec &operator=(const JpegCodec &) = delete;
 
-    Result<> readHeader();
+    [[nodiscard]] Result<> readHeader();
 
-    QSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
-    bool isCmyk() const;
+    [[nodiscard]] QSize size() const { return {int(m_jpeg.image_width), int(m_jpeg.image_height)}; }
+    [[nodiscard]] bool isCmyk() const;
     /// The EXIF data; empty without any. Valid as long as the codec.
-    QByteArrayView exif() const;
+    [[nodiscard]] QByteArrayView exif() const;
     /// The ICC profile; empty without one. Valid as long as the codec.
-    QByteArrayView iccProfile() const;
+    [[nodiscard]] QByteArrayView iccProfile() const;
 
     /// Prepares reading `area`, in pixels of the picture at `eighths`/8 of its size. At most `memory` bytes
     /// are used for what has to be held of a progressive picture. Returns the columns that the rows will
     /// hold.
-    Result<QRect> start(const QRect &area, int eighths, qint64 memory);
+    [[nodiscard]] Result<QRect> start(const QRect &area, int eighths, qint64 memory);
 
     /// Reads the next `count` rows of the area into `rows`, 32 bits a pixel: red, green, blue, 255, or, of a
     /// CMYK picture, its four channels as they are stored.
-    Result<> readRows(uchar *rows, qsizetype bytesPerRow, int count);
+    [[nodiscard]] Result<> readRows(uchar *rows, qsizetype bytesPerRow, int count);
 
 private:
     static JpegCodec &of(j_common_ptr jpeg) { return *static_cast<JpegCodec *>(jpeg->client_data); }

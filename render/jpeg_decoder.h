@@ -12,7 +12,7 @@ namespace mosslantern {
 ///
 /// A file that ends early is accepted when less than an eighth of the wanted rows is missing or, in a
 /// progressive file, when only refinements are. CMYK pictures are converted without regard of their profile.
-Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request);
-Result<PictureInfo> readJpegInfo(QIODevice &device);
+[[nodiscard]] Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request);
+[[nodiscard]] Result<PictureInfo> readJpegInfo(QIODevice &device);
 
 } // namespace mosslantern

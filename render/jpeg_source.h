@@ -19,7 +19,7 @@ public:
     JpegSource &operator=(const JpegSource &) = delete;
 
     /// Bytes in the device.
-    qint64 size() const { return m_device.size(); }
+    [[nodiscard]] qint64 size() const { return m_device.size(); }
     void attach(jpeg_decompress_struct &codec) { codec.src = this; }
 
 private:

@@ -11,6 +11,7 @@ void convertToSrgb(QImage &image, const QColorSpace &space);
 /// The colour space of the code points of ITU-T H.273 that HEIC and AVIF files carry: chromaticities of the
 /// primaries and the white point, and the number of the transfer characteristic. High dynamic range (PQ, HLG)
 /// is cut off at the brightness of diffuse white.
-QColorSpace codedColorSpace(QPointF white, QPointF red, QPointF green, QPointF blue, int transfer);
+[[nodiscard]] QColorSpace codedColorSpace(QPointF white, QPointF red, QPointF green, QPointF blue,
+                                          int transfer);
 
 } // namespace mosslantern

@@ -10,10 +10,10 @@ namespace mosslantern {
 
 /// The orientation that EXIF data hold, which are a TIFF header and its directories, with or without
 /// "Exif\0\0" in front; upright without one.
-Orientation exifOrientation(QByteArrayView exif);
+[[nodiscard]] Orientation exifOrientation(QByteArrayView exif);
 
 /// The orientation in the EXIF chunk of a PNG or WebP file; upright without one. Leaves `device` at its
 /// start.
-Orientation chunkOrientation(QIODevice &device, PictureFormat format);
+[[nodiscard]] Orientation chunkOrientation(QIODevice &device, PictureFormat format);
 
 } // namespace mosslantern

@@ -9,15 +9,15 @@
 namespace mosslantern {
 
 /// The number of pixels, in each direction, that reduced() may make one where `scale` (at most 1) is enough.
-int reductionFactor(double scale);
+[[nodiscard]] int reductionFactor(double scale);
 
 /// `image` with each block of `factor` × `factor` pixels averaged into one; blocks at the right and bottom
 /// edge may be smaller. The pixels are RGBX8888 or RGBA8888_Premultiplied.
-QImage reduced(const QImage &image, int factor);
+[[nodiscard]] QImage reduced(const QImage &image, int factor);
 
 /// The picture that `request` wants of `stored`, a whole decoded picture in the colours of `space` that
 /// `orientation` turns upright.
-Result<Picture> fitPicture(QImage stored, Orientation orientation, const QColorSpace &space,
-                           const PictureRequest &request);
+[[nodiscard]] Result<Picture> fitPicture(QImage stored, Orientation orientation, const QColorSpace &space,
+                                         const PictureRequest &request);
 
 } // namespace mosslantern

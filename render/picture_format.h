@@ -10,6 +10,6 @@ namespace mosslantern {
 enum class PictureFormat { Jpeg, Png, WebP, Gif, Bmp, Tiff, Heic, Avif };
 
 /// The format that the first bytes of a file announce; 128 bytes are enough.
-std::optional<PictureFormat> pictureFormat(QByteArrayView bytes);
+[[nodiscard]] std::optional<PictureFormat> pictureFormat(QByteArrayView bytes);
 
 } // namespace mosslantern

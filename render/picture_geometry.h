@@ -22,20 +22,20 @@ struct PictureRequest
 };
 
 /// The centred part of a picture of size `full` that shows when the picture fills `cover`.
-QRectF coverRegion(QSizeF full, QSizeF cover);
+[[nodiscard]] QRectF coverRegion(QSizeF full, QSizeF cover);
 
 /// Image pixels per picture pixel that `request` needs; never more than 1.
-double neededScale(QSize full, const PictureRequest &request);
+[[nodiscard]] double neededScale(QSize full, const PictureRequest &request);
 
 /// The part of the upright picture that `request` needs.
-QRectF neededRegion(QSize full, const PictureRequest &request);
+[[nodiscard]] QRectF neededRegion(QSize full, const PictureRequest &request);
 
 /// The pixels of an image of size `bounds`, `scale` times as large as the picture, that show `region`.
 /// Includes a margin of two pixels where there are any, for the filter that scales the image afterwards.
-QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
+[[nodiscard]] QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
 
 /// Refuses a picture of no extent, with a longer side than longestPictureSide, of more than 200 megapixels,
 /// or that needs more than 1 GiB at `bytesPerPixel` for all that decoding holds at once.
-Result<> checkPictureSize(QSize size, int bytesPerPixel);
+[[nodiscard]] Result<> checkPictureSize(QSize size, int bytesPerPixel);
 
 } // namespace mosslantern

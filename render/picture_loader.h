@@ -36,15 +36,15 @@ struct Picture
 /// content, turns it upright as its EXIF orientation says and converts its colours to sRGB.
 ///
 /// The image is large enough for `request` wherever the picture has the pixels, and never much larger.
-/// Refused are pictures of more than maximumPicturePixels() and those that would need more than about 1 GiB
-/// to decode. A damaged file is read as far as it goes; one that ends before an eighth of the wanted rows is
-/// an error. May be called from any thread.
-Result<Picture> loadPicture(const QString &path, const PictureRequest &request);
+/// Refused are pictures of more than 200 megapixels and those that would take more than about 1 GiB to
+/// decode. A damaged file is shown as far as it can be read; a JPEG file of which a substantial part is
+/// missing is an error. May be called from any thread.
+[[nodiscard]] Result<Picture> loadPicture(const QString &path, const PictureRequest &request);
 
 /// As loadPicture(), from the bytes of a file.
-Result<Picture> decodePicture(const QByteArray &bytes, const PictureRequest &request);
+[[nodiscard]] Result<Picture> decodePicture(const QByteArray &bytes, const PictureRequest &request);
 
 /// The format and upright size of a picture, from its header alone. May be called from any thread.
-Result<PictureInfo> readPictureInfo(const QString &path);
+[[nodiscard]] Result<PictureInfo> readPictureInfo(const QString &path);
 
 } // namespace mosslantern

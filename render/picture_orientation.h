@@ -13,20 +13,23 @@ struct Orientation
     bool mirrored = false; ///< left and right, after transposing
     bool flipped = false;  ///< top and bottom, after transposing
 
-    bool isUpright() const { return !transposed && !mirrored && !flipped; }
-    Orientation inverse() const { return transposed ? Orientation{true, flipped, mirrored} : *this; }
+    [[nodiscard]] bool isUpright() const { return !transposed && !mirrored && !flipped; }
+    [[nodiscard]] Orientation inverse() const
+    {
+        return transposed ? Orientation{true, flipped, mirrored} : *this;
+    }
 
     /// Of the values 1 to 8 of the orientation tag of TIFF and EXIF; upright for any other.
-    static Orientation fromExif(int value);
+    [[nodiscard]] static Orientation fromExif(int value);
 
     friend bool operator==(const Orientation &, const Orientation &) = default;
 };
 
 /// The size of a picture of size `size` after turning it.
-QSize turned(QSize size, Orientation orientation);
+[[nodiscard]] QSize turned(QSize size, Orientation orientation);
 
 /// Where `rect` of a picture of size `size` lies after turning it.
-QRectF turned(const QRectF &rect, QSizeF size, Orientation orientation);
+[[nodiscard]] QRectF turned(const QRectF &rect, QSizeF size, Orientation orientation);
 
 /// Rows that placeRows() is best given at once: the columns they become fill whole cache lines, and the rows
 /// themselves stay in the cache meanwhile.
@@ -37,6 +40,6 @@ constexpr int rowsPerStrip = 32;
 void placeRows(const QImage &rows, int top, QImage &upright, Orientation orientation);
 
 /// `image` (32-bit pixels) turned.
-QImage turned(const QImage &image, Orientation orientation);
+[[nodiscard]] QImage turned(const QImage &image, Orientation orientation);
 
 } // namespace mosslantern

@@ -7,7 +7,8 @@
 namespace mosslantern {
 
 /// Pictures of the formats that Qt reads best: PNG, WebP, GIF, BMP and TIFF. `device` stands at its start.
-Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format, const PictureRequest &request);
-Result<PictureInfo> readInfoWithQt(QIODevice &device, PictureFormat format);
+[[nodiscard]] Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format,
+                                           const PictureRequest &request);
+[[nodiscard]] Result<PictureInfo> readInfoWithQt(QIODevice &device, PictureFormat format);
 
 } // namespace mosslantern

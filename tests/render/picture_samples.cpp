@@ -1,0 +1,311 @@
+#include "picture_samples.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QtEndian>
+#include <QtGui/QImageWriter>
+#include <QtGui/QTransform>
+
+#include <jpeglib.h>
+#include <zlib.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace mosslantern::samples {
+
+namespace {
+
+QByteArray bigEndian(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToBigEndian(value, bytes.data());
+    return bytes;
+}
+
+QByteArray littleEndian(quint32 value)
+{
+    QByteArray bytes(4, Qt::Uninitialized);
+    qToLittleEndian(value, bytes.data());
+    return bytes;
+}
+
+/// A TIFF header and a directory whose second entry is the orientation.
+QByteArray exif(int orientation)
+{
+    QByteArray bytes("MM\0*\0\0\0\x08\0\x02", 10);
+    bytes += QByteArray("\x01\x0f\0\x02\0\0\0\x04", 8) + "Oak\0"_ba;
+    bytes += QByteArray("\x01\x12\0\x03\0\0\0\x01\0", 9) + char(orientation) + QByteArray("\0\0", 2);
+    return bytes + QByteArray("\0\0\0\0", 4);
+}
+
+QByteArray inserted(const QByteArray &file, qsizetype at, const QByteArray &part)
+{
+    return file.first(at) + part + file.sliced(at);
+}
+
+} // namespace
+
+QImage painting(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const double across = double(x) / width, down = double(y) / height;
+            image.setPixel(
+                x, y,
+                qRgb(int(255 * across), int(255 * down), int(127 + 120 * std::sin(9 * across + 4 * down))));
+        }
+    }
+    return image;
+}
+
+QByteArray encoded(const QImage &image, const char *format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, format);
+    writer.setQuality(quality);
+    return writer.write(image) ? bytes : QByteArray();
+}
+
+QByteArray jpeg(const QImage &image, const JpegOptions &options)
+{
+    jpeg_compress_struct codec;
+    jpeg_error_mgr errors;
+    codec.err = jpeg_std_error(&errors);
+    jpeg_create_compress(&codec);
+    unsigned char *bytes = nullptr;
+    unsigned long size = 0;
+    jpeg_mem_dest(&codec, &bytes, &size);
+    codec.image_width = JDIMENSION(image.width());
+    codec.image_height = JDIMENSION(image.height());
+    codec.input_components = options.colors == JpegColors::Gray ? 1 : 4;
+    codec.in_color_space = options.colors == JpegColors::Gray   ? JCS_GRAYSCALE
+                           : options.colors == JpegColors::Cmyk ? JCS_CMYK
+                                                                : JCS_EXT_RGBX;
+    jpeg_set_defaults(&codec);
+    jpeg_set_quality(&codec, options.quality, TRUE);
+    codec.comp_info[0].h_samp_factor = options.subsamplingAcross;
+    codec.comp_info[0].v_samp_factor = options.subsamplingDown;
+    if (options.progressive)
+        jpeg_simple_progression(&codec);
+    jpeg_start_compress(&codec, TRUE);
+    if (!options.iccProfile.isEmpty())
+        jpeg_write_icc_profile(&codec, reinterpret_cast<const JOCTET *>(options.iccProfile.data()),
+                               unsigned(options.iccProfile.size()));
+    // Inks are written as their complements: without black that is the picture itself.
+    const QImage pixels = image.convertToFormat(options.colors == JpegColors::Gray ? QImage::Format_Grayscale8
+                                                                                   : QImage::Format_RGBX8888);
+    for (int y = 0; y < pixels.height(); ++y) {
+        JSAMPROW row = const_cast<JSAMPROW>(pixels.constScanLine(y));
+        jpeg_write_scanlines(&codec, &row, 1);
+    }
+    jpeg_finish_compress(&codec);
+    jpeg_destroy_compress(&codec);
+    const QByteArray result(reinterpret_cast<char *>(bytes), qsizetype(size));
+    std::free(bytes);
+    return result;
+}
+
+QByteArray gif()
+{
+    constexpr int width = 30, height = 10;
+    QByteArray bytes("GIF89a\x1e\0\x0a\0\x81\0\0", 13);
+    bytes += QByteArray("\xff\0\0\0\xff\0\0\0\xff\xff\xff\xff", 12);
+    for (const bool white : {false, true}) {
+        bytes += QByteArray("\x2c\0\0\0\0\x1e\0\x0a\0\0\x02", 11);
+        // Codes of three bits; a clear code after each two pixels keeps them from growing.
+        QByteArray data;
+        unsigned bits = 0;
+        int pending = 0;
+        const auto put = [&](unsigned code) {
+            bits |= code << pending;
+            for (pending += 3; pending >= 8; pending -= 8, bits >>= 8)
+                data += char(bits & 0xFF);
+        };
+        for (int i = 0; i < width * height; ++i) {
+            if (i % 2 == 0)
+                put(4);
+            put(white ? 3U : unsigned(i % width / 10));
+        }
+        put(5);
+        data += char(bits);
+        for (; !data.isEmpty(); data = data.sliced(std::min<qsizetype>(200, data.size()))) {
+            const QByteArray block = data.first(std::min<qsizetype>(200, data.size()));
+            bytes += char(block.size()) + block;
+        }
+        bytes += '\0';
+    }
+    return bytes + ';';
+}
+
+QByteArray heif(const QImage &image, const HeifOptions &options)
+{
+    heif_context *context = heif_context_alloc();
+    heif_encoder *encoder = nullptr;
+    if (heif_context_get_encoder_for_format(context, options.codec, &encoder).code != heif_error_Ok) {
+        heif_context_free(context);
+        return {};
+    }
+    const bool deep = options.bits > 8, alpha = image.hasAlphaChannel();
+    const QImage source = image.convertToFormat(deep    ? QImage::Format_RGBX64
+                                                : alpha ? QImage::Format_RGBA8888
+                                                        : QImage::Format_RGB888);
+    const auto chroma = deep    ? heif_chroma_interleaved_RRGGBB_LE
+                        : alpha ? heif_chroma_interleaved_RGBA
+                                : heif_chroma_interleaved_RGB;
+    heif_image *pixels = nullptr;
+    heif_image_create(source.width(), source.height(), heif_colorspace_RGB, chroma, &pixels);
+    heif_image_add_plane(pixels, heif_channel_interleaved, source.width(), source.height(), options.bits);
+    int stride = 0;
+    uint8_t *plane = heif_image_get_plane(pixels, heif_channel_interleaved, &stride);
+    for (int y = 0; y < source.height(); ++y, plane += stride) {
+        const uchar *row = source.constScanLine(y);
+        if (!deep) {
+            std::copy_n(row, source.width() * (alpha ? 4 : 3), plane);
+            continue;
+        }
+        const auto *from = reinterpret_cast<const quint16 *>(row);
+        auto *to = reinterpret_cast<quint16 *>(plane);
+        for (int i = 0; i < source.width() * 3; ++i)
+            to[i] = quint16(from[i / 3 * 4 + i % 3] >> (16 - options.bits));
+    }
+    if (!options.iccProfile.isEmpty())
+        heif_image_set_raw_color_profile(pixels, "prof", options.iccProfile.data(),
+                                         size_t(options.iccProfile.size()));
+    heif_color_profile_nclx *coded = heif_nclx_color_profile_alloc();
+    if (options.primaries) {
+        heif_nclx_color_profile_set_color_primaries(coded, uint16_t(options.primaries));
+        heif_nclx_color_profile_set_transfer_characteristics(coded, uint16_t(options.transfer));
+        coded->matrix_coefficients = heif_matrix_coefficients_ITU_R_BT_601_6;
+        coded->full_range_flag = 1;
+        heif_image_set_nclx_color_profile(pixels, coded);
+    }
+    heif_encoder_set_lossy_quality(encoder, 98);
+    heif_encoder_set_logging_level(encoder, 0);
+    heif_encoding_options *encoding = heif_encoding_options_alloc();
+    encoding->macOS_compatibility_workaround_no_nclx_profile = 0;
+    encoding->image_orientation = options.orientation;
+    heif_context_encode_image(context, pixels, encoder, encoding, nullptr);
+    QByteArray bytes;
+    heif_writer writer{1, [](heif_context *, const void *data, size_t size, void *target) {
+                           static_cast<QByteArray *>(target)->append(static_cast<const char *>(data),
+                                                                     qsizetype(size));
+                           return heif_error{heif_error_Ok, heif_suberror_Unspecified, ""};
+                       }};
+    heif_context_write(context, &writer, &bytes);
+    heif_encoding_options_free(encoding);
+    heif_nclx_color_profile_free(coded);
+    heif_image_release(pixels);
+    heif_encoder_release(encoder);
+    heif_context_free(context);
+    return bytes;
+}
+
+QByteArray jpegWithOrientation(const QByteArray &file, int orientation)
+{
+    const QByteArray data = QByteArray("Exif\0\0", 6) + exif(orientation);
+    return inserted(file, 2, QByteArray("\xff\xe1\0", 3) + char(data.size() + 2) + data);
+}
+
+QByteArray pngChunk(const QByteArray &content)
+{
+    const auto check = crc32(0, reinterpret_cast<const Bytef *>(content.data()), uInt(content.size()));
+    return bigEndian(quint32(content.size() - 4)) + content + bigEndian(quint32(check));
+}
+
+QByteArray pngWithOrientation(const QByteArray &file, int orientation)
+{
+    constexpr int afterHeader = 8 + 25;
+    return inserted(file, afterHeader, pngChunk("eXIf"_ba + exif(orientation)));
+}
+
+QByteArray webpWithOrientation(const QByteArray &file, int orientation)
+{
+    const QByteArray data = exif(orientation);
+    QByteArray result = file + "EXIF"_ba + littleEndian(quint32(data.size())) + data;
+    return result.replace(4, 4, littleEndian(quint32(result.size() - 8)));
+}
+
+QByteArray tiffWithOrientation(const QByteArray &file, int orientation)
+{
+    const auto entry = file.indexOf(QByteArray("\x12\x01\x03\0\x01\0\0\0", 8));
+    return QByteArray(file).replace(entry + 8, 1, QByteArray(1, char(orientation)));
+}
+
+QImage upright(const QImage &stored, int orientation)
+{
+    const auto rotated = [&](int degrees) { return stored.transformed(QTransform().rotate(degrees)); };
+    switch (orientation) {
+    case 2:
+        return stored.mirrored(true, false);
+    case 3:
+        return rotated(180);
+    case 4:
+        return stored.mirrored(false, true);
+    case 5:
+        return rotated(90).mirrored(true, false);
+    case 6:
+        return rotated(90);
+    case 7:
+        return rotated(90).mirrored(false, true);
+    case 8:
+        return rotated(270);
+    default:
+        return stored;
+    }
+}
+
+QByteArray reason(const Result<Picture> &result)
+{
+    return result ? QByteArray() : result.error().message.toUtf8();
+}
+
+QString mistake(const Picture &picture, const PictureRequest &request, const QImage &whole, int tolerance)
+{
+    const QImage &image = picture.image;
+    const bool alpha = whole.hasAlphaChannel();
+    if (image.format() != (alpha ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBX8888))
+        return u"format %1"_s.arg(image.format());
+    if (picture.fullSize != whole.size())
+        return u"full size %1 × %2"_s.arg(picture.fullSize.width()).arg(picture.fullSize.height());
+    if (!picture.region.contains(neededRegion(whole.size(), request)))
+        return u"region %1 × %2"_s.arg(picture.region.width()).arg(picture.region.height());
+    const double needed = neededScale(whole.size(), request);
+    const double across = image.width() / picture.region.width();
+    const double down = image.height() / picture.region.height();
+    if (std::abs(across - down) > 1e-6 || across < needed - 1e-6 || (across > 2 * needed && across > 0.125))
+        return u"%1 pixels a pixel, %2 needed"_s.arg(across).arg(needed);
+
+    const QImage straight = whole.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const auto channel = [&](int x, int y, int shift) {
+        return double(reinterpret_cast<const QRgb *>(straight.constScanLine(
+                          std::clamp(y, 0, whole.height() - 1)))[std::clamp(x, 0, whole.width() - 1)] >>
+                          shift &
+                      0xFF);
+    };
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const double atX = picture.region.left() + (x + 0.5) / across - 0.5;
+            const double atY = picture.region.top() + (y + 0.5) / down - 0.5;
+            const int left = int(std::floor(atX)), top = int(std::floor(atY));
+            const uchar *pixel = image.constScanLine(y) + x * 4;
+            for (const int shift : {16, 8, 0, 24}) {
+                const double upper =
+                    std::lerp(channel(left, top, shift), channel(left + 1, top, shift), atX - left);
+                const double lower =
+                    std::lerp(channel(left, top + 1, shift), channel(left + 1, top + 1, shift), atX - left);
+                const double expected = std::lerp(upper, lower, atY - top);
+                if (std::abs(*pixel - expected) > tolerance)
+                    return u"pixel %1, %2: %3 instead of %4"_s.arg(x).arg(y).arg(*pixel).arg(expected);
+                ++pixel;
+            }
+        }
+    }
+    return {};
+}
+
+} // namespace mosslantern::samples
