@@ -48,7 +48,7 @@ bool copyBytes(const File &from, const File &to)
 {
     if (::ioctl(to.descriptor(), FICLONE, from.descriptor()) == 0)
         return true;
-    std::vector<char> buffer(256 * 1024);
+    std::vector<char> buffer(size_t{256} * 1024);
     while (true) {
         const ssize_t count = ::read(from.descriptor(), buffer.data(), buffer.size());
         if (count <= 0)
