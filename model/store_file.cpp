@@ -47,15 +47,28 @@ bool createPrivateFolder(const QString &path)
            ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
 }
 
+bool mayReadAndWrite(const QString &path)
+{
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK | W_OK, AT_EACCESS) == 0;
+}
+
 /// Makes an empty file where there is none. SQLite itself would make one that others can read.
 Result<> createMissingFile(const QString &path)
 {
-    if (!createPrivateFolder(QFileInfo(path).path()))
+    const QString folder = QFileInfo(path).path();
+    if (!createPrivateFolder(folder))
         return cannotOpen(path, u"its folder could not be created: %1"_s.arg(systemError()));
     const QByteArray encoded = QFile::encodeName(path);
     struct stat status = {};
-    if (::stat(encoded.constData(), &status) == 0)
-        return S_ISREG(status.st_mode) ? Result<>() : cannotOpen(path, u"it is not a file."_s);
+    if (::stat(encoded.constData(), &status) == 0) {
+        if (!S_ISREG(status.st_mode))
+            return cannotOpen(path, u"it is not a file."_s);
+        if (!mayReadAndWrite(path))
+            return cannotOpen(path, systemError());
+        if (!mayReadAndWrite(folder))
+            return cannotOpen(path, u"its folder cannot be written: %1"_s.arg(systemError()));
+        return {};
+    }
     const int file = ::open(encoded.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file < 0)
         return cannotOpen(path, systemError());

@@ -202,6 +202,44 @@ private slots:
         QCOMPARE(readFile(library.path(u"file"_s)), "bytes");
     }
 
+    void missingRights_data()
+    {
+        QTest::addColumn<int>("folderMode");
+        QTest::addColumn<int>("fileMode");
+        QTest::addColumn<QString>("reason");
+        QTest::newRow("file cannot be read") << 0777 << 0222 << u"opened: Permission denied"_s;
+        QTest::newRow("file cannot be written") << 0777 << 0444 << u"opened: Permission denied"_s;
+        QTest::newRow("folder cannot be written")
+            << 0555 << 0666 << u"its folder cannot be written: Permission denied"_s;
+        QTest::newRow("folder cannot be entered") << 0000 << 0666 << u"Permission denied"_s;
+    }
+
+    void missingRights()
+    {
+        QFETCH(int, folderMode);
+        QFETCH(int, fileMode);
+        QFETCH(QString, reason);
+        TestLibrary library;
+        library.addAsset(u"a"_s);
+        library.close();
+        const QString folder = QFileInfo(library.storeFile()).path();
+        const auto setMode = [](const QString &path, int mode) {
+            return ::chmod(QFile::encodeName(path).constData(), static_cast<mode_t>(mode)) == 0;
+        };
+        QVERIFY(setMode(library.path(u"."_s), 0755) && setMode(library.storeFile(), fileMode) &&
+                setMode(folder, folderMode));
+
+        // The superuser may do anything.
+        const bool isRoot = ::geteuid() == 0;
+        constexpr uid_t nobody = 65534;
+        QVERIFY(!isRoot || ::seteuid(nobody) == 0);
+        const QString error = library.openingError();
+        QVERIFY(!isRoot || ::seteuid(0) == 0);
+        QVERIFY2(error.contains(reason), qPrintable(error));
+        QVERIFY(setMode(folder, 0700) && setMode(library.storeFile(), 0600));
+        QCOMPARE(library.store().all<Asset>().size(), 1U);
+    }
+
     void zeroLengthFileIsANewLibrary()
     {
         TestLibrary library;
