@@ -1,0 +1,44 @@
+#include "app/cli/design_options.h"
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+constexpr double smallestScale = 0.01;
+constexpr double largestScale = 100;
+} // namespace
+
+std::vector<OptionSpec> designOptions()
+{
+    return {
+        {"style"_L1, "STYLE"_L1, "classic (the default), boxed, modern or neon"_L1},
+        {"shape"_L1, "SHAPE"_L1, "9:16 (the default), 4:5 or 1:1"_L1},
+        {"text-pos"_L1, "X,Y"_L1,
+         "centre of the main text as fractions of width and height; 0.5,0.5 by default"_L1},
+        {"text-scale"_L1, "F"_L1, "size of the main text; 1 by default"_L1},
+        {"subtitle-pos"_L1, "X,Y"_L1, "centre of the subtitle; 0.5,0.8 by default"_L1},
+        {"subtitle-scale"_L1, "F"_L1, "size of the subtitle; 1 by default"_L1},
+        {"box-color"_L1, "HEX"_L1,
+         "box colour, RRGGBB or RRGGBBAA; by default FFFFFF for boxed and 000000 for the others"_L1},
+    };
+}
+
+SlideDesign readDesign(OptionReader &options)
+{
+    SlideDesign design;
+    design.style = options.style("style"_L1).value_or(design.style);
+    design.shape = options.shape("shape"_L1).value_or(design.shape);
+    design.textPos = options.position("text-pos"_L1).value_or(design.textPos);
+    design.textScale = options.real("text-scale"_L1, smallestScale, largestScale).value_or(design.textScale);
+    design.subtitlePos = options.position("subtitle-pos"_L1).value_or(design.subtitlePos);
+    design.subtitleScale =
+        options.real("subtitle-scale"_L1, smallestScale, largestScale).value_or(design.subtitleScale);
+    constexpr RgbaColor black{0, 0, 0, 1};
+    constexpr RgbaColor white{1, 1, 1, 1};
+    design.boxColor =
+        options.color("box-color"_L1).value_or(design.style == TextStyle::boxed ? white : black);
+    return design;
+}
+
+} // namespace mosslantern

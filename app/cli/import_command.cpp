@@ -1,0 +1,60 @@
+#include "app/cli/commands.h"
+#include "app/cli/interruption.h"
+#include "app/cli/library.h"
+#include "app/cli/output.h"
+#include "app/cli/picture_import.h"
+#include "app/cli/record_json.h"
+#include "app/cli/record_lookup.h"
+#include "model/asset.h"
+#include "model/console.h"
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int importFiles(const Arguments &arguments)
+{
+    const bool wantsJson = arguments.has("json"_L1);
+    if (wantsJson)
+        setConsoleStream(stderr);
+    const auto store = openOrMakeLibrary(arguments);
+    if (!store)
+        return failedWith(store.error());
+    const Interruption interruption;
+    const PictureImport imported = importPictures(arguments.positionals(), **store, interruption);
+    const int status = saveLibrary(**store, imported.isComplete ? done : failed);
+
+    Json json = Json::array();
+    for (const Asset *asset : imported.assets) {
+        if (wantsJson)
+            json.push_back(toJson(*asset));
+        else
+            writeRow({idText(asset->id()), asset->name()});
+    }
+    if (wantsJson)
+        writeJson(json);
+    return interruption.exitStatus(status);
+}
+
+} // namespace
+
+std::vector<Command> importCommands()
+{
+    return {{
+        .name = "import"_L1,
+        .usage = "[--json] FILE..."_L1,
+        .fewestOperands = 1,
+        .mostOperands = anyNumber,
+        .summary = "copy picture files into the library"_L1,
+        .details =
+            "Copies picture files into the library and prints the id and the name of each new asset. Of a "
+            "folder, all pictures right in it are taken. A file that is not a picture is reported and left "
+            "out; the others are imported all the same."_L1,
+        .options = {{"json"_L1, {}, "print the new assets as a JSON array"_L1}},
+        .run = importFiles,
+    }};
+}
+
+} // namespace mosslantern

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/cli/arguments.h"
+#include "model/store.h"
+
+namespace mosslantern {
+
+/// The library that the command line names, or the user's own.
+LibraryLocation libraryLocation(const Arguments &arguments);
+
+/// Opens that library, or makes it.
+Result<std::unique_ptr<Store>> openOrMakeLibrary(const Arguments &arguments);
+
+/// As openOrMakeLibrary(), but a folder named by --library must hold a library already.
+Result<std::unique_ptr<Store>> openLibrary(const Arguments &arguments);
+
+/// Saves all changes; reports when that fails. Gives `status`, or 1 then.
+int saveLibrary(Store &store, int status);
+
+} // namespace mosslantern

@@ -1,0 +1,94 @@
+#include "app/cli/output.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int brokenPipeStatus = 128 + SIGPIPE;
+
+bool readerIsGone()
+{
+    pollfd output{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
+    return ::poll(&output, 1, 0) == 1 && (output.revents & POLLERR) != 0;
+}
+
+} // namespace
+
+void prepareStandardStreams()
+{
+    // Opened the wrong way round, so that using a stream that the caller closed is still an error.
+    for (const auto &[stream, mode] : {std::pair(STDIN_FILENO, O_WRONLY), std::pair(STDOUT_FILENO, O_RDONLY),
+                                       std::pair(STDERR_FILENO, O_RDONLY)}) {
+        if (::fcntl(stream, F_GETFD) < 0 && ::open("/dev/null", mode) != stream)
+            ::_exit(failed);
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
+void writeOut(QByteArrayView bytes)
+{
+    std::fwrite(bytes.data(), 1, static_cast<size_t>(bytes.size()), stdout);
+}
+
+void writeRow(const QStringList &fields)
+{
+    QStringList columns;
+    for (const QString &field : fields)
+        columns.append(printable(field));
+    writeOut(columns.join(u'\t').toUtf8() + '\n');
+}
+
+QString printable(QStringView text)
+{
+    QString line = text.toString();
+    for (QChar &c : line) {
+        if (c.isSpace())
+            c = u' ';
+        else if (c.category() == QChar::Other_Control)
+            c = QChar::ReplacementCharacter;
+    }
+    return line;
+}
+
+void report(QStringView message)
+{
+    const QByteArray line = "mosslantern-cli: " + printable(message).toUtf8() + '\n';
+    std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
+}
+
+int failedWith(const Error &error)
+{
+    report(error.message);
+    return failed;
+}
+
+int wrongUsage(QStringView problem)
+{
+    report(problem);
+    return badUsage;
+}
+
+int finishOutput(int status)
+{
+    errno = 0;
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    const int error = errno;
+    if (readerIsGone())
+        return brokenPipeStatus;
+    report(u"standard output could not be written"_s +
+           (error ? u": "_s + qt_error_string(error) : QString()));
+    return failed;
+}
+
+} // namespace mosslantern

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "model/error.h"
+
+#include <QtCore/QStringList>
+
+namespace mosslantern {
+
+/// The pictures that a command line names.
+struct PictureArguments
+{
+    QStringList files;
+    /// About empty names, and folders that could not be read or hold no pictures.
+    QList<Error> problems;
+    /// Whether a folder stood among the arguments.
+    bool hasFolder = false;
+};
+
+/// Each argument as it is, or, of a folder, the pictures right in it: the files that are called like pictures
+/// or begin like one, hidden ones left out, sorted as people count ("9.jpg" before "10.jpg").
+PictureArguments pictureArguments(const QStringList &arguments);
+
+} // namespace mosslantern

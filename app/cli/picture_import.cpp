@@ -1,0 +1,56 @@
+#include "app/cli/picture_import.h"
+
+#include "app/cli/interruption.h"
+#include "app/cli/output.h"
+#include "app/cli/picture_arguments.h"
+#include "app/cli/progress.h"
+#include "model/asset.h"
+#include "model/image_files.h"
+#include "render/picture_loader.h"
+
+#include <QtCore/QFileInfo>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// So that little is lost when the program is killed, and saving takes little of the time.
+constexpr qsizetype filesPerSave = 100;
+
+Result<Asset *> importPicture(const QString &file, Store &store)
+{
+    if (const auto info = readPictureInfo(file); !info)
+        return std::unexpected(info.error());
+    return importAsset(QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath()), store);
+}
+
+} // namespace
+
+PictureImport importPictures(const QStringList &filesAndFolders, Store &store,
+                             const Interruption &interruption)
+{
+    PictureImport imported;
+    const auto fail = [&](const QString &problem) {
+        report(problem);
+        imported.isComplete = false;
+    };
+    const PictureArguments pictures = pictureArguments(filesAndFolders);
+    for (const Error &problem : pictures.problems)
+        fail(problem.message);
+
+    Progress progress(u"pictures"_s);
+    for (qsizetype i = 0; i < pictures.files.size() && !interruption.isRequested(); ++i) {
+        if (const Result<Asset *> asset = importPicture(pictures.files[i], store))
+            imported.assets.push_back(*asset);
+        else
+            fail(pictures.files[i] + u": "_s + asset.error().message);
+        if (i % filesPerSave == filesPerSave - 1)
+            static_cast<void>(store.flush()); // What this cannot save, the last attempt reports.
+        progress.show(i + 1, pictures.files.size());
+    }
+    return imported;
+}
+
+} // namespace mosslantern

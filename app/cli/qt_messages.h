@@ -1,0 +1,9 @@
+#pragma once
+
+namespace mosslantern {
+
+/// Passes Qt's warnings on to standard error in the form of report(), but for those that tell the user
+/// nothing: what picture files contain is judged by our own errors.
+void quietQt();
+
+} // namespace mosslantern

@@ -1,0 +1,159 @@
+#include "app/cli/commands.h"
+#include "app/cli/design_options.h"
+#include "app/cli/interruption.h"
+#include "app/cli/output.h"
+#include "app/cli/picture_arguments.h"
+#include "app/cli/progress.h"
+#include "app/cli/render_targets.h"
+#include "render/export/png_file.h"
+#include "render/picture_geometry.h"
+
+#include <QtCore/QDir>
+
+#include <algorithm>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double smallestRatio = 0.01;
+constexpr double largestRatio = 100;
+
+/// Whether pictures of this size can be made; also where it does not fit into whole numbers.
+bool isDrawable(const Canvas &canvas)
+{
+    constexpr int bytesPerPixel = 4;
+    const QSizeF pixels = canvas.size * canvas.pixelRatio;
+    return std::max(pixels.width(), pixels.height()) <= longestPictureSide &&
+           checkPictureSize(canvas.pixelSize(), bytesPerPixel);
+}
+
+/// The file that each slide goes to.
+Result<QStringList> chooseFiles(const PictureArguments &pictures, const QString &out)
+{
+    const bool isFile = pictures.files.size() == 1 && !pictures.hasFolder && !QFileInfo(out).isDir() &&
+                        out.endsWith(".png"_L1, Qt::CaseInsensitive);
+    if (isFile) {
+        const QString picture = QFileInfo(pictures.files.first()).canonicalFilePath();
+        if (!picture.isEmpty() && picture == QFileInfo(out).canonicalFilePath())
+            return fail(u"“%1” is the picture itself, which is never replaced."_s.arg(out));
+        return QStringList{out};
+    }
+    if (!QDir().mkpath(out))
+        return fail(u"The folder “%1” could not be created."_s.arg(out));
+    QStringList files;
+    for (const RenderTarget &target : renderTargets(pictures.files, out)) {
+        if (target.isNumbered)
+            report(u"“%1” is drawn as “%2”, because another picture has its name."_s.arg(
+                pictures.files[files.size()], target.file));
+        files.append(target.file);
+    }
+    return files;
+}
+
+/// Draws each picture into its file. Gives the exit status.
+int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &pictures,
+            const QStringList &files)
+{
+    std::vector<SlideJob> jobs;
+    for (const QString &picture : pictures)
+        jobs.push_back({values, canvas, picture});
+
+    const Interruption interruption;
+    int status = done;
+    QStringList written;
+    {
+        Progress progress(u"slides"_s);
+        const auto write = [&](size_t index, const EncodedSlide &slide) {
+            const auto i = static_cast<qsizetype>(index);
+            if (!slide.pictureProblem.isEmpty())
+                status = failedWith({pictures[i] + u": "_s + slide.pictureProblem});
+            else if (const Result<> outcome = writePngFile(files[i], slide); !outcome)
+                status = failedWith(outcome.error());
+            else
+                written.append(files[i]);
+            progress.show(i + 1, files.size());
+            return !interruption.isRequested();
+        };
+        SlideRenderer().render(jobs, write);
+    }
+    for (const QString &file : written)
+        writeRow({file});
+    return interruption.exitStatus(status);
+}
+
+int render(const Arguments &arguments)
+{
+    OptionReader options(arguments);
+    const SlideDesign design = readDesign(options);
+    Canvas canvas = exportCanvas(design.shape);
+    canvas.size = options.size("size"_L1).value_or(canvas.size);
+    canvas.pixelRatio =
+        options.real("pixel-ratio"_L1, smallestRatio, largestRatio).value_or(canvas.pixelRatio);
+    const QString out = options.required("out"_L1);
+    if (options.problem())
+        return wrongUsage(*options.problem());
+    if (!arguments.has("text"_L1))
+        return wrongUsage(u"--text is missing");
+    if (arguments.has("size"_L1) && arguments.has("shape"_L1))
+        return wrongUsage(u"expected either --shape or --size");
+    if (!isDrawable(canvas))
+        return wrongUsage(u"--size and --pixel-ratio: expected fewer pixels");
+
+    const PictureArguments pictures = pictureArguments(arguments.positionals());
+    for (const Error &problem : pictures.problems)
+        report(problem.message);
+    if (pictures.files.isEmpty())
+        return failed;
+    const Result<QStringList> files = chooseFiles(pictures, out);
+    if (!files)
+        return failedWith(files.error());
+    const SlideValues values{.text = *arguments.value("text"_L1),
+                             .subtitle = arguments.value("subtitle"_L1).value_or(QString()),
+                             .style = design.style,
+                             .textPos = design.textPos,
+                             .textScale = design.textScale,
+                             .subtitlePos = design.subtitlePos,
+                             .subtitleScale = design.subtitleScale,
+                             .boxColor = design.boxColor};
+    const int status = drawAll(values, canvas, pictures.files, *files);
+    return status == done && !pictures.problems.isEmpty() ? failed : status;
+}
+
+std::vector<OptionSpec> renderOptions()
+{
+    std::vector<OptionSpec> options{
+        {"text"_L1, "TEXT"_L1, "the main text"_L1},
+        {"subtitle"_L1, "TEXT"_L1, "the subtitle; none by default"_L1},
+        {"out"_L1, "FILE.png|DIR"_L1, "the file for one picture, or the folder for several"_L1},
+        {"size"_L1, "WxH"_L1, "canvas in points; by default that of the shape"_L1},
+        {"pixel-ratio"_L1, "F"_L1, "pixels per point; 2 by default"_L1},
+    };
+    std::ranges::copy(designOptions(), std::back_inserter(options));
+    return options;
+}
+
+} // namespace
+
+std::vector<Command> renderCommands()
+{
+    return {{
+        .name = "render"_L1,
+        .usage = "[OPTION...] --text TEXT (--out FILE.png IMAGE | --out DIR IMAGE...)"_L1,
+        .fewestOperands = 1,
+        .mostOperands = anyNumber,
+        .summary = "draw one text on pictures, without a library"_L1,
+        .details =
+            "Draws the same text on every picture, or every picture of a folder, and prints the PNG files. "
+            "In "
+            "a folder each is called like its picture. Files of the same names are replaced, but never one "
+            "of the pictures. A picture that cannot be read is reported; the others are drawn."_L1,
+        .options = renderOptions(),
+        .draws = true,
+        .run = render,
+    }};
+}
+
+} // namespace mosslantern

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/batch_groups.h"
+#include "model/error.h"
+
+namespace mosslantern {
+
+class Interruption;
+
+/// Exports slideshows in this order into folders below `folder`, all with the same batch name, and prints
+/// their folder. Shows progress, reports what went wrong, ends early when there is an interruption. Gives the
+/// exit status.
+int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder,
+                const Interruption &interruption);
+
+/// Exports one slideshow straight into `folder` in the same manner.
+int exportSingle(const Slideshow &slideshow, const QString &folder);
+
+} // namespace mosslantern
