@@ -4,6 +4,7 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDirIterator>
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtGui/QImageReader>
 #include <QtGui/QImageWriter>
@@ -94,6 +95,12 @@ int main(int argc, char **argv)
     const QByteArray camera = cameraFile();
     measure("thumbnail of 24 MP", makeThumbnail, camera);
     measure("thumbnail of 24 MP with Qt", makeThumbnailWithQt, camera);
+    QFile progressive(u"/usr/share/backgrounds/mate/abstract/Elephants_5640x3172.jpg"_s);
+    if (progressive.open(QIODevice::ReadOnly)) {
+        const QByteArray file = progressive.readAll();
+        measure("thumbnail of 18 MP, progressive", makeThumbnail, file);
+        measure("thumbnail of 18 MP, progressive, with Qt", makeThumbnailWithQt, file);
+    }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

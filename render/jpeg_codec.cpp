@@ -126,7 +126,16 @@ bool JpegCodec::tryStart(JDIMENSION *left, JDIMENSION *width, int top)
 {
     if (setjmp(m_failed))
         return false;
+    // At an eighth each block becomes its average, which the first scans of a progressive picture hold.
+    m_jpeg.buffered_image = m_jpeg.progressive_mode && m_jpeg.scale_num == 1 ? TRUE : FALSE;
+    m_jpeg.do_block_smoothing = !m_jpeg.buffered_image;
     jpeg_start_decompress(&m_jpeg);
+    if (m_jpeg.buffered_image) {
+        int status = JPEG_SUSPENDED;
+        while (status != JPEG_REACHED_EOI && !(status == JPEG_SCAN_COMPLETED && hasAverages()))
+            status = jpeg_consume_input(&m_jpeg);
+        jpeg_start_output(&m_jpeg, m_jpeg.input_scan_number);
+    }
     if (*width < m_jpeg.output_width)
         jpeg_crop_scanline(&m_jpeg, left, width);
     if (top > 0)
@@ -149,6 +158,12 @@ bool JpegCodec::tryReadRows(uchar *rows, qsizetype bytesPerRow, int count)
         jpeg_read_scanlines(&m_jpeg, next, open);
     }
     return true;
+}
+
+bool JpegCodec::hasAverages() const
+{
+    const auto components = std::span(m_jpeg.coef_bits, size_t(m_jpeg.num_components));
+    return std::ranges::all_of(components, [](const auto &bits) { return bits[0] >= 0; });
 }
 
 void JpegCodec::noteEndOfData()

@@ -46,6 +46,7 @@ private:
     bool tryReadHeader();
     bool tryStart(JDIMENSION *left, JDIMENSION *width, int top);
     bool tryReadRows(uchar *rows, qsizetype bytesPerRow, int count);
+    bool hasAverages() const;
     void noteEndOfData();
     bool isMissingTooMuch() const;
     Error failure() const;

@@ -13,7 +13,8 @@ namespace mosslantern {
 
 namespace {
 
-constexpr qint64 memoryBound = qint64(1) << 30;
+// Enough for 108 megapixels at full size even of a progressive picture, all of which is held at once.
+constexpr qint64 memoryBound = qint64(5) << 28;
 
 // Upsampling of the colours looks at neighbours, which are missing at the edge of what is decoded.
 constexpr int upsamplingMargin = 2;

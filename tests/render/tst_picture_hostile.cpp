@@ -41,6 +41,13 @@ long peakMegabytes()
     return usage.ru_maxrss / 1024;
 }
 
+/// One of three that make the decoders work differently.
+PictureRequest anyRequest(size_t i)
+{
+    const PictureRequest requests[]{{}, {{20, 30}, true}, {{4, 5}, true}};
+    return requests[i % std::size(requests)];
+}
+
 QByteArray patched(QByteArray file, qsizetype at, const QByteArray &bytes)
 {
     return file.replace(at, bytes.size(), bytes);
@@ -164,7 +171,7 @@ void PictureHostileTest::survivesCutFiles()
     QVERIFY2(decodePicture(file, {}), reason(decodePicture(file, {})));
     const qsizetype step = std::max<qsizetype>(1, file.size() / 300);
     for (qsizetype size = 0; size < file.size(); size += size < 200 ? 1 : step) {
-        const auto picture = decodePicture(file.first(size), {{20, 30}, true});
+        const auto picture = decodePicture(file.first(size), anyRequest(size_t(size)));
         QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
         QVERIFY(!picture || size > 32);
     }
@@ -204,8 +211,7 @@ void PictureHostileTest::survivesBrokenFiles()
             if (broken.size() < file.size())
                 broken.resize(file.size(), '\0');
         }
-        const auto picture =
-            decodePicture(broken, random() % 2 ? PictureRequest{} : PictureRequest{{20, 30}, true});
+        const auto picture = decodePicture(broken, anyRequest(random()));
         QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
     }
 }

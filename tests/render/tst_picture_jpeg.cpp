@@ -88,9 +88,10 @@ void PictureJpegTest::showsTheRegion()
         const QImage whole = upright(stored, orientation);
         const auto picture = decodePicture(jpegWithOrientation(file, orientation), request);
         QVERIFY2(picture, reason(picture));
-        // Reduced pixels are averages; at an eighth so are, coarser still, their colours.
+        // Reduced pixels are averages, of 8 × 8 and more for the small requests, and the last ones of a row
+        // or column are averages of less than they span.
         const double scale = neededScale(whole.size(), request);
-        const int tolerance = scale == 1 ? 0 : scale > 0.25 ? 4 : 20;
+        const int tolerance = scale == 1 ? 0 : scale > 0.25 ? 4 : 30;
         const QString wrong = mistake(*picture, request, whole, tolerance);
         QVERIFY2(wrong.isEmpty(), qPrintable(u"orientation %1: %2"_s.arg(orientation).arg(wrong)));
     }
