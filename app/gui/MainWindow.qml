@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Library
+import Mosslantern.App
+
+T.ApplicationWindow {
+    id: root
+
+    required property ScreenContext context
+    /// In the order of the sidebar.
+    readonly property list<string> screens: ["../Library/AssetLibraryScreen.qml", "../Library/CollectionsScreen.qml", "SlideshowsScreen.qml"]
+
+    width: 1280
+    height: 800
+    minimumWidth: 1200
+    minimumHeight: 700
+    visible: false
+    title: qsTr("Mosslantern")
+    color: Theme.windowBackground
+    Component.onCompleted: showSelectedScreen()
+
+    ContentView {
+        id: content
+        objectName: "contentView"
+        onSelectedScreenChanged: root.showSelectedScreen()
+    }
+
+    T.SplitView {
+        anchors.fill: parent
+        orientation: Qt.Horizontal
+        handle: SplitHandle {}
+
+        Sidebar {
+            content: content
+            T.SplitView.minimumWidth: 180
+            T.SplitView.preferredWidth: 200
+            T.SplitView.maximumWidth: 220
+        }
+
+        Item {
+            T.SplitView.fillWidth: true
+
+            Text {
+                anchors.centerIn: parent
+                visible: content.selectedIndex < 0
+                text: qsTr("Select an item")
+                color: Theme.primary
+                font.family: Theme.family
+                font.pixelSize: Theme.body
+                Accessible.role: Accessible.StaticText
+                Accessible.name: text
+            }
+            Loader {
+                id: detail
+                objectName: "detail"
+                anchors.fill: parent
+            }
+        }
+    }
+
+    function showSelectedScreen() {
+        if (content.selectedIndex < 0)
+            detail.setSource("")
+        else
+            detail.setSource(screens[content.selectedIndex], {"context": context})
+    }
+}

@@ -1,0 +1,89 @@
+import QtQuick
+import Mosslantern.Common
+
+Item {
+    id: root
+
+    required property int index
+    required property string heading
+    required property string label
+    required property string symbol
+    required property bool isSelected
+    required property bool isFocused
+
+    signal chosen
+    signal released
+    signal pointed
+
+    objectName: "sidebarRow" + index
+    implicitHeight: 32 + title.height
+    Accessible.role: Accessible.ListItem
+    Accessible.name: label
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.onPressAction: chosen()
+
+    Text {
+        id: title
+        width: parent.width
+        height: root.heading !== "" ? (root.index === 0 ? 24 : 36) : 0
+        visible: height > 0
+        leftPadding: 10
+        bottomPadding: 5
+        text: root.heading
+        color: Theme.secondary
+        font.family: Theme.family
+        font.pixelSize: Theme.caption
+        font.weight: Font.DemiBold
+        verticalAlignment: Text.AlignBottom
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    Rectangle {
+        id: row
+        anchors.fill: parent
+        anchors.topMargin: title.height + 1
+        anchors.bottomMargin: 1
+        radius: Theme.controlRadius
+        color: root.isSelected ? (root.isFocused ? Theme.accent : Theme.selected)
+             : hover.hovered ? Theme.hovered : "transparent"
+
+        Symbol {
+            id: icon
+            x: 10
+            anchors.verticalCenter: parent.verticalCenter
+            name: root.symbol
+            size: 17
+            color: root.isFocused ? Theme.accentText : Theme.blue
+        }
+        ElidedText {
+            anchors.left: icon.right
+            anchors.leftMargin: 9
+            anchors.right: parent.right
+            anchors.rightMargin: 8
+            anchors.verticalCenter: parent.verticalCenter
+            text: root.label
+            color: root.isFocused ? Theme.accentText : Theme.primary
+        }
+        HoverHandler {
+            id: hover
+        }
+        TapHandler {
+            acceptedModifiers: Qt.NoModifier
+            onTapped: {
+                root.pointed()
+                root.chosen()
+            }
+        }
+        TapHandler {
+            acceptedModifiers: Qt.ControlModifier
+            onTapped: {
+                root.pointed()
+                if (root.isSelected)
+                    root.released()
+                else
+                    root.chosen()
+            }
+        }
+    }
+}

@@ -1,0 +1,85 @@
+// Opens the application on a prepared library, goes through its screens and states, and writes a picture of
+// each into a folder: tour FOLDER.
+
+#include "model/image_files.h"
+#include "tests/ui/ui_session.h"
+#include "ui/common/interface_fonts.h"
+
+#include <QtCore/QDir>
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Tour
+{
+public:
+    explicit Tour(const QString &folder)
+        : m_folder(folder)
+    {
+        m_folder.mkpath(u"."_s);
+    }
+
+    void run();
+
+private:
+    void importPictures();
+    void waitForThumbnails();
+    void picture(const QString &name);
+
+    UiSession m_session;
+    QDir m_folder;
+};
+
+void Tour::importPictures()
+{
+    const QDir nature(u"/usr/share/backgrounds/mate/nature"_s);
+    for (const QFileInfo &file : nature.entryInfoList({u"*.jpg"_s}, QDir::Files, QDir::Name))
+        static_cast<void>(importAsset(QUrl::fromLocalFile(file.filePath()), m_session.store()));
+    m_session.library().addAsset(u"A photograph whose file has gone missing.jpg"_s);
+}
+
+void Tour::waitForThumbnails()
+{
+    QTest::qWait(1500);
+}
+
+void Tour::picture(const QString &name)
+{
+    const QString file = m_folder.filePath(name + u".png"_s);
+    if (!m_session.grab().save(file))
+        qFatal("%s cannot be written", qPrintable(file));
+}
+
+void Tour::run()
+{
+    m_session.open();
+    picture(u"assets-empty"_s);
+    importPictures();
+    m_session.settle();
+    picture(u"assets-loading"_s);
+    waitForThumbnails();
+    picture(u"assets"_s);
+    m_session.key(Qt::Key_Tab);
+    m_session.key(Qt::Key_Right);
+    picture(u"assets-keyboard"_s);
+    m_session.click(u"assetCell"_s, 2, Qt::RightButton);
+    QTest::qWait(300);
+    picture(u"assets-menu"_s);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    const QApplication application(argc, argv);
+    if (argc != 2)
+        qFatal("usage: tour FOLDER");
+    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+        qFatal("%s", qPrintable(fonts.error().message));
+    Tour(QString::fromLocal8Bit(argv[1])).run();
+}

@@ -1,0 +1,120 @@
+#include "tests/ui/ui_session.h"
+
+#include <QtTest/QtTest>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void collect(QQuickItem *item, const std::function<bool(QQuickItem *)> &wanted, QList<QQuickItem *> &found)
+{
+    if (!item->isVisible())
+        return;
+    if (wanted(item))
+        found.append(item);
+    for (QQuickItem *child : item->childItems())
+        collect(child, wanted, found);
+}
+
+QList<QQuickItem *> visibleItems(QQuickWindow *window, const std::function<bool(QQuickItem *)> &wanted)
+{
+    QList<QQuickItem *> found;
+    collect(window->contentItem(), wanted, found);
+    std::ranges::stable_sort(found, [](QQuickItem *a, QQuickItem *b) {
+        const QPointF p = a->mapToScene({});
+        const QPointF q = b->mapToScene({});
+        return std::pair(p.y(), p.x()) < std::pair(q.y(), q.x());
+    });
+    return found;
+}
+
+} // namespace
+
+UiSession::UiSession() = default;
+
+UiSession::~UiSession()
+{
+    m_engine.reset();
+}
+
+QQuickWindow *UiSession::open()
+{
+    m_context = std::make_unique<ScreenContext>(store(), m_panels);
+    m_engine = std::make_unique<QQmlApplicationEngine>();
+    m_engine->addImportPath(u"qrc:/qt/qml"_s);
+    m_engine->setInitialProperties({{u"context"_s, QVariant::fromValue(m_context.get())}});
+    m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/MainWindow.qml"_s));
+    if (m_engine->rootObjects().isEmpty())
+        qFatal("The window cannot be made.");
+    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window))
+        qFatal("The window does not show.");
+    m_window->requestActivate();
+    static_cast<void>(QTest::qWaitForWindowActive(m_window));
+    settle();
+    return m_window;
+}
+
+QQuickItem *UiSession::find(const QString &objectName, int nth) const
+{
+    return visibleItems(m_window, [&](QQuickItem *item) { return item->objectName() == objectName; })
+        .value(nth);
+}
+
+int UiSession::count(const QString &objectName) const
+{
+    return static_cast<int>(
+        visibleItems(m_window, [&](QQuickItem *item) { return item->objectName() == objectName; }).size());
+}
+
+QQuickItem *UiSession::findText(const QString &text) const
+{
+    return visibleItems(m_window, [&](QQuickItem *item) { return item->property("text").toString() == text; })
+        .value(0);
+}
+
+bool UiSession::click(const QString &objectName, int nth, Qt::MouseButton button,
+                      Qt::KeyboardModifiers modifiers)
+{
+    QQuickItem *const item = find(objectName, nth);
+    if (!item || !item->isEnabled() || item->size().isEmpty()) {
+        qWarning("%s cannot be clicked", qPrintable(objectName));
+        return false;
+    }
+    const QPointF middle = item->mapToScene(item->boundingRect().center());
+    QTest::mouseClick(m_window, button, modifiers, middle.toPoint());
+    settle();
+    return true;
+}
+
+void UiSession::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(m_window, key, modifiers);
+    settle();
+}
+
+void UiSession::type(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, QString(character), {});
+    settle();
+}
+
+void UiSession::settle()
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+QImage UiSession::grab()
+{
+    settle();
+    return m_window->grabWindow();
+}
+
+} // namespace mosslantern

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "tests/model/test_library.h"
+#include "ui/common/file_panels.h"
+#include "ui/common/screen_context.h"
+
+#include <QtQml/QQmlApplicationEngine>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+namespace mosslantern {
+
+/// A file panel whose user is the test.
+class TestFilePanels : public FilePanels
+{
+public:
+    void openImages(Picked picked) override { m_picked = std::move(picked); }
+
+    bool isShown() const { return m_picked != nullptr; }
+    void answer(const Result<QList<QUrl>> &files) { std::exchange(m_picked, {})(files); }
+
+private:
+    Picked m_picked;
+};
+
+/// A window of the application on a library of its own.
+class UiSession
+{
+public:
+    UiSession();
+    ~UiSession();
+
+    TestLibrary &library() { return m_library; }
+    Store &store() { return m_library.store(); }
+    TestFilePanels &panels() { return m_panels; }
+
+    /// Opens the main window; waits until it shows its first frame.
+    QQuickWindow *open();
+    QQuickWindow *window() const { return m_window; }
+
+    /// The visible item of this name; null when there is none. `nth` counts from the top left.
+    QQuickItem *find(const QString &objectName, int nth = 0) const;
+    int count(const QString &objectName) const;
+
+    /// A visible item that shows exactly this text.
+    QQuickItem *findText(const QString &text) const;
+
+    /// The mouse on the middle of an item; false, and a failure, when it is not there or disabled.
+    bool click(const QString &objectName, int nth = 0, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = {});
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void type(const QString &text);
+
+    /// Lets the window draw what has changed.
+    void settle();
+    QImage grab();
+
+private:
+    TestLibrary m_library;
+    TestFilePanels m_panels;
+    std::unique_ptr<ScreenContext> m_context;
+    std::unique_ptr<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
+};
+
+} // namespace mosslantern

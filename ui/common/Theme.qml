@@ -1,0 +1,54 @@
+pragma Singleton
+
+import QtQuick
+
+/// Every colour, font size and distance of the interface.
+QtObject {
+    // Surfaces, from the deepest to the highest.
+    readonly property color textBackground: "#121415"
+    readonly property color sidebarBackground: "#16191a"
+    readonly property color windowBackground: "#1b1e1f"
+    readonly property color controlBackground: "#24282a"
+    readonly property color raisedBackground: "#2a2f31"
+    readonly property color separator: "#34393b"
+
+    // Text and symbols.
+    readonly property color primary: "#eceeec"
+    readonly property color secondary: "#9da4a3"
+    readonly property color disabled: "#5e6566"
+    readonly property color accentText: "#ffffff"
+
+    // Meaning.
+    readonly property color accent: "#3f82f0"
+    readonly property color accentHovered: "#5491f4"
+    readonly property color accentPressed: "#3573db"
+    readonly property color blue: "#4c8ff7"
+    readonly property color red: "#ff6961"
+    readonly property color lantern: "#e8b85c"
+
+    // States laid over a surface.
+    readonly property color hovered: "#0fffffff"
+    readonly property color pressed: "#1cffffff"
+    readonly property color selected: "#24ffffff"
+    readonly property color scrim: "#99000000"
+
+    // Font sizes in points of the screen.
+    readonly property string family: "Inter"
+    readonly property string monospaced: "JetBrains Mono"
+    readonly property int caption: 11
+    readonly property int body: 13
+    readonly property int headline: 13
+    readonly property int title3: 15
+    readonly property int title2: 18
+    readonly property int largeTitle: 26
+
+    // Distances.
+    readonly property int padding: 16
+    readonly property int spacing: 8
+    readonly property int controlHeight: 28
+    readonly property int headerHeight: 52
+    readonly property int controlRadius: 6
+    readonly property int sheetRadius: 12
+    readonly property int focusWidth: 2
+    readonly property int quick: 120
+}

@@ -1,0 +1,87 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Mosslantern.Common
+import Mosslantern.Library
+
+/// Every imported image as a thumbnail, and the tile that imports more.
+FocusScope {
+    id: root
+
+    required property ScreenContext context
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Assets")
+
+    AssetLibraryView {
+        id: library
+        context: root.context
+    }
+
+    ScreenHeader {
+        id: header
+        width: parent.width
+        title: qsTr("Assets")
+    }
+
+    AdaptiveGrid {
+        id: grid
+        objectName: "assetGrid"
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        width: parent.width
+        focus: true
+        model: library.cells
+        minimumColumnWidth: 150
+        maximumColumnWidth: 200
+        columnSpacing: 20
+        rowSpacing: 20
+        rowHeight: 150 + Theme.spacing + 14
+
+        delegate: AssetCell {
+            grid: grid
+            onMenuRequested: (position) => menu.openFor(this, position)
+            onDeletionRequested: library.deleteAsset(record)
+            onImportRequested: library.isImporterPresented = true
+        }
+    }
+
+    ContextMenu {
+        id: menu
+        objectName: "assetMenu"
+
+        property Asset asset
+
+        function openFor(cell: AssetCell, position: point) {
+            asset = cell.record
+            popup(cell, position)
+        }
+
+        ContextMenuItem {
+            objectName: "deleteAsset"
+            text: qsTr("Delete")
+            isDestructive: true
+            onTriggered: library.deleteAsset(menu.asset)
+        }
+    }
+
+    DropArea {
+        anchors.fill: grid
+        keys: ["text/uri-list"]
+        onEntered: (drag) => drag.accepted = drag.hasUrls
+        onDropped: (drop) => {
+            if (library.importDropped(drop.urls))
+                drop.accept(Qt.CopyAction)
+        }
+
+        RoundedArea {
+            anchors.fill: parent
+            anchors.margins: 8
+            visible: parent.containsDrag
+            radius: 12
+            color: "#143f82f0"
+            borderColor: Theme.accent
+            borderWidth: 2
+        }
+    }
+}
