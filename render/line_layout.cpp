@@ -1,5 +1,6 @@
 #include "render/line_layout.h"
 
+#include "render/emoji_picture.h"
 #include "render/emoji_runs.h"
 
 #include <QtGui/QFontMetricsF>
@@ -89,7 +90,7 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
     for (const QGlyphRun &run : m_runs) {
         const QRawFont font = run.rawFont();
         if (isEmojiFont(font)) {
-            painter.drawGlyphRun(QPointF(), run);
+            drawEmojiRun(painter, run);
             continue;
         }
         QPainterPath outlines;
