@@ -3,6 +3,7 @@
 #include "model/error.h"
 
 #include <QtCore/QList>
+#include <QtCore/QObject>
 #include <QtCore/QString>
 
 #include <optional>
@@ -38,6 +39,11 @@ struct SlideContentJSON
 /// One parsed entry of a slide content, as generator and preview use it.
 struct SlideText
 {
+    Q_GADGET
+    Q_PROPERTY(QString main MEMBER main CONSTANT)
+    Q_PROPERTY(QString subtitle MEMBER subtitle CONSTANT)
+
+public:
     QString main;
     /// Empty when the entry has none.
     QString subtitle;

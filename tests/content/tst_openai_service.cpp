@@ -71,7 +71,6 @@ private slots:
     void stopsTooSlowAnswers_data();
     void stopsTooSlowAnswers();
     void takesLargeAnswersInPieces();
-    void runsAreIndependent();
     void survivesItsEnd();
     void verifiesCertificates();
 };
@@ -309,21 +308,6 @@ void TestOpenAIService::takesLargeAnswersInPieces()
     const qsizetype length = ask(service).size();
     QSslConfiguration::setDefaultConfiguration(usual);
     QCOMPARE(length, 50'000'000 + QByteArray("{\n  \"a\": \"\"\n}").size());
-}
-
-void TestOpenAIService::runsAreIndependent()
-{
-    QList<QTcpSocket *> waiting;
-    const TestServer server([&waiting](QTcpSocket *socket) { waiting += socket; });
-    OpenAIService service(httpBase(server));
-    auto first = service.generateVariations(u"1"_s, u""_s, u""_s, 1);
-    auto second = service.generateVariations(u"2"_s, u""_s, u""_s, 1);
-    QTRY_COMPARE(waiting.size(), 2);
-    const bool inOrder = server.requests().first().contains("Bearer 1\r");
-    waiting[inOrder ? 1 : 0]->write(httpAnswer("200 OK", R"({"choices":[{"message":{"content":"[{}]"}}]})"));
-    QCOMPARE(*QCoro::waitFor(second), QStringList{u"{}"_s});
-    waiting[inOrder ? 0 : 1]->write(httpAnswer("200 OK", emptyList));
-    QCOMPARE(*QCoro::waitFor(first), QStringList());
 }
 
 void TestOpenAIService::survivesItsEnd()

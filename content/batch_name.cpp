@@ -1,0 +1,37 @@
+#include "content/batch_name.h"
+
+#include <QtCore/QTimeZone>
+
+#include <unicode/smpdtfmt.h>
+
+#include <memory>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+QString defaultBatchName(const QDateTime &now, const QString &locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    // "j" is the hour as the locale counts it, from 12 or from 24.
+    const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createInstanceForSkeleton(
+        u"yMdjm", icu::Locale::createCanonical(qPrintable(locale)), status));
+    Q_ASSERT(U_SUCCESS(status));
+    // The clock's reading is formatted as it is, so that no idea of ICU about the zone comes in.
+    format->setTimeZone(*icu::TimeZone::getGMT());
+    const QDateTime reading(now.date(), now.time(), QTimeZone::utc());
+    icu::UnicodeString text;
+    format->format(static_cast<UDate>(reading.toMSecsSinceEpoch()), text);
+    return u"Batch "_s + QStringView(text.getBuffer(), text.length()).toString();
+}
+
+QString userDateLocale()
+{
+    for (const char *variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        if (const QString locale = qEnvironmentVariable(variable); !locale.isEmpty())
+            return locale;
+    }
+    return u"C"_s;
+}
+
+} // namespace mosslantern

@@ -1,0 +1,224 @@
+#pragma once
+
+#include "content/batch_name.h"
+#include "content/slide_content.h"
+#include "model/asset.h"
+#include "model/collection.h"
+#include "model/live_query.h"
+#include "model/preferences.h"
+#include "model/rgba_color.h"
+
+#include <QtCore/QPointF>
+#include <QtCore/QRandomGenerator>
+#include <qcoro/qcorotask.h>
+
+namespace mosslantern {
+
+class OpenAIService;
+
+/// What a generator takes from the world around it.
+struct GeneratorSurroundings
+{
+    QRandomGenerator *random = QRandomGenerator::system();
+    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+    /// As defaultBatchName() takes it.
+    QString locale = userDateLocale();
+};
+
+/// What one run has made.
+struct GeneratedBatch
+{
+    QUuid id;
+    QString name;
+    qsizetype slideshowCount = 0;
+};
+
+/// The settings of the generation screen and what follows from them: batches of slideshows, and which entry
+/// and which images the live preview shows. The content is parsed once for each change of `textInput`, so a
+/// broken document is reported once per change, and again by each createSlideshow().
+class SlideshowGenerator : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(double slideCount READ slideCount WRITE setSlideCount NOTIFY slideCountChanged)
+    Q_PROPERTY(double bulkCount READ bulkCount WRITE setBulkCount NOTIFY bulkCountChanged)
+    Q_PROPERTY(mosslantern::TextStyle selectedStyle READ selectedStyle WRITE setSelectedStyle NOTIFY
+                   selectedStyleChanged)
+    Q_PROPERTY(mosslantern::AspectRatio selectedAspectRatio READ selectedAspectRatio WRITE
+                   setSelectedAspectRatio NOTIFY selectedAspectRatioChanged)
+    Q_PROPERTY(QString textInput READ textInput WRITE setTextInput NOTIFY textInputChanged)
+    Q_PROPERTY(
+        QPointF templateTextPos READ templateTextPos WRITE setTemplateTextPos NOTIFY templateTextPosChanged)
+    Q_PROPERTY(double templateTextScale READ templateTextScale WRITE setTemplateTextScale NOTIFY
+                   templateTextScaleChanged)
+    Q_PROPERTY(QPointF templateSubtitlePos READ templateSubtitlePos WRITE setTemplateSubtitlePos NOTIFY
+                   templateSubtitlePosChanged)
+    Q_PROPERTY(double templateSubtitleScale READ templateSubtitleScale WRITE setTemplateSubtitleScale NOTIFY
+                   templateSubtitleScaleChanged)
+    Q_PROPERTY(mosslantern::RgbaColor boxColor READ boxColor WRITE setBoxColor NOTIFY boxColorChanged)
+    Q_PROPERTY(mosslantern::Collection *selectedCollection READ selectedCollection WRITE setSelectedCollection
+                   NOTIFY selectedCollectionChanged)
+    Q_PROPERTY(QString openAiApiKey READ openAiApiKey WRITE setOpenAiApiKey NOTIFY openAiApiKeyChanged)
+    Q_PROPERTY(QString customPrompt READ customPrompt WRITE setCustomPrompt NOTIFY customPromptChanged)
+    Q_PROPERTY(QString batchName READ batchName WRITE setBatchName NOTIFY batchNameChanged)
+    Q_PROPERTY(bool isAiMode READ isAiMode WRITE setIsAiMode NOTIFY isAiModeChanged)
+    Q_PROPERTY(bool isGenerating READ isGenerating NOTIFY isGeneratingChanged)
+    Q_PROPERTY(qsizetype currentPreviewIndex READ currentPreviewIndex WRITE setCurrentPreviewIndex NOTIFY
+                   currentPreviewIndexChanged)
+    Q_PROPERTY(
+        mosslantern::SlideText currentPreviewEntry READ currentPreviewEntry NOTIFY currentPreviewEntryChanged)
+    Q_PROPERTY(mosslantern::LiveQueryBase *assetSource READ assetSource CONSTANT)
+    Q_PROPERTY(mosslantern::LiveQueryBase *collections READ collections CONSTANT)
+
+public:
+    /// `store` and `service` outlive the generator.
+    SlideshowGenerator(Store &store, OpenAIService &service, Preferences preferences,
+                       GeneratorSurroundings surroundings = {}, QObject *parent = nullptr);
+
+    /// Slides per slideshow at most.
+    double slideCount() const { return m_slideCount; }
+    void setSlideCount(double count);
+
+    /// Slideshows per batch, or variations asked of the AI service. Truncated like every count; what is below
+    /// one makes nothing.
+    double bulkCount() const { return m_bulkCount; }
+    void setBulkCount(double count);
+
+    /// A change to `classic` makes the box colour black, one to `boxed` white.
+    TextStyle selectedStyle() const { return m_selectedStyle; }
+    void setSelectedStyle(TextStyle style);
+
+    AspectRatio selectedAspectRatio() const { return m_selectedAspectRatio; }
+    void setSelectedAspectRatio(AspectRatio ratio);
+
+    /// The slide content. A change keeps the preview index within the entries and updates the mapping.
+    QString textInput() const { return m_textInput; }
+    void setTextInput(const QString &content);
+
+    /// Centres of the texts of new slides, as fractions of the canvas, and their scales.
+    QPointF templateTextPos() const { return m_templateTextPos; }
+    void setTemplateTextPos(const QPointF &position);
+    double templateTextScale() const { return m_templateTextScale; }
+    void setTemplateTextScale(double scale);
+    QPointF templateSubtitlePos() const { return m_templateSubtitlePos; }
+    void setTemplateSubtitlePos(const QPointF &position);
+    double templateSubtitleScale() const { return m_templateSubtitleScale; }
+    void setTemplateSubtitleScale(double scale);
+
+    RgbaColor boxColor() const { return m_boxColor; }
+    void setBoxColor(const RgbaColor &color);
+
+    /// The collection whose assets are used, or null for all assets; null again when it is removed. A change
+    /// updates the mapping.
+    Collection *selectedCollection() const { return m_selectedCollection; }
+    void setSelectedCollection(Collection *collection);
+
+    /// A change is written to the preferences; a failure of that is printed.
+    QString openAiApiKey() const { return m_openAiApiKey; }
+    void setOpenAiApiKey(const QString &key);
+
+    QString customPrompt() const { return m_customPrompt; }
+    void setCustomPrompt(const QString &prompt);
+
+    /// Used as typed; the empty name stands for one made of date and time.
+    QString batchName() const { return m_batchName; }
+    void setBatchName(const QString &name);
+
+    bool isAiMode() const { return m_isAiMode; }
+    void setIsAiMode(bool on);
+
+    /// On from the start of a run to its end; of several runs at once the first to end turns it off.
+    bool isGenerating() const { return m_isGenerating; }
+
+    qsizetype currentPreviewIndex() const { return m_currentPreviewIndex; }
+    void setCurrentPreviewIndex(qsizetype index);
+
+    /// The assets that slides are made of, in the store's order: as records and as a live model.
+    std::vector<Asset *> filteredAssets() const { return m_assets.records(); }
+    LiveQueryBase *assetSource() { return &m_assets; }
+
+    /// All collections, in the store's order.
+    LiveQueryBase *collections() { return &m_collections; }
+
+    /// The entries of `textInput`.
+    const QList<SlideText> &entries() const { return m_entries; }
+
+    /// The entry at the preview index, or placeholder texts when there is none.
+    SlideText currentPreviewEntry() const;
+
+    /// The asset that the preview shows behind each entry; null for one that has been removed. Empty as long
+    /// as there are no assets, or no update has been made.
+    QList<Asset *> previewAssetMapping() const;
+    Asset *previewAsset(qsizetype entry) const;
+
+    /// Gives every entry an asset of the source: the one that it has, or a random one. To be called when the
+    /// screen is shown.
+    Q_INVOKABLE void updatePreviewAssetMapping();
+
+    /// Makes one batch from the present settings, in AI mode from the variations that the service returns.
+    /// A failure of the service is printed. A run in AI mode whose generator is destroyed makes nothing more.
+    QCoro::Task<Result<GeneratedBatch>> generateBatch();
+
+    /// Makes a slideshow from `content` and inserts it. Null when there are no entries or no assets.
+    Slideshow *createSlideshow(const QString &content, const QString &boxColorHex, const QUuid &batchId,
+                               const QString &batchName);
+
+signals:
+    void slideCountChanged();
+    void bulkCountChanged();
+    void selectedStyleChanged();
+    void selectedAspectRatioChanged();
+    void textInputChanged();
+    void templateTextPosChanged();
+    void templateTextScaleChanged();
+    void templateSubtitlePosChanged();
+    void templateSubtitleScaleChanged();
+    void boxColorChanged();
+    void selectedCollectionChanged();
+    void openAiApiKeyChanged();
+    void customPromptChanged();
+    void batchNameChanged();
+    void isAiModeChanged();
+    void isGeneratingChanged();
+    void currentPreviewIndexChanged();
+    void entriesChanged();
+    void currentPreviewEntryChanged();
+    void previewAssetMappingChanged();
+
+private:
+    template <typename T>
+    bool change(T &field, const T &value, void (SlideshowGenerator::*changed)());
+    Asset *randomAsset();
+    std::unique_ptr<Slide> makeSlide(const SlideText &entry, qint64 order, const QString &boxColorHex);
+    bool renewPreviewAssets();
+    void forgetRemovedAssets();
+
+    Store &m_store;
+    OpenAIService &m_service;
+    Preferences m_preferences;
+    GeneratorSurroundings m_surroundings;
+
+    double m_slideCount = 5;
+    double m_bulkCount = 1;
+    TextStyle m_selectedStyle = TextStyle::classic;
+    AspectRatio m_selectedAspectRatio = AspectRatio::tiktok;
+    QString m_textInput;
+    QPointF m_templateTextPos{0.5, 0.5};
+    double m_templateTextScale = 1;
+    QPointF m_templateSubtitlePos{0.5, 0.8};
+    double m_templateSubtitleScale = 1;
+    RgbaColor m_boxColor{.red = 0, .green = 0, .blue = 0, .opacity = 1};
+    QPointer<Collection> m_selectedCollection;
+    QString m_openAiApiKey;
+    QString m_customPrompt;
+    QString m_batchName;
+    bool m_isAiMode = false;
+    bool m_isGenerating = false;
+    qsizetype m_currentPreviewIndex = 0;
+
+    QList<SlideText> m_entries;
+    QList<QPointer<Asset>> m_previewAssets;
+    LiveQuery<Asset> m_assets;
+    LiveQuery<Collection> m_collections;
+};
+
+} // namespace mosslantern

@@ -1,0 +1,544 @@
+#include "content/openai_service.h"
+#include "content/slideshow_generator.h"
+#include "model/image_files.h"
+#include "tests/content/test_server.h"
+#include "tests/model/test_library.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <limits>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString threeLines = u"A\nB\nC"_s;
+
+QByteArray answerWith(const QStringList &variations)
+{
+    const QString list = u'[' + variations.join(u',') + u']';
+    const nlohmann::json body{{"choices", {{{"message", {{"content", list.toStdString()}}}}}}};
+    const QByteArray bytes = QByteArray::fromStdString(body.dump());
+    return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(bytes.size()) + "\r\n\r\n" + bytes;
+}
+
+/// A generator over a library of its own, with a fixed seed, clock and locale.
+class Studio
+{
+public:
+    explicit Studio(const QString &baseUrl = u"invalid"_s)
+        : service(baseUrl)
+        , generator(
+              library.store(), service, preferences(),
+              {&m_random, [] { return QDateTime(QDate(2026, 11, 8), QTime(19, 43, 59)); }, u"de_DE.UTF-8"_s})
+    {}
+
+    Preferences preferences() const { return Preferences(library.path(u"preferences.ini"_s)); }
+
+    void addAssets(int count, Collection *collection = nullptr)
+    {
+        for (int i = 0; i < count; ++i)
+            library.addAsset(u"asset %1.png"_s.arg(i), collection);
+    }
+
+    Collection *addCollection()
+    {
+        return library.store().insert(std::make_unique<Collection>(u"collection"_s));
+    }
+
+    /// Runs to the end; assets have no files here, of which nothing need be said.
+    Result<GeneratedBatch> generate()
+    {
+        ConsoleCapture quiet;
+        return QCoro::waitFor(generator.generateBatch());
+    }
+
+    std::vector<Slideshow *> slideshows() { return library.store().all<Slideshow>(); }
+
+    QList<qsizetype> slideCounts()
+    {
+        QList<qsizetype> counts;
+        for (const Slideshow *slideshow : slideshows())
+            counts += slideshow->slides().size();
+        return counts;
+    }
+
+    TestLibrary library;
+    OpenAIService service;
+
+private:
+    QRandomGenerator m_random{20261108};
+
+public:
+    SlideshowGenerator generator;
+};
+
+} // namespace
+
+class TestSlideshowGenerator : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void makesBatch();
+    void copiesPictures();
+    void givesSettingsToSlides();
+    void truncatesCounts_data();
+    void truncatesCounts();
+    void namesBatches();
+    void drawsFromSource();
+    void choosesUniformly();
+    void reportsBrokenContentOncePerUse();
+    void keepsPreviewIndexInRange();
+    void keepsPreviewImages();
+    void survivesRemovals();
+    void styleSetsBoxColor();
+    void storesKey();
+    void makesBatchFromVariations();
+    void reportsFailedService();
+    void runsAreIndependent();
+    void survivesItsEnd();
+};
+
+void TestSlideshowGenerator::makesBatch()
+{
+    Studio studio;
+    studio.addAssets(3);
+    QSignalSpy busy(&studio.generator, &SlideshowGenerator::isGeneratingChanged);
+    const Result<GeneratedBatch> batch = studio.generate();
+    QCOMPARE(batch->slideshowCount, 1);
+    QCOMPARE(busy.size(), 2);
+    QVERIFY(!studio.generator.isGenerating());
+
+    const Slideshow *slideshow = studio.slideshows().at(0);
+    QCOMPARE(slideshow->aspectRatio(), AspectRatio::tiktok);
+    QCOMPARE(slideshow->batchId(), batch->id);
+    QVERIFY(!batch->id.isNull());
+    QCOMPARE(slideshow->batchName(), u"Batch 8.11.2026, 19:43"_s);
+    QCOMPARE(slideshow->collection(), nullptr);
+    QCOMPARE(slideshow->slides().size(), 1);
+    const Slide *slide = slideshow->slides().first();
+    QCOMPARE(slide->text(), u"Main Text"_s);
+    QCOMPARE(slide->subtitle(), u"Subtext"_s);
+    QCOMPARE(slide->order(), 0);
+    QVERIFY(slide->asset());
+    QCOMPARE(slide->style(), SlideStyle{.boxColorHex = u"000000"_s});
+}
+
+void TestSlideshowGenerator::copiesPictures()
+{
+    Studio studio;
+    const QString photo = studio.library.writeFile(u"photo.JPG"_s, "picture");
+    QVERIFY(importAsset(QUrl::fromLocalFile(photo), studio.library.store()));
+    studio.generator.setTextInput(threeLines);
+    QVERIFY(QCoro::waitFor(studio.generator.generateBatch()));
+    QSet<QString> files;
+    for (const Slide *slide : studio.library.store().all<Slide>()) {
+        QCOMPARE(readFile(slide->imageURL().toLocalFile()), "picture"_ba);
+        files += *slide->imageFilename();
+    }
+    QCOMPARE(files.size(), 3);
+}
+
+void TestSlideshowGenerator::givesSettingsToSlides()
+{
+    Studio studio;
+    studio.addAssets(1);
+    SlideshowGenerator &generator = studio.generator;
+    generator.setTextInput(u"1\n2\n3\n4\n5\n6\n7\n8"_s);
+    generator.setSelectedStyle(TextStyle::neon);
+    generator.setSelectedAspectRatio(AspectRatio::square);
+    generator.setTemplateTextPos({0.1, 0.2});
+    generator.setTemplateTextScale(1.5);
+    generator.setTemplateSubtitlePos({0.3, 0.4});
+    generator.setTemplateSubtitleScale(0.5);
+    generator.setBoxColor({.red = 1, .green = 1, .blue = 1, .opacity = 0.5});
+    generator.setBulkCount(2);
+    QCOMPARE(studio.generate()->slideshowCount, 2);
+    for (const Slideshow *slideshow : studio.slideshows()) {
+        QCOMPARE(slideshow->aspectRatio(), AspectRatio::square);
+        QStringList texts;
+        for (const Slide *slide : slideshow->slides()) {
+            QCOMPARE(slide->order(), texts.size());
+            texts += slide->text() + slide->subtitle();
+            QCOMPARE(slide->style(),
+                     SlideStyle(0.1, 0.2, 0.3, 0.4, 1.5, 0.5, TextStyle::neon, u"FFFFFF7F"_s));
+        }
+        QCOMPARE(texts, QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+    }
+    QCOMPARE(studio.slideshows()[0]->batchId(), studio.slideshows()[1]->batchId());
+}
+
+void TestSlideshowGenerator::truncatesCounts_data()
+{
+    QTest::addColumn<double>("slideCount");
+    QTest::addColumn<double>("bulkCount");
+    QTest::addColumn<QList<qsizetype>>("expected");
+
+    using Counts = QList<qsizetype>;
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    QTest::newRow("fractions") << 2.999 << 2.999 << Counts{2, 2};
+    QTest::newRow("fewer entries") << 4.0 << 1.0 << Counts{3};
+    QTest::newRow("huge") << 1e300 << 1.0 << Counts{3};
+    QTest::newRow("below one slide") << 0.999 << 3.0 << Counts{};
+    QTest::newRow("below one slideshow") << 5.0 << 0.999 << Counts{};
+    QTest::newRow("negative slides") << -1e300 << 3.0 << Counts{};
+    QTest::newRow("negative slideshows") << 5.0 << -2.0 << Counts{};
+    QTest::newRow("no numbers") << nan << nan << Counts{};
+}
+
+void TestSlideshowGenerator::truncatesCounts()
+{
+    QFETCH(double, slideCount);
+    QFETCH(double, bulkCount);
+    QFETCH(QList<qsizetype>, expected);
+    Studio studio;
+    studio.addAssets(2);
+    studio.generator.setTextInput(threeLines);
+    studio.generator.setSlideCount(slideCount);
+    studio.generator.setBulkCount(bulkCount);
+    QCOMPARE(studio.generate()->slideshowCount, expected.size());
+    QCOMPARE(studio.slideCounts(), expected);
+}
+
+void TestSlideshowGenerator::namesBatches()
+{
+    Studio studio;
+    studio.generator.setBatchName(u"   "_s);
+    QCOMPARE(studio.generate()->name, u"   "_s);
+    QCOMPARE(studio.generator.batchName(), u"   "_s);
+    const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), Qt::OffsetFromUTC, 5 * 3600);
+    QCOMPARE(defaultBatchName(morning, u"en_US.UTF-8"_s).replace(u'\u202F', u' '),
+             u"Batch 1/2/2026, 7:03 AM"_s);
+    QCOMPARE(defaultBatchName(morning, u"sv_SE"_s), u"Batch 2026-01-02 07:03"_s);
+}
+
+void TestSlideshowGenerator::drawsFromSource()
+{
+    Studio studio;
+    Collection *full = studio.addCollection();
+    Collection *empty = studio.addCollection();
+    studio.addAssets(3);
+    studio.generator.setTextInput(threeLines);
+    studio.addAssets(2, full);
+    QCOMPARE(studio.generator.filteredAssets().size(), 5u);
+
+    studio.generator.setSelectedCollection(empty);
+    QCOMPARE(studio.generate()->slideshowCount, 0);
+    studio.generator.setSelectedCollection(full);
+    QCOMPARE(studio.generator.filteredAssets(), std::vector(full->assets().begin(), full->assets().end()));
+    studio.generator.setBulkCount(10);
+    QCOMPARE(studio.generate()->slideshowCount, 10);
+    QSet<const Asset *> used;
+    for (const Slide *slide : studio.library.store().all<Slide>()) {
+        QCOMPARE(slide->asset()->collection(), full);
+        used += slide->asset();
+    }
+    QCOMPARE(used.size(), 2);
+    QVERIFY(full->slideshows().isEmpty());
+}
+
+void TestSlideshowGenerator::choosesUniformly()
+{
+    Studio studio;
+    constexpr int assetCount = 7;
+    constexpr int entryCount = 49'000;
+    studio.addAssets(assetCount);
+    const std::vector<Asset *> assets = studio.generator.filteredAssets();
+    studio.generator.setTextInput(u"x\n"_s.repeated(entryCount));
+    std::array<int, assetCount> singles{};
+    std::array<int, assetCount * assetCount> pairs{};
+    qsizetype previous = 0;
+    for (const Asset *asset : studio.generator.previewAssetMapping()) {
+        const qsizetype index = std::ranges::find(assets, asset) - assets.begin();
+        ++singles[static_cast<size_t>(index)];
+        ++pairs[static_cast<size_t>(previous * assetCount + index)];
+        previous = index;
+    }
+    const auto chiSquare = [](const auto &counts) {
+        const double expected = double(entryCount) / double(counts.size());
+        double sum = 0;
+        for (const int count : counts)
+            sum += (count - expected) * (count - expected) / expected;
+        return sum;
+    };
+    // The 99.9 % points for 6 and 48 degrees of freedom.
+    QVERIFY2(chiSquare(singles) < 22.5, qPrintable(QString::number(chiSquare(singles))));
+    QVERIFY2(chiSquare(pairs) < 84.0, qPrintable(QString::number(chiSquare(pairs))));
+}
+
+void TestSlideshowGenerator::reportsBrokenContentOncePerUse()
+{
+    Studio studio;
+    studio.addAssets(1);
+    ConsoleCapture console;
+    studio.generator.setTextInput(u"{"_s);
+    QCOMPARE(console.lines().size(), 2);
+    studio.generator.setTextInput(u"{"_s);
+    studio.generator.updatePreviewAssetMapping();
+    QCOMPARE(studio.generator.currentPreviewEntry(), SlideText(u"Main Text"_s, u"Subtitle Text"_s));
+    QCOMPARE(console.lines().size(), 2);
+    studio.generator.setBulkCount(3);
+    QCOMPARE(QCoro::waitFor(studio.generator.generateBatch())->slideshowCount, 0);
+    QCOMPARE(console.lines().size(), 8);
+    QVERIFY(studio.slideshows().empty());
+}
+
+void TestSlideshowGenerator::keepsPreviewIndexInRange()
+{
+    Studio studio;
+    SlideshowGenerator &generator = studio.generator;
+    generator.setTextInput(u"A\nB\nC\nD"_s);
+    generator.setCurrentPreviewIndex(3);
+    QCOMPARE(generator.currentPreviewEntry().main, u"D"_s);
+    QSignalSpy indexChanges(&generator, &SlideshowGenerator::currentPreviewIndexChanged);
+    QSignalSpy entryChanges(&generator, &SlideshowGenerator::currentPreviewEntryChanged);
+    generator.setTextInput(u"A\nB"_s);
+    QCOMPARE(generator.currentPreviewIndex(), 1);
+    generator.setTextInput(QString());
+    QCOMPARE(generator.currentPreviewIndex(), 0);
+    QCOMPARE(generator.currentPreviewEntry(), SlideText(u"Main Text"_s, u"Subtitle Text"_s));
+    generator.setTextInput(threeLines);
+    QCOMPARE(generator.currentPreviewEntry().main, u"A"_s);
+    QCOMPARE(indexChanges.size(), 2);
+    QCOMPARE(entryChanges.size(), 3);
+    for (const qsizetype outside : {-1, 3}) {
+        generator.setCurrentPreviewIndex(outside);
+        QCOMPARE(generator.currentPreviewEntry().main, u"Main Text"_s);
+    }
+}
+
+void TestSlideshowGenerator::keepsPreviewImages()
+{
+    Studio studio;
+    SlideshowGenerator &generator = studio.generator;
+    generator.setTextInput(threeLines.repeated(10));
+    QVERIFY(generator.previewAssetMapping().isEmpty());
+    Collection *collection = studio.addCollection();
+    studio.addAssets(20);
+    studio.addAssets(20, collection);
+    QVERIFY(generator.previewAssetMapping().isEmpty());
+
+    generator.updatePreviewAssetMapping();
+    const QList<Asset *> first = generator.previewAssetMapping();
+    QCOMPARE(first.size(), generator.entries().size());
+    QSignalSpy changes(&generator, &SlideshowGenerator::previewAssetMappingChanged);
+    generator.updatePreviewAssetMapping();
+    generator.setTextInput(u"changed"_s + generator.textInput());
+    QCOMPARE(generator.previewAssetMapping(), first);
+    QCOMPARE(changes.size(), 0);
+
+    generator.setTextInput(threeLines);
+    QCOMPARE(generator.previewAssetMapping(), first.first(3));
+    generator.setTextInput(generator.textInput() + u"\nD"_s);
+    QCOMPARE(generator.previewAssetMapping().first(3), first.first(3));
+    QCOMPARE(generator.previewAssetMapping().size(), 4);
+
+    const QList<Asset *> before = generator.previewAssetMapping();
+    generator.setSelectedCollection(collection);
+    const QList<Asset *> after = generator.previewAssetMapping();
+    for (qsizetype i = 0; i < after.size(); ++i) {
+        QCOMPARE(after[i]->collection(), collection);
+        QCOMPARE(after[i] == before[i], before[i]->collection() == collection);
+    }
+    generator.setTextInput(QString());
+    QVERIFY(generator.previewAssetMapping().isEmpty());
+}
+
+void TestSlideshowGenerator::survivesRemovals()
+{
+    Studio studio;
+    SlideshowGenerator &generator = studio.generator;
+    Collection *collection = studio.addCollection();
+    studio.addAssets(2, collection);
+    generator.setSelectedCollection(collection);
+    generator.setTextInput(threeLines);
+    const std::vector<Asset *> assets = generator.filteredAssets();
+    QSignalSpy changes(&generator, &SlideshowGenerator::previewAssetMappingChanged);
+    Asset *const gone = generator.previewAsset(0);
+    Asset *const stays = gone == assets[0] ? assets[1] : assets[0];
+    gone->setCollection(nullptr);
+    QCOMPARE(generator.previewAsset(0), gone);
+    QCOMPARE(changes.size(), 0);
+    studio.library.store().remove(gone);
+    QCOMPARE(generator.previewAsset(0), nullptr);
+    QVERIFY(changes.size() > 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(generator.previewAssetMapping().count(gone), 0);
+    QCOMPARE(generator.previewAsset(99), nullptr);
+
+    studio.library.store().remove(collection);
+    QCOMPARE(generator.selectedCollection(), nullptr);
+    QCOMPARE(generator.previewAssetMapping(), QList<Asset *>(3, stays));
+    studio.library.store().remove(stays);
+    QCOMPARE(generator.previewAssetMapping(), QList<Asset *>(3, nullptr));
+    generator.updatePreviewAssetMapping();
+    QVERIFY(generator.previewAssetMapping().isEmpty());
+}
+
+void TestSlideshowGenerator::styleSetsBoxColor()
+{
+    Studio studio;
+    SlideshowGenerator &generator = studio.generator;
+    const auto colorAfter = [&generator](TextStyle style) {
+        generator.setSelectedStyle(style);
+        return hexFromColor(generator.boxColor());
+    };
+    QCOMPARE(colorAfter(TextStyle::boxed), u"FFFFFF"_s);
+    QCOMPARE(colorAfter(TextStyle::neon), u"FFFFFF"_s);
+    QCOMPARE(colorAfter(TextStyle::classic), u"000000"_s);
+    generator.setBoxColor({.red = 1, .green = 0, .blue = 0, .opacity = 1});
+    QCOMPARE(colorAfter(TextStyle::classic), u"FF0000"_s);
+    QCOMPARE(colorAfter(TextStyle::modern), u"FF0000"_s);
+}
+
+void TestSlideshowGenerator::storesKey()
+{
+    Studio studio;
+    for (const QString &key : {u"sk-1"_s, u"sk-2"_s, QString()}) {
+        studio.generator.setOpenAiApiKey(key);
+        QCOMPARE(studio.preferences().openAiApiKey(), key);
+    }
+    QVERIFY(studio.preferences().setOpenAiApiKey(u"sk-3"_s));
+    SlideshowGenerator later(studio.library.store(), studio.service, studio.preferences());
+    QCOMPARE(later.openAiApiKey(), u"sk-3"_s);
+
+    const QString file = studio.library.writeFile(u"file"_s, {});
+    SlideshowGenerator unable(studio.library.store(), studio.service,
+                              Preferences(file + u"/preferences.ini"_s));
+    ConsoleCapture console;
+    unable.setOpenAiApiKey(u"sk"_s);
+    QCOMPARE(unable.openAiApiKey(), u"sk"_s);
+    QCOMPARE(
+        console.lines(),
+        QStringList{
+            u"Failed to store the API key: The preferences “%1/preferences.ini” cannot be written."_s.arg(
+                file)});
+}
+
+void TestSlideshowGenerator::makesBatchFromVariations()
+{
+    const TestServer server(TestServer::always(answerWith({
+        uR"({"slides":[{"main":"V1"},{"main":"x"}]})"_s,
+        uR"({"slides":"broken"})"_s,
+        uR"({"slides":[]})"_s,
+        uR"({"slides":[{"main":"V2","subtitle":"s"}]})"_s,
+    })));
+    Studio studio(u"http://127.0.0.1:%1/v1"_s.arg(server.port()));
+    studio.addAssets(2);
+    SlideshowGenerator &generator = studio.generator;
+    generator.setIsAiMode(true);
+    generator.setBulkCount(5.9);
+    generator.setOpenAiApiKey(u"sk-0123456789"_s);
+    generator.setCustomPrompt(u"my goal"_s);
+    generator.setTextInput(u"{not JSON"_s);
+    generator.setBatchName(u"Mine"_s);
+    QSignalSpy busy(&generator, &SlideshowGenerator::isGeneratingChanged);
+    auto run = generator.generateBatch();
+    QVERIFY(generator.isGenerating());
+    generator.setSelectedStyle(TextStyle::boxed);
+    ConsoleCapture console;
+    const Result<GeneratedBatch> batch = QCoro::waitFor(run);
+    QCOMPARE(console.lines().filter(u"❌"_s).size(), 1);
+    QCOMPARE(batch->slideshowCount, 2);
+    QVERIFY(!generator.isGenerating());
+    QCOMPARE(busy.size(), 2);
+
+    const QByteArray request = server.requests().at(0);
+    QVERIFY(request.contains("\r\nAuthorization: Bearer sk-0123456789\r\n"));
+    QVERIFY(request.contains("create 5 variations"));
+    QVERIFY(request.contains("each variation:\\n{not JSON\\n"));
+    QVERIFY(request.contains("\\n\\\"my goal\\\"\\n"));
+    QCOMPARE(studio.slideCounts(), QList<qsizetype>({2, 1}));
+    for (const Slideshow *slideshow : studio.slideshows()) {
+        QCOMPARE(slideshow->batchId(), batch->id);
+        QCOMPARE(slideshow->batchName(), u"Mine"_s);
+        QCOMPARE(slideshow->slides().first()->textStyle(), TextStyle::boxed);
+        // The colour is fixed when the run begins, as its name is.
+        QCOMPARE(slideshow->slides().first()->boxColorHex(), u"000000"_s);
+    }
+    QCOMPARE(studio.slideshows()[1]->slides().first()->text(), u"V2"_s);
+    QCOMPARE(studio.slideshows()[1]->slides().first()->subtitle(), u"s"_s);
+}
+
+void TestSlideshowGenerator::reportsFailedService()
+{
+    Studio studio;
+    studio.addAssets(1);
+    studio.generator.setIsAiMode(true);
+    ConsoleCapture console;
+    const Result<GeneratedBatch> batch = QCoro::waitFor(studio.generator.generateBatch());
+    QCOMPARE(batch.error().message, u"invalidURL"_s);
+    QCOMPARE(console.lines(), QStringList{u"AI Generation failed: invalidURL"_s});
+    QVERIFY(!studio.generator.isGenerating());
+    QVERIFY(studio.slideshows().empty());
+}
+
+void TestSlideshowGenerator::runsAreIndependent()
+{
+    QList<QTcpSocket *> waiting;
+    const TestServer server([&waiting](QTcpSocket *socket) { waiting += socket; });
+    Studio studio(u"http://127.0.0.1:%1/v1"_s.arg(server.port()));
+    studio.addAssets(1);
+    SlideshowGenerator &generator = studio.generator;
+    generator.setIsAiMode(true);
+    generator.setBatchName(u"first"_s);
+    auto first = generator.generateBatch();
+    QTRY_COMPARE(waiting.size(), 1);
+    generator.setBatchName(u"second"_s);
+    auto second = generator.generateBatch();
+    QTRY_COMPARE(waiting.size(), 2);
+
+    const QString document = uR"({"slides":[{"main":"x"}]})"_s;
+    ConsoleCapture quiet;
+    waiting[1]->write(answerWith({document}));
+    const Result<GeneratedBatch> secondBatch = QCoro::waitFor(second);
+    QVERIFY(!generator.isGenerating());
+    QCOMPARE(studio.slideshows().size(), 1u);
+    waiting[0]->write(answerWith({document, document}));
+    const Result<GeneratedBatch> firstBatch = QCoro::waitFor(first);
+    QVERIFY(firstBatch->id != secondBatch->id);
+    QStringList names;
+    for (const Slideshow *slideshow : studio.slideshows())
+        names += *slideshow->batchName();
+    QCOMPARE(names, QStringList({u"second"_s, u"first"_s, u"first"_s}));
+}
+
+void TestSlideshowGenerator::survivesItsEnd()
+{
+    QList<QTcpSocket *> waiting;
+    const TestServer server([&waiting](QTcpSocket *socket) { waiting += socket; });
+    TestLibrary library;
+    library.addAsset(u"a.png"_s);
+    auto service = std::make_unique<OpenAIService>(u"http://127.0.0.1:%1/v1"_s.arg(server.port()));
+    const auto begin = [&] {
+        auto generator = std::make_unique<SlideshowGenerator>(
+            library.store(), *service, Preferences(library.path(u"preferences.ini"_s)));
+        generator->setIsAiMode(true);
+        return generator;
+    };
+    ConsoleCapture console;
+    auto generator = begin();
+    auto abandoned = generator->generateBatch();
+    QTRY_COMPARE(waiting.size(), 1);
+    generator.reset();
+    waiting[0]->write(answerWith({uR"({"slides":[{"main":"x"}]})"_s}));
+    QVERIFY(!QCoro::waitFor(abandoned));
+    QVERIFY(library.store().all<Slideshow>().empty());
+    QCOMPARE(console.lines(), QStringList());
+
+    generator = begin();
+    auto cancelled = generator->generateBatch();
+    service.reset();
+    QVERIFY(!QCoro::waitFor(cancelled));
+    QVERIFY(!generator->isGenerating());
+    QCOMPARE(console.lines(), QStringList{u"AI Generation failed: the request was cancelled"_s});
+}
+
+QTEST_GUILESS_MAIN(TestSlideshowGenerator)
+#include "tst_slideshow_generator.moc"
