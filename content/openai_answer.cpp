@@ -43,12 +43,13 @@ Result<JsonValue> required(const JsonValue &object, QLatin1StringView name, Kind
     return *member;
 }
 
-/// What a service says of a refused request, without the key.
+/// What a service says of a refused request, without the key, which it may have trimmed.
 QString withoutKey(const QString &text, const QString &apiKey)
 {
     // Replacing a few letters that happen to be the key would only garble the message.
     constexpr qsizetype shortestSecret = 8;
-    return apiKey.size() < shortestSecret ? text : QString(text).replace(apiKey, u"[API key]"_s);
+    const QString key = apiKey.trimmed();
+    return key.size() < shortestSecret ? text : QString(text).replace(key, u"[API key]"_s);
 }
 
 QString withoutFences(const QString &content)

@@ -142,7 +142,7 @@ void TestOpenAIAnswer::halfPairIsNoText()
 void TestOpenAIAnswer::leavesOutKey()
 {
     ConsoleCapture console;
-    const auto answer = readVariations({401, "Wrong key sk-secret!"}, u"sk-secret"_s);
+    const auto answer = readVariations({401, "Wrong key sk-secret!"}, u"sk-secret "_s);
     QCOMPARE(answer.error(),
              OpenAIFailure(OpenAIError{OpenAIError::Case::apiError, u"Wrong key [API key]!"_s}));
     QCOMPARE(console.lines(), QStringList{u"OpenAI API Error: Wrong key [API key]!"_s});
