@@ -24,6 +24,8 @@ struct Command
     /// More for the command's own help: sentences in paragraphs, one line each.
     QLatin1StringView details = {};
     std::vector<OptionSpec> options = {};
+    /// Whether --library means something to it.
+    bool usesLibrary = true;
     /// Whether it draws slides, which takes a QGuiApplication.
     bool draws = false;
     /// Gives the exit status.

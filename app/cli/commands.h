@@ -11,10 +11,14 @@ std::vector<Command> allCommands();
 std::vector<Command> importCommands();
 std::vector<Command> collectionCommands();
 std::vector<Command> listCommands();
+std::vector<Command> generateCommands();
 std::vector<Command> exportCommands();
 std::vector<Command> deleteCommands();
 std::vector<Command> contentCommands();
+std::vector<Command> variationsCommands();
 std::vector<Command> renderCommands();
+std::vector<Command> makeCommands();
+std::vector<Command> preferencesCommands();
 
 // What "list collections" and "delete collection" do, for "collections list" and "collections delete".
 int listCollections(const Arguments &arguments);

@@ -99,7 +99,7 @@ Command contentCommand(QLatin1StringView name, QLatin1StringView summary, QLatin
             .mostOperands = 1,
             .summary = summary,
             .details = details,
-            .options = {},
+            .usesLibrary = false,
             .run = run};
 }
 

@@ -47,11 +47,6 @@ QString usage(const Command &command)
     return u"Usage: "_s + wrapped(u"mosslantern-cli "_s + command.name + u' ' + command.usage, 7, 7) + u'\n';
 }
 
-QString sharedOptions()
-{
-    return entry(libraryOption) + entry(helpOption);
-}
-
 } // namespace
 
 QString helpText(const std::vector<Command> &commands)
@@ -63,7 +58,8 @@ QString helpText(const std::vector<Command> &commands)
                    "Commands (mosslantern-cli COMMAND --help tells more):\n"_s;
     for (const Command &command : commands)
         text += entry(command.name, command.summary);
-    return text + u"\nOptions:\n"_s + sharedOptions() + entry(u"--version"_s, "show the version"_L1) +
+    return text + u"\nOptions:\n"_s + entry(libraryOption) + entry(helpOption) +
+           entry(u"--version"_s, "show the version"_L1) +
            u"\nExit status: 0 when all is done, 1 when something failed, 2 for a wrong command line.\n"_s;
 }
 
@@ -75,7 +71,9 @@ QString helpText(const Command &command)
     text += u"\nOptions:\n"_s;
     for (const OptionSpec &option : command.options)
         text += entry(option);
-    return text + sharedOptions();
+    if (command.usesLibrary)
+        text += entry(libraryOption);
+    return text + entry(helpOption);
 }
 
 QString helpText(const QString &firstWord, const std::vector<Command> &commands)

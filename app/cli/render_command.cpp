@@ -151,6 +151,7 @@ std::vector<Command> renderCommands()
             "a folder each is called like its picture. Files of the same names are replaced, but never one "
             "of the pictures. A picture that cannot be read is reported; the others are drawn."_L1,
         .options = renderOptions(),
+        .usesLibrary = false,
         .draws = true,
         .run = render,
     }};

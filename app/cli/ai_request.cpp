@@ -1,0 +1,50 @@
+#include "app/cli/ai_request.h"
+
+#include "app/cli/interruption.h"
+#include "app/cli/progress.h"
+#include "content/openai_service.h"
+#include "model/preferences.h"
+
+#include <QtCore/QProcessEnvironment>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Result<QString> apiKey(const QProcessEnvironment &environment)
+{
+    QString key = Preferences().openAiApiKey();
+    if (key.isEmpty())
+        key = environment.value(u"OPENAI_API_KEY"_s);
+    if (key.isEmpty())
+        return fail(
+            u"The AI service needs a key: run mosslantern-cli preferences set openAiApiKey - or set the "
+            "variable OPENAI_API_KEY."_s);
+    return key;
+}
+
+} // namespace
+
+Result<QStringList> askForVariations(const QString &prompt, const QString &content, qint64 count,
+                                     const Interruption &interruption)
+{
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const Result<QString> key = apiKey(environment);
+    if (!key)
+        return std::unexpected(key.error());
+    auto service = std::make_unique<OpenAIService>(OpenAIService::baseUrlFrom(environment));
+    QObject context;
+    // Without its service the request ends.
+    QObject::connect(&interruption, &Interruption::requested, &context, [&] { service.reset(); });
+
+    const Spinner spinner(u"waiting for the AI service"_s);
+    OpenAIService::Variations variations =
+        QCoro::waitFor(service->generateVariations(*key, prompt, content, count));
+    if (!variations)
+        return fail(u"AI Generation failed: "_s + describe(variations.error()));
+    return *std::move(variations);
+}
+
+} // namespace mosslantern

@@ -1,0 +1,128 @@
+#include "app/cli/batch_generation.h"
+
+#include "app/cli/ai_request.h"
+#include "app/cli/interruption.h"
+#include "app/cli/output.h"
+#include "app/cli/progress.h"
+#include "app/cli/text_input.h"
+#include "content/openai_service.h"
+#include "content/slideshow_generator.h"
+
+#include <algorithm>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 mostSlideshows = 1000;
+
+/// The slide contents of the slideshows.
+Result<QStringList> contents(const BatchRequest &request, const QString &defaultPrompt,
+                             const Interruption &interruption)
+{
+    if (request.usesAi) {
+        return askForVariations(request.prompt.value_or(defaultPrompt), request.content, request.count,
+                                interruption);
+    }
+    return QStringList(request.count, request.content);
+}
+
+QRandomGenerator randomSource(std::optional<quint64> seed)
+{
+    if (!seed)
+        return QRandomGenerator::securelySeeded();
+    const quint32 halves[]{static_cast<quint32>(*seed), static_cast<quint32>(*seed >> 32)};
+    return QRandomGenerator(halves);
+}
+
+void apply(const BatchRequest &request, Collection *collection, SlideshowGenerator &generator)
+{
+    generator.setSelectedStyle(request.design.style);
+    generator.setSelectedAspectRatio(request.design.shape);
+    generator.setTemplateTextPos(request.design.textPos);
+    generator.setTemplateTextScale(request.design.textScale);
+    generator.setTemplateSubtitlePos(request.design.subtitlePos);
+    generator.setTemplateSubtitleScale(request.design.subtitleScale);
+    generator.setBoxColor(request.design.boxColor);
+    generator.setSelectedCollection(collection);
+}
+
+} // namespace
+
+std::vector<OptionSpec> batchOptions()
+{
+    std::vector<OptionSpec> options{
+        {"content"_L1, "FILE|-"_L1,
+         "slide texts: a JSON document, or plain text with a slide on each line"_L1},
+        {"count"_L1, "N"_L1, "how many slideshows to make, 1 to 1000; 1 by default"_L1},
+        {"batch-name"_L1, "NAME"_L1, "name of the batch; date and time by default"_L1},
+        {"seed"_L1, "N"_L1, "choose the same pictures in every run with the same seed and pictures"_L1},
+        {"ai"_L1, {}, "let the AI service write variations of the content, one for each slideshow"_L1},
+        {"prompt"_L1, "TEXT"_L1, "with --ai: what the variations are to be about"_L1},
+    };
+    std::ranges::copy(designOptions(), std::back_inserter(options));
+    return options;
+}
+
+std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments)
+{
+    OptionReader options(arguments);
+    BatchRequest request;
+    const QString file = options.required("content"_L1);
+    request.count = options.integer("count"_L1, 1, mostSlideshows).value_or(request.count);
+    request.design = readDesign(options);
+    request.batchName = arguments.value("batch-name"_L1).value_or(QString());
+    request.seed = options.seed("seed"_L1);
+    request.usesAi = arguments.has("ai"_L1);
+    request.prompt = arguments.value("prompt"_L1);
+    if (options.problem())
+        return std::unexpected(wrongUsage(*options.problem()));
+    if (arguments.has("prompt"_L1) && !request.usesAi)
+        return std::unexpected(wrongUsage(u"--prompt needs --ai"));
+
+    Result<QString> content = readText(file);
+    if (!content)
+        return std::unexpected(failedWith(content.error()));
+    request.content = *std::move(content);
+    // The AI service takes any example.
+    if (!request.usesAi && parseSlideContent(request.content).isEmpty())
+        return std::unexpected(failedWith({u"The content has no slides."_s}));
+    return request;
+}
+
+Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
+                                     const Interruption &interruption)
+{
+    OpenAIService service;
+    QRandomGenerator random = randomSource(request.seed);
+    SlideshowGenerator generator(store, service, Preferences(), {.random = &random});
+    apply(request, collection, generator);
+    if (generator.filteredAssets().empty()) {
+        return fail(collection ? u"There are no pictures in the collection “%1”."_s.arg(collection->name())
+                               : u"There are no pictures in the library."_s);
+    }
+    const Result<QStringList> texts = contents(request, generator.customPrompt(), interruption);
+    if (!texts)
+        return std::unexpected(texts.error());
+
+    const QUuid id = QUuid::createUuid();
+    const QString name = request.batchName.isEmpty()
+                             ? defaultBatchName(QDateTime::currentDateTime(), userDateLocale())
+                             : request.batchName;
+    QList<Slideshow *> made;
+    Progress progress(u"slideshows"_s);
+    for (qsizetype i = 0; i < texts->size() && !interruption.isRequested(); ++i) {
+        Slideshow *const slideshow =
+            generator.createSlideshow((*texts)[i], hexFromColor(request.design.boxColor), id, name);
+        if (slideshow)
+            made.append(slideshow);
+        progress.show(i + 1, texts->size());
+    }
+    if (made.isEmpty())
+        return fail(u"No slideshow could be made of what the AI service wrote."_s);
+    return made;
+}
+
+} // namespace mosslantern

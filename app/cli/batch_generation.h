@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/cli/design_options.h"
+#include "model/error.h"
+
+namespace mosslantern {
+
+class Collection;
+class Interruption;
+class Slideshow;
+class Store;
+
+/// What a batch of slideshows is to be made of.
+struct BatchRequest
+{
+    QString content;
+    qint64 count = 1;
+    SlideDesign design;
+    QString batchName; // empty: date and time
+    std::optional<quint64> seed;
+    bool usesAi = false;
+    std::optional<QString> prompt; // none: the usual one
+};
+
+/// The options that tell a request.
+std::vector<OptionSpec> batchOptions();
+
+/// Understands them and reads the content. Reports what is wrong; the error is the exit status.
+std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments);
+
+/// Makes the slideshows, from the pictures of `collection` or, when it is null, from all. Shows progress,
+/// stops when there is an interruption. Fails when nothing could be made.
+Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
+                                     const Interruption &interruption);
+
+} // namespace mosslantern
