@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <span>
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,7 @@
 #include "render/jpeg_source.h"
 
+#include <algorithm>
+
 #include <jerror.h>
 
 namespace mosslantern {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QtEndian>
 
+#include <algorithm>
 #include <optional>
 
 namespace mosslantern {
