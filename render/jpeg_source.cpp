@@ -1,8 +1,8 @@
 #include "render/jpeg_source.h"
 
-#include <algorithm>
-
 #include <jerror.h>
+
+#include <algorithm>
 
 namespace mosslantern {
 
