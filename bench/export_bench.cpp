@@ -2,11 +2,11 @@
 // files (the floor: decode, crop, scale, Paeth, ISA-L level 2; no text), in one run, and prints both and
 // their ratios. Usage: export_bench FOLDER [THREADS [ROUNDS]]
 
+#include "render/export/png_encoder.h"
 #include "render/export/png_file.h"
 #include "render/export/slide_renderer.h"
-#include "render/fonts.h"
-#include "render/picture_geometry.h"
-#include "render/png_encoder.h"
+#include "render/picture/picture_geometry.h"
+#include "render/text/fonts.h"
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QTemporaryDir>
@@ -64,7 +64,7 @@ void floorSlide(const QString &picture, const QString &to)
                               .scaled(canvas, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                               .convertToFormat(QImage::Format_RGBA8888);
     const PngBand all = encodePngBand(scaled.constBits(), nullptr, canvas.width(), canvas.height(), true);
-    if (!writePngFile(to, {canvas, {all}}))
+    if (!writePngFile(to, {canvas, {all}, {}}))
         std::fprintf(stderr, "could not write %s\n", qPrintable(to));
 }
 

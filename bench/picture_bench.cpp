@@ -1,6 +1,6 @@
 // Decoding of pictures: for export, beside what QImageReader takes for the same, and for thumbnails.
 
-#include "render/picture_loader.h"
+#include "render/picture/picture_loader.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDirIterator>

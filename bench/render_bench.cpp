@@ -1,12 +1,12 @@
 // The stages that one exported slide of 2160 × 3840 pixels passes through, each by itself.
 
 #include "render/background.h"
-#include "render/fonts.h"
-#include "render/pixels.h"
-#include "render/png_encoder.h"
-#include "render/png_filter.h"
-#include "render/shadows.h"
+#include "render/export/png_encoder.h"
+#include "render/export/png_filter.h"
+#include "render/pixels/pixels.h"
+#include "render/pixels/shadows.h"
 #include "render/slide_composition.h"
+#include "render/text/fonts.h"
 
 #include <QtGui/QGuiApplication>
 

@@ -1,6 +1,6 @@
 #include "render/background.h"
 
-#include "render/picture_loader.h"
+#include "render/picture/picture_loader.h"
 
 namespace mosslantern {
 

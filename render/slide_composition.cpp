@@ -1,8 +1,8 @@
 #include "render/slide_composition.h"
 
-#include "render/continuous_corners.h"
-#include "render/pixels.h"
-#include "render/shadows.h"
+#include "render/pixels/continuous_corners.h"
+#include "render/pixels/pixels.h"
+#include "render/pixels/shadows.h"
 
 #include <QtGui/QPainter>
 

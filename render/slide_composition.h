@@ -1,10 +1,10 @@
 #pragma once
 
-#include "render/alpha_plane.h"
 #include "render/canvas.h"
-#include "render/resampler.h"
+#include "render/pixels/alpha_plane.h"
+#include "render/pixels/resampler.h"
 #include "render/slide_values.h"
-#include "render/text_block.h"
+#include "render/text/text_block.h"
 
 #include <optional>
 #include <variant>

@@ -3,7 +3,7 @@
 #include "app/cli/output.h"
 #include "app/cli/qt_messages.h"
 #include "app/identity.h"
-#include "render/fonts.h"
+#include "render/text/fonts.h"
 
 #include <QtCore/QStringDecoder>
 #include <QtGui/QGuiApplication>

@@ -1,6 +1,6 @@
 #include "app/cli/picture_arguments.h"
 
-#include "render/picture_format.h"
+#include "render/picture/picture_format.h"
 
 #include <QtCore/QCollator>
 #include <QtCore/QDir>

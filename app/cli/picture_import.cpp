@@ -6,7 +6,7 @@
 #include "app/cli/progress.h"
 #include "model/asset.h"
 #include "model/image_files.h"
-#include "render/picture_loader.h"
+#include "render/picture/picture_loader.h"
 
 #include <QtCore/QFileInfo>
 

@@ -6,7 +6,7 @@
 #include "app/cli/progress.h"
 #include "app/cli/render_targets.h"
 #include "render/export/png_file.h"
-#include "render/picture_geometry.h"
+#include "render/picture/picture_geometry.h"
 
 #include <QtCore/QDir>
 

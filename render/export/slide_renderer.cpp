@@ -1,7 +1,7 @@
 #include "render/export/slide_renderer.h"
 
 #include "render/background.h"
-#include "render/pixels.h"
+#include "render/pixels/pixels.h"
 #include "render/slide_composition.h"
 
 #include <QtCore/QSemaphore>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "render/export/png_encoder.h"
 #include "render/export/slide_job.h"
-#include "render/png_encoder.h"
 
 #include <QtCore/QThreadPool>
 

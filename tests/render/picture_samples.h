@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/picture_loader.h"
+#include "render/picture/picture_loader.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>

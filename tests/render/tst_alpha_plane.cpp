@@ -1,4 +1,4 @@
-#include "render/alpha_plane.h"
+#include "render/pixels/alpha_plane.h"
 
 #include <QtTest/QtTest>
 

@@ -1,7 +1,7 @@
 #include "../model/test_library.h"
 #include "model/image_files.h"
 #include "render/export/bulk_exporter.h"
-#include "render/fonts.h"
+#include "render/text/fonts.h"
 
 #include <QCoroTask>
 #include <QtCore/QDir>

@@ -1,4 +1,4 @@
-#include "render/emoji_runs.h"
+#include "render/text/emoji_runs.h"
 
 #include <QtTest/QtTest>
 

@@ -1,7 +1,7 @@
 #include "picture_samples.h"
-#include "render/picture_fit.h"
-#include "render/picture_geometry.h"
-#include "render/picture_orientation.h"
+#include "render/picture/picture_fit.h"
+#include "render/picture/picture_geometry.h"
+#include "render/picture/picture_orientation.h"
 
 #include <QtTest/QTest>
 

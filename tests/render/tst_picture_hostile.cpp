@@ -1,5 +1,5 @@
 #include "picture_samples.h"
-#include "render/picture_loader.h"
+#include "render/picture/picture_loader.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QtEndian>

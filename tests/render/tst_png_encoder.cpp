@@ -1,4 +1,4 @@
-#include "render/png_encoder.h"
+#include "render/export/png_encoder.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QColorSpace>

@@ -1,4 +1,4 @@
-#include "render/resampler.h"
+#include "render/pixels/resampler.h"
 
 #include <QtTest/QtTest>
 

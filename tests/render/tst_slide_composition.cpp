@@ -1,5 +1,5 @@
 #include "drawn.h"
-#include "render/fonts.h"
+#include "render/text/fonts.h"
 
 #include <QtTest/QtTest>
 

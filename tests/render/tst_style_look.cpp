@@ -1,4 +1,4 @@
-#include "render/style_look.h"
+#include "render/text/style_look.h"
 
 #include <QtTest/QtTest>
 

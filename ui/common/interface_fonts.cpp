@@ -1,6 +1,6 @@
 #include "ui/common/interface_fonts.h"
 
-#include "render/fonts.h"
+#include "render/text/fonts.h"
 
 #include <QtGui/QFontDatabase>
 #include <QtGui/QGuiApplication>

@@ -1,6 +1,6 @@
 #include "ui/common/rounded_area.h"
 
-#include "render/continuous_corners.h"
+#include "render/pixels/continuous_corners.h"
 
 #include <QtGui/QPainter>
 

@@ -1,9 +1,9 @@
 #include "ui/common/thumbnail_picture.h"
 
 #include "render/background.h"
-#include "render/continuous_corners.h"
-#include "render/resampler.h"
-#include "render/shadows.h"
+#include "render/pixels/continuous_corners.h"
+#include "render/pixels/resampler.h"
+#include "render/pixels/shadows.h"
 
 #include <QtGui/QBrush>
 #include <QtGui/QPainter>

@@ -3,7 +3,7 @@
 #include "model/console.h"
 #include "model/delete_asset.h"
 #include "model/image_files.h"
-#include "render/picture_format.h"
+#include "render/picture/picture_format.h"
 #include "ui/common/file_panels.h"
 
 #include <QtCore/QDir>

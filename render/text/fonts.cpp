@@ -1,0 +1,84 @@
+#include "render/text/fonts.h"
+
+#include <QtGui/QFontDatabase>
+
+#include <cmath>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double emojiEnlargement = 1.245 / 1.06;
+
+struct Face
+{
+    QString family;
+    QFont::Weight weight;
+};
+
+Face face(TextStyle style)
+{
+    switch (style) {
+    case TextStyle::classic:
+        return {u"Nunito"_s, QFont::Black};
+    case TextStyle::boxed:
+        return {u"Inter"_s, QFont::Bold};
+    case TextStyle::modern:
+        return {u"Inter"_s, QFont::Black};
+    case TextStyle::neon:
+        return {u"JetBrains Mono"_s, QFont::Bold};
+    }
+    Q_UNREACHABLE();
+}
+
+/// Named so that scripts which the text fonts lack look the same wherever these fonts are installed.
+QStringList otherScripts()
+{
+    return {u"Noto Sans"_s,      u"Noto Sans Arabic"_s,     u"Noto Sans Hebrew"_s,
+            u"Noto Sans Thai"_s, u"Noto Sans Devanagari"_s, u"Noto Sans CJK SC"_s};
+}
+
+int layoutPixels(double size)
+{
+    return std::max(1, static_cast<int>(std::lround(size * layoutFactor)));
+}
+
+} // namespace
+
+Result<> registerFonts()
+{
+    for (const QString &name :
+         {u"Nunito-Black.ttf"_s, u"Inter-Regular.otf"_s, u"Inter-Medium.otf"_s, u"Inter-SemiBold.otf"_s,
+          u"Inter-Bold.otf"_s, u"Inter-Black.otf"_s, u"JetBrainsMono-Bold.ttf"_s}) {
+        if (QFontDatabase::addApplicationFont(u":/mosslantern/fonts/"_s + name) < 0)
+            return fail(u"The built-in font %1 cannot be used."_s.arg(name));
+    }
+    if (!QFontDatabase::hasFamily(u"Noto Color Emoji"_s))
+        return fail(
+            u"The font “Noto Color Emoji” is not installed (Debian package fonts-noto-color-emoji)."_s);
+    return {};
+}
+
+QFont layoutFont(TextStyle style, double size)
+{
+    const Face styleFace = face(style);
+    QFont font;
+    font.setFamilies(QStringList{styleFace.family} + otherScripts());
+    font.setWeight(styleFace.weight);
+    font.setPixelSize(layoutPixels(size));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+QFont emojiLayoutFont(double size)
+{
+    QFont font(u"Noto Color Emoji"_s);
+    font.setPixelSize(layoutPixels(size * emojiEnlargement));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoFontMerging);
+    return font;
+}
+
+} // namespace mosslantern

@@ -1,0 +1,107 @@
+#include "render/text/line_layout.h"
+
+#include "render/text/emoji_picture.h"
+#include "render/text/emoji_runs.h"
+
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QGlyphRun>
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtGui/QRawFont>
+#include <QtGui/QTextLayout>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Whether the emoji font draws the run: an unknown newer emoji is left to the fallback fonts.
+bool isDrawable(const QRawFont &emojiFont, QStringView run)
+{
+    for (const uint character : run.toUcs4()) {
+        const bool tag = character >= 0xE0020 && character <= 0xE007F;
+        const bool invisible = character == 0xFE0F || character == 0x200D || tag;
+        if (!invisible && !emojiFont.supportsCharacter(character))
+            return false;
+    }
+    return true;
+}
+
+bool isEmojiFont(const QRawFont &font)
+{
+    return font.familyName() == "Noto Color Emoji"_L1;
+}
+
+} // namespace
+
+QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size)
+{
+    const QList<TextRun> runs = emojiRuns(text);
+    if (runs.isEmpty())
+        return {};
+    QTextCharFormat format;
+    format.setFont(emojiLayoutFont(size));
+    const QRawFont emojiFont = QRawFont::fromFont(format.font());
+    QList<QTextLayout::FormatRange> formats;
+    for (const TextRun &run : runs) {
+        if (isDrawable(emojiFont, QStringView(text).sliced(run.start, run.length)))
+            formats.append({static_cast<int>(run.start), static_cast<int>(run.length), format});
+    }
+    return formats;
+}
+
+LineLayout::LineLayout(const QString &text, TextStyle style, double size)
+{
+    const QFont font = layoutFont(style, size);
+    const QFontMetricsF metrics(font);
+    m_ascent = metrics.ascent() / layoutFactor;
+    m_height = metrics.height() / layoutFactor;
+
+    const QString shown = text.isEmpty() ? u" "_s : text;
+    QTextLayout layout(shown, font);
+    QTextOption option;
+    option.setUseDesignMetrics(true);
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.setFormats(emojiFormats(shown, size));
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(1e9);
+    layout.endLayout();
+
+    m_width = line.naturalTextWidth() / layoutFactor;
+    // Taller fallback fonts lower the line's baseline; it belongs where the text font alone puts it.
+    const QPointF shift(-line.naturalTextRect().left(), metrics.ascent() - line.ascent());
+    m_runs = layout.glyphRuns();
+    for (QGlyphRun &run : m_runs) {
+        QList<QPointF> positions = run.positions();
+        for (QPointF &position : positions)
+            position += shift;
+        run.setPositions(positions);
+    }
+}
+
+void LineLayout::draw(QPainter &painter, const QColor &colour) const
+{
+    painter.save();
+    painter.scale(1 / layoutFactor, 1 / layoutFactor);
+    painter.setPen(colour);
+    for (const QGlyphRun &run : m_runs) {
+        const QRawFont font = run.rawFont();
+        if (isEmojiFont(font)) {
+            drawEmojiRun(painter, run);
+            continue;
+        }
+        QPainterPath outlines;
+        outlines.setFillRule(Qt::WindingFill);
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype i = 0; i < glyphs.size(); ++i)
+            outlines.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+        painter.fillPath(outlines, colour);
+    }
+    painter.restore();
+}
+
+} // namespace mosslantern

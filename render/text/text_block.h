@@ -1,0 +1,52 @@
+#pragma once
+
+#include "render/text/line_layout.h"
+#include "render/text/style_look.h"
+
+#include <QtCore/QRect>
+#include <QtGui/QImage>
+
+#include <vector>
+
+namespace mosslantern {
+
+/// A picture of premultiplied RGBA and where its top left lies, in pixels of the canvas.
+struct Layer
+{
+    QPoint at;
+    QImage image; // Format_RGBA8888_Premultiplied
+};
+
+/// One text block, laid out: a stack of line boxes, centred on each other. Lengths are points at text scale
+/// 1; the origin is the centre of the block.
+class TextBlock
+{
+public:
+    /// `canvasWidth` in points gives the text size.
+    TextBlock(const QString &text, TextStyle style, bool isSubtitle, const RgbaColor &boxColor,
+              double canvasWidth);
+
+    [[nodiscard]] qsizetype lineCount() const { return static_cast<qsizetype>(m_lines.size()); }
+
+    /// The padded box of a line.
+    [[nodiscard]] QRectF lineBox(qsizetype line) const;
+
+    /// Width of the widest line box, height of the stack.
+    [[nodiscard]] QSizeF size() const;
+
+    /// Draws the lines and their shadows with the block's centre at `centre` (pixels), `pixelsPerPoint`
+    /// pixels to a point of the block (text scale included; negative turns the block upside down). One layer
+    /// a line, from the back to the front, cut to `clip`; nothing for a factor of 0 or not a number.
+    [[nodiscard]] std::vector<Layer> draw(QPointF centre, double pixelsPerPoint, const QRect &clip) const;
+
+    /// The rectangle that draw() can touch, in pixels around the block's centre.
+    [[nodiscard]] QRectF drawnBounds(double pixelsPerPoint) const;
+
+private:
+    [[nodiscard]] QImage drawLine(qsizetype line, const QTransform &toPixels, const QRect &area) const;
+
+    StyleLook m_look;
+    std::vector<LineLayout> m_lines;
+};
+
+} // namespace mosslantern
