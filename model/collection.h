@@ -16,6 +16,7 @@ class Collection : public Record
     Q_PROPERTY(QDateTime createdAt READ createdAt CONSTANT)
     Q_PROPERTY(QList<mosslantern::Slideshow *> slideshows READ slideshows NOTIFY slideshowsChanged)
     Q_PROPERTY(QList<mosslantern::Asset *> assets READ assets NOTIFY assetsChanged)
+    Q_PROPERTY(int assetCount READ assetCount NOTIFY assetsChanged)
 
 public:
     static constexpr RecordKind recordKind = RecordKind::collection;
@@ -35,6 +36,7 @@ public:
 
     /// The assets whose `collection` this is, in the store's order.
     const QList<Asset *> &assets() const { return m_assets.records(); }
+    int assetCount() const { return static_cast<int>(assets().size()); }
 
 signals:
     void nameChanged();

@@ -39,14 +39,14 @@ Item {
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }
-    Rectangle {
+    RowBackground {
         id: row
         anchors.fill: parent
         anchors.topMargin: title.height + 1
         anchors.bottomMargin: 1
-        radius: Theme.controlRadius
-        color: root.isSelected ? (root.isFocused ? Theme.accent : Theme.selected)
-             : hover.hovered ? Theme.hovered : "transparent"
+        isSelected: root.isSelected
+        isFocused: root.isFocused
+        isHovered: hover.hovered
 
         Symbol {
             id: icon

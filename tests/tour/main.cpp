@@ -1,6 +1,7 @@
 // Opens the application on a prepared library, goes through its screens and states, and writes a picture of
 // each into a folder: tour FOLDER.
 
+#include "model/collection.h"
 #include "model/image_files.h"
 #include "tests/ui/ui_session.h"
 #include "ui/common/interface_fonts.h"
@@ -27,7 +28,10 @@ public:
 
 private:
     void importPictures();
+    void assets();
+    void collections();
     void waitForThumbnails();
+    void waitForPopup();
     void picture(const QString &name);
 
     UiSession m_session;
@@ -47,6 +51,11 @@ void Tour::waitForThumbnails()
     QTest::qWait(1500);
 }
 
+void Tour::waitForPopup()
+{
+    QTest::qWait(300);
+}
+
 void Tour::picture(const QString &name)
 {
     const QString file = m_folder.filePath(name + u".png"_s);
@@ -54,9 +63,8 @@ void Tour::picture(const QString &name)
         qFatal("%s cannot be written", qPrintable(file));
 }
 
-void Tour::run()
+void Tour::assets()
 {
-    m_session.open();
     picture(u"assets-empty"_s);
     importPictures();
     m_session.settle();
@@ -67,8 +75,59 @@ void Tour::run()
     m_session.key(Qt::Key_Right);
     picture(u"assets-keyboard"_s);
     m_session.click(u"assetCell"_s, 2, Qt::RightButton);
-    QTest::qWait(300);
+    waitForPopup();
     picture(u"assets-menu"_s);
+    m_session.key(Qt::Key_Escape);
+}
+
+void Tour::collections()
+{
+    m_session.click(u"sidebarRow1"_s);
+    picture(u"collections-empty"_s);
+    m_session.click(u"newCollection"_s);
+    waitForPopup();
+    picture(u"collections-new"_s);
+    m_session.type(u"Flowers 🌼"_s);
+    picture(u"collections-new-named"_s);
+    m_session.click(u"createCollection"_s);
+    for (const QString &name :
+         {u"Weather"_s, u"A collection with a name that goes on and on, much further than anyone would "
+                        "type it in a list of collections, and then some more of it"_s})
+        m_session.store().insert(std::make_unique<Collection>(name));
+    waitForPopup();
+    m_session.click(u"collectionRow"_s, 2);
+    picture(u"collections-selected-empty"_s);
+    m_session.click(u"addAssets"_s);
+    waitForThumbnails();
+    for (const int cell : {0, 3, 4})
+        m_session.click(u"pickCell"_s, cell);
+    picture(u"collections-add"_s);
+    m_session.key(Qt::Key_Right);
+    picture(u"collections-add-keyboard"_s);
+    m_session.click(u"confirmAddAssets"_s);
+    waitForThumbnails();
+    picture(u"collections-members"_s);
+    m_session.click(u"memberCell"_s, 1, Qt::RightButton);
+    waitForPopup();
+    picture(u"collections-member-menu"_s);
+    m_session.key(Qt::Key_Escape);
+    waitForPopup();
+    m_session.click(u"collectionRow"_s, 1, Qt::RightButton);
+    waitForPopup();
+    picture(u"collections-menu"_s);
+    m_session.key(Qt::Key_Escape);
+    waitForPopup();
+}
+
+void Tour::run()
+{
+    m_session.open();
+    assets();
+    collections();
+    m_session.click(u"sidebarRow2"_s);
+    picture(u"slideshows"_s);
+    m_session.click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);
+    picture(u"nothing-selected"_s);
 }
 
 } // namespace

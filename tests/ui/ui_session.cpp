@@ -98,8 +98,7 @@ void UiSession::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void UiSession::type(const QString &text)
 {
-    for (const QChar character : text)
-        QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, QString(character), {});
+    QTest::sendKeyEvent(QTest::Click, m_window, Qt::Key_unknown, text, Qt::NoModifier);
     settle();
 }
 

@@ -16,38 +16,16 @@ T.Button {
     implicitHeight: Theme.controlHeight
     leftPadding: symbol !== "" ? 10 : 14
     rightPadding: 14
-    spacing: 6
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    contentItem: Item {
-        implicitWidth: childrenRect.width
-        implicitHeight: childrenRect.height
-
-        Row {
-            anchors.centerIn: parent
-            spacing: root.spacing
-
-            Symbol {
-                visible: root.symbol !== ""
-                name: root.symbol
-                size: 16
-                color: root.contentColor
-                anchors.verticalCenter: parent.verticalCenter
-            }
-            Text {
-                text: root.text
-                color: root.contentColor
-                font.family: Theme.family
-                font.pixelSize: Theme.body
-                font.weight: Font.Medium
-                textFormat: Text.PlainText
-                anchors.verticalCenter: parent.verticalCenter
-            }
-        }
+    contentItem: SymbolLabel {
+        symbol: root.symbol
+        text: root.text
+        color: root.contentColor
     }
     background: Rectangle {
         radius: Theme.controlRadius

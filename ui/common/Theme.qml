@@ -15,6 +15,7 @@ QtObject {
     // Text and symbols.
     readonly property color primary: "#eceeec"
     readonly property color secondary: "#9da4a3"
+    readonly property color placeholder: "#737a7a"
     readonly property color disabled: "#5e6566"
     readonly property color accentText: "#ffffff"
 
@@ -30,7 +31,7 @@ QtObject {
     readonly property color hovered: "#0fffffff"
     readonly property color pressed: "#1cffffff"
     readonly property color selected: "#24ffffff"
-    readonly property color scrim: "#99000000"
+    readonly property color scrim: "#80000000"
 
     // Font sizes in points of the screen.
     readonly property string family: "Inter"

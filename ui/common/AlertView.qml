@@ -1,0 +1,71 @@
+import QtQuick
+import Mosslantern.Common
+
+/// A question with its answers: a title, a message if there is one, whatever else it asks for, and buttons,
+/// of which the cancelling one comes first.
+ModalPanel {
+    id: root
+
+    required property string title
+    property string message
+    property alias fields: holder.data
+    property alias buttons: row.data
+    readonly property real buttonWidth: (availableWidth - (row.children.length - 1) * row.spacing) / Math.max(1, row.children.length)
+
+    width: 300
+    padding: 20
+
+    implicitHeight: column.implicitHeight + 2 * padding
+
+    FocusScope {
+        anchors.fill: parent
+        focus: true
+        Accessible.role: Accessible.AlertMessage
+        Accessible.name: root.title
+        Accessible.description: root.message
+
+        Column {
+            id: column
+            width: parent.width
+            spacing: 16
+
+            Column {
+                width: parent.width
+                spacing: 6
+
+                Text {
+                    width: parent.width
+                    text: root.title
+                    color: Theme.primary
+                    font.family: Theme.family
+                    font.pixelSize: Theme.headline
+                    font.weight: Font.Bold
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    textFormat: Text.PlainText
+                }
+                Text {
+                    width: parent.width
+                    visible: root.message !== ""
+                    text: root.message
+                    color: Theme.secondary
+                    font.family: Theme.family
+                    font.pixelSize: Theme.body
+                    horizontalAlignment: Text.AlignHCenter
+                    wrapMode: Text.Wrap
+                    textFormat: Text.PlainText
+                }
+            }
+            Column {
+                id: holder
+                width: parent.width
+                visible: children.length > 0
+            }
+            Row {
+                id: row
+                width: parent.width
+                spacing: Theme.spacing
+            }
+        }
+    }
+}

@@ -1,0 +1,43 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+
+/// A panel in the middle of the window that must be dealt with first; the Escape key cancels it.
+T.Popup {
+    id: root
+
+    parent: T.Overlay.overlay
+    x: Math.round((parent.width - width) / 2)
+    y: Math.round((parent.height - height) / 2)
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    margins: 24
+    padding: 0
+    modal: true
+    focus: true
+    closePolicy: T.Popup.CloseOnEscape
+
+    background: Rectangle {
+        color: Theme.windowBackground
+        border.color: Theme.separator
+        radius: Theme.sheetRadius
+    }
+    T.Overlay.modal: Rectangle {
+        color: Theme.scrim
+    }
+    enter: Transition {
+        NumberAnimation {
+            property: "opacity"
+            from: 0
+            to: 1
+            duration: Theme.quick
+        }
+    }
+    exit: Transition {
+        NumberAnimation {
+            property: "opacity"
+            to: 0
+            duration: Theme.quick
+        }
+    }
+}

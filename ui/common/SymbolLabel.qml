@@ -1,0 +1,39 @@
+import QtQuick
+import Mosslantern.Common
+
+/// A text and, if there is one, a symbol before it, in the middle of the item.
+Item {
+    id: root
+
+    property string symbol
+    property real symbolSize: 16
+    required property string text
+    required property color color
+    property int weight: Font.Medium
+
+    implicitWidth: row.implicitWidth
+    implicitHeight: row.implicitHeight
+
+    Row {
+        id: row
+        anchors.centerIn: parent
+        spacing: 6
+
+        Symbol {
+            visible: root.symbol !== ""
+            name: root.symbol
+            size: root.symbolSize
+            color: root.color
+            anchors.verticalCenter: parent.verticalCenter
+        }
+        Text {
+            text: root.text
+            color: root.color
+            font.family: Theme.family
+            font.pixelSize: Theme.body
+            font.weight: root.weight
+            textFormat: Text.PlainText
+            anchors.verticalCenter: parent.verticalCenter
+        }
+    }
+}
