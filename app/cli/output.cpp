@@ -16,6 +16,9 @@ namespace {
 
 constexpr int brokenPipeStatus = 128 + SIGPIPE;
 
+/// Why standard output has not taken something; 0 as long as it has.
+int outputError = 0;
+
 bool readerIsGone()
 {
     pollfd output{.fd = STDOUT_FILENO, .events = POLLOUT, .revents = 0};
@@ -37,7 +40,9 @@ void prepareStandardStreams()
 
 void writeOut(QByteArrayView bytes)
 {
-    std::fwrite(bytes.data(), 1, static_cast<size_t>(bytes.size()), stdout);
+    const auto count = static_cast<size_t>(bytes.size());
+    if (std::fwrite(bytes.data(), 1, count, stdout) != count && outputError == 0)
+        outputError = errno;
 }
 
 void writeRow(const QStringList &fields)
@@ -80,14 +85,15 @@ int wrongUsage(QStringView problem)
 
 int finishOutput(int status)
 {
-    errno = 0;
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+    if (std::fflush(stdout) != 0 && outputError == 0)
+        outputError = errno;
+    if (outputError == 0 && !std::ferror(stdout))
         return status;
-    const int error = errno;
     if (readerIsGone())
         return brokenPipeStatus;
+    // What printLine() wrote leaves no reason behind.
     report(u"standard output could not be written"_s +
-           (error ? u": "_s + qt_error_string(error) : QString()));
+           (outputError ? u": "_s + qt_error_string(outputError) : QString()));
     return failed;
 }
 

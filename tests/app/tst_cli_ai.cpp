@@ -1,0 +1,112 @@
+#include "tests/app/tool.h"
+#include "tests/content/test_server.h"
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+class CliAiTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_tool = std::make_unique<Tool>();
+        m_tool->write(u"example.txt"_s, "hook\n");
+    }
+
+    void variationsKeepTheirNumbers()
+    {
+        const TestServer server(
+            TestServer::always(answer(R"([{"z":1.0,"a":12345678901234567890},{"b":[]}])")));
+        use(server);
+        QCOMPARE(m_tool->run({u"preferences"_s, u"set"_s, u"openAiApiKey"_s, u"stored-key"_s}).status, 0);
+        m_tool->setVariable(u"OPENAI_API_KEY"_s, u"other-key"_s);
+        const Outcome outcome = variations(QStringList{u"--count"_s, u"2"_s});
+        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
+        QCOMPARE(outcome.status, 0);
+        QByteArray packed = outcome.out;
+        QCOMPARE(packed.replace('\n', "").replace(' ', ""),
+                 R"([{"z":1.0,"a":12345678901234567890},{"b":[]}])");
+        QCOMPARE(server.requests().size(), 1);
+        QVERIFY(server.requests()[0].contains("Bearer stored-key\r\n"));
+        QVERIFY(server.requests()[0].contains("a goal"));
+    }
+
+    void generatingFromVariations()
+    {
+        const TestServer server(TestServer::always(
+            answer(R"([{"slides":[{"main":"A"}]},{"no":"slides"},{"slides":[{"main":"B"},{"main":"C"}]}])")));
+        use(server);
+        m_tool->setVariable(u"OPENAI_API_KEY"_s, u"variable-key"_s);
+        m_tool->writePicture(u"a.png"_s, Qt::red);
+        QCOMPARE(m_tool->run({u"import"_s, u"a.png"_s}).status, 0);
+        const Outcome outcome =
+            m_tool->run(u"generate --ai --prompt goal --content example.txt --count 5 --json"_s.split(u' '));
+        QCOMPARE(outcome.status, 0);
+        const QJsonArray made = outcome.json().array();
+        QCOMPARE(made.size(), 2);
+        QCOMPARE(made[1][u"slides"_s][1][u"text"_s], u"C"_s);
+        QVERIFY(server.requests()[0].contains("Bearer variable-key\r\n"));
+        // Nothing but the command line's own preferences may keep a key.
+        QCOMPARE(m_tool->run({u"preferences"_s, u"get"_s, u"openAiApiKey"_s}).out, "\n");
+    }
+
+    void failures()
+    {
+        const Outcome keyless = variations({});
+        QCOMPARE(keyless.status, 1);
+        QVERIFY2(keyless.hasOneErrorLine() && keyless.error().contains(u"needs a key"_s),
+                 keyless.err.constData());
+
+        const TestServer server(TestServer::always(
+            "HTTP/1.1 401 Unauthorized\r\nContent-Length: 21\r\n\r\nwrong key: secret-key"));
+        use(server);
+        m_tool->setVariable(u"OPENAI_API_KEY"_s, u"secret-key"_s);
+        const Outcome refused = variations({});
+        QCOMPARE(refused.status, 1);
+        QVERIFY(refused.out.isEmpty());
+        QVERIFY(refused.error().contains(u"OpenAI API Error: wrong key"_s));
+        QVERIFY(refused.error().contains(u"mosslantern-cli: AI Generation failed: apiError"_s));
+        QVERIFY(!refused.err.contains("secret-key"));
+    }
+
+    void interruptedWhileWaiting()
+    {
+        const TestServer server([](QTcpSocket *) {});
+        use(server);
+        m_tool->setVariable(u"OPENAI_API_KEY"_s, u"key"_s);
+        const auto process = m_tool->prepare(variationsArguments);
+        process->start();
+        QTRY_COMPARE(server.requests().size(), 1);
+        ::kill(static_cast<pid_t>(process->processId()), SIGINT);
+        const Outcome outcome = Tool::finish(*process);
+        QCOMPARE(outcome.status, 130);
+        QVERIFY2(outcome.out.isEmpty() && outcome.err.isEmpty(), outcome.err.constData());
+    }
+
+private:
+    /// An answer of the service with this content.
+    static QByteArray answer(const QByteArray &content)
+    {
+        const QJsonObject message{{u"content"_s, QString::fromUtf8(content)}};
+        const QByteArray body =
+            QJsonDocument(QJsonObject{{u"choices"_s, QJsonArray{QJsonObject{{u"message"_s, message}}}}})
+                .toJson();
+        return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
+    }
+
+    void use(const TestServer &server)
+    {
+        m_tool->setVariable(u"OPENAI_BASE_URL"_s, u"http://127.0.0.1:%1/v1"_s.arg(server.port()));
+    }
+
+    Outcome variations(const QStringList &more) const { return m_tool->run(variationsArguments + more); }
+
+    const QStringList variationsArguments{u"variations"_s, u"--prompt"_s, u"a goal"_s, u"--content"_s,
+                                          u"example.txt"_s};
+    std::unique_ptr<Tool> m_tool;
+};
+
+QTEST_GUILESS_MAIN(CliAiTest)
+#include "tst_cli_ai.moc"

@@ -1,0 +1,249 @@
+#include "tests/app/tool.h"
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+/// Everything that works on a library.
+class CliLibraryTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_tool = std::make_unique<Tool>(); }
+
+    void fromPicturesToFiles()
+    {
+        m_tool->write(u"content.json"_s,
+                      R"({"slides":[{"main":"One","subtitle":"Eins"},{"main":"Zwei 🎉"},{"main":"Three"}]})");
+        const QJsonArray assets = importPictures({u"red.png"_s, u"green.png"_s, u"blue.png"_s});
+        QCOMPARE(assets.size(), 3);
+        QVERIFY(QFile::exists(assets[0][u"file"_s].toString()));
+        QVERIFY(QDir::isAbsolutePath(assets[0][u"file"_s].toString()));
+
+        const QString idOfGreen = assets[1][u"id"_s].toString();
+        QCOMPARE(run(u"collections create Warm"_s).status, 0);
+        QCOMPARE(run({u"collections"_s, u"add"_s, u"Warm"_s, u"red.png"_s, idOfGreen}).status, 0);
+        QCOMPARE(run(u"collections remove Warm red.png"_s).status, 0);
+        QCOMPARE(array(u"collections list --json"_s)[0][u"assets"_s].toArray(), QJsonArray{idOfGreen});
+
+        const QJsonArray made = array(u"generate --json --content content.json --count 2 --shape 1:1 --style "
+                                      "boxed --collection Warm --batch-name Cats/Dogs --text-pos -0.25,0.5 "
+                                      "--text-scale 1.5"_s);
+        QCOMPARE(made.size(), 2);
+        const QJsonObject slide = made[0][u"slides"_s][1].toObject();
+        QCOMPARE(slide[u"text"_s], u"Zwei 🎉"_s);
+        QCOMPARE(slide[u"textStyle"_s], u"boxed"_s);
+        QCOMPARE(slide[u"boxColorHex"_s], u"FFFFFF"_s);
+        QCOMPARE(slide[u"textX"_s], -0.25);
+        QCOMPARE(slide[u"textScale"_s], 1.5);
+        QCOMPARE(slide[u"asset"_s], idOfGreen);
+        QCOMPARE(QColor(QImage(slide[u"image"_s].toString()).pixel(0, 0)), QColor(Qt::green));
+
+        const QJsonArray batches = array(u"list batches --json"_s);
+        QCOMPARE(batches.size(), 1);
+        QCOMPARE(batches[0][u"name"_s], u"Cats/Dogs"_s);
+        QCOMPARE(batches[0][u"slideshows"_s].toArray(), QJsonArray({made[1][u"id"_s], made[0][u"id"_s]}));
+
+        const Outcome exported = run(u"export --batch Cats/Dogs --to out"_s);
+        QCOMPARE(exported.status, 0);
+        QCOMPARE(exported.lines(), QStringList{m_tool->path(u"out/Cats-Dogs"_s)});
+        QStringList expected;
+        for (const QString &slideshow : {u"Slideshow_1"_s, u"Slideshow_2"_s})
+            for (int k = 1; k <= 3; ++k)
+                expected.append(u"Cats-Dogs/%1/Slide_%2.png"_s.arg(slideshow).arg(k));
+        QCOMPARE(m_tool->files(u"out"_s), expected);
+        const QImage png(m_tool->path(u"out/"_s + expected[0]));
+        QCOMPARE(png.size(), QSize(240, 240));
+        QCOMPARE(png.pixelColor(230, 120), QColor(Qt::green));
+
+        const QString start = made[0][u"id"_s].toString().left(13).toLower();
+        QCOMPARE(run({u"export"_s, u"--slideshow"_s, start, u"--to"_s, u"single"_s}).status, 0);
+        QCOMPARE(m_tool->files(u"single"_s).size(), 3);
+    }
+
+    void importingKeepsWhatCanBeRead()
+    {
+        m_tool->writePicture(u"a.jpg"_s, Qt::red);
+        m_tool->writePicture(u"folder/10.png"_s, Qt::red);
+        m_tool->writePicture(u"folder/9.png"_s, Qt::red);
+        m_tool->write(u"folder/notes.txt"_s, "no picture, and not called like one");
+        m_tool->write(u"folder/broken.jpg"_s, "no picture");
+        const Outcome outcome =
+            run(u"import a.jpg missing.jpg folder - -- folder/notes.txt --library a.jpg"_s);
+        QCOMPARE(outcome.status, 1);
+        QStringList names;
+        for (const QString &line : outcome.lines())
+            names.append(line.section(u'\t', 1));
+        QCOMPARE(names, QStringList({u"a.jpg"_s, u"9.png"_s, u"10.png"_s, u"a.jpg"_s}));
+        for (const char *const reported :
+             {"missing.jpg: ", "broken.jpg: ", " -: ", "notes.txt: ", "--library: "})
+            QVERIFY2(outcome.err.contains(reported), outcome.err.constData());
+        QCOMPARE(outcome.err.count('\n'), 5);
+        QCOMPARE(array(u"list assets --json"_s).size(), 4);
+    }
+
+    void theSeedChoosesThePictures()
+    {
+        QStringList names;
+        for (int i = 0; i < 12; ++i)
+            names.append(u"%1.png"_s.arg(i));
+        importPictures(names);
+        const auto choice = [&](const QString &options) {
+            QStringList assets;
+            const QStringList arguments =
+                u"generate --json --content - --count 4 "_s.append(options).split(u' ');
+            for (const QJsonValue slideshow : run(arguments, "a\nb\nc\nd\ne\n").json().array())
+                for (const QJsonValue slide : slideshow[u"slides"_s].toArray())
+                    assets.append(slide[u"asset"_s].toString());
+            return assets;
+        };
+        const QStringList first = choice(u"--seed 18446744073709551615"_s);
+        QCOMPARE(first.size(), 20);
+        QCOMPARE(choice(u"--seed 18446744073709551615"_s), first);
+        QVERIFY(choice(u"--seed 4294967295"_s) != first);
+    }
+
+    void nothingToMake_data()
+    {
+        QTest::addColumn<QString>("options");
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("no slides") << u""_s << QByteArray("{\"slides\":[]}")
+                                   << u"The content has no slides."_s;
+        QTest::newRow("broken") << u""_s << QByteArray("{\"slides\":") << u"The content has no slides."_s;
+        QTest::newRow("empty collection") << u"--collection Empty"_s << QByteArray("a")
+                                          << u"There are no pictures in the collection “Empty”"_s;
+        QTest::newRow("no collection")
+            << u"--collection None"_s << QByteArray("a") << u"There is no collection “None”."_s;
+        QTest::newRow("two collections")
+            << u"--collection Twin"_s << QByteArray("a") << u"2 collections are called “Twin”; give an id"_s;
+    }
+
+    void nothingToMake()
+    {
+        QFETCH(QString, options);
+        QFETCH(QByteArray, content);
+        QFETCH(QString, error);
+        importPictures({u"a.png"_s});
+        for (const QString &name : {u"Empty"_s, u"Twin"_s, u"Twin"_s})
+            QCOMPARE(run(u"collections create "_s + name).status, 0);
+        const Outcome outcome =
+            run(u"generate --content - "_s.append(options).split(u' ', Qt::SkipEmptyParts), content);
+        QCOMPARE(outcome.status, 1);
+        QVERIFY2(outcome.error().contains(error), outcome.err.constData());
+        QVERIFY(array(u"list slideshows --json"_s).isEmpty());
+    }
+
+    void deleting()
+    {
+        const QJsonArray assets = importPictures({u"a.png"_s, u"b.png"_s});
+        // The first slideshow shows the asset's file, because its own copies cannot be made.
+        m_tool->write(u"library/Slideshows"_s, "in the way");
+        const Outcome dependent =
+            run({u"generate"_s, u"--content"_s, u"-"_s, u"--batch-name"_s, u"Dependent"_s}, "text");
+        QCOMPARE(dependent.status, 0);
+        QVERIFY(dependent.out.contains("Failed to copy slide image: "));
+        const QString dependentId = array(u"list slideshows --json"_s)[0][u"id"_s].toString();
+        const QString usedAsset =
+            array(u"list slideshows --json"_s)[0][u"slides"_s][0][u"asset"_s].toString();
+        QVERIFY(QFile::remove(m_tool->path(u"library/Slideshows"_s)));
+        QCOMPARE(run({u"generate"_s, u"--content"_s, u"-"_s, u"--batch-name"_s, u"Kept"_s}, "text").status,
+                 0);
+
+        const Outcome deleted = run({u"delete"_s, u"asset"_s, usedAsset, u"nothing"_s});
+        QCOMPARE(deleted.status, 1);
+        QCOMPARE(deleted.lines(), QStringList{u"Deleting dependent slideshow: "_s + dependentId});
+        QVERIFY(deleted.error().contains(u"There is no asset “nothing”."_s));
+        QCOMPARE(array(u"list assets --json"_s).size(), 1);
+        QCOMPARE(array(u"list batches --json"_s)[0][u"name"_s], u"Kept"_s);
+        QVERIFY(QFile::exists(assets[0][u"file"_s].toString()));
+
+        QCOMPARE(run(u"delete batch Kept"_s).status, 0);
+        QVERIFY(array(u"list slideshows --json"_s).isEmpty());
+    }
+
+    void aLibraryThatIsOpenElsewhere()
+    {
+        importPictures({u"a.png"_s});
+        // It has the library open while its output is not taken.
+        const auto holder = m_tool->prepare(
+            {u"--library"_s, u"library"_s, u"export"_s, u"--batch"_s, u"B"_s, u"--to"_s, u"out"_s});
+        QCOMPARE(
+            run({u"generate"_s, u"--content"_s, u"-"_s, u"--count"_s, u"50"_s, u"--batch-name"_s, u"B"_s},
+                "a\nb\nc\nd\ne")
+                .status,
+            0);
+        holder->start();
+        QTRY_VERIFY(QFile::exists(m_tool->path(u"out/B/Slideshow_1/Slide_1.png"_s)));
+        const Outcome second = run(u"list assets"_s);
+        QCOMPARE(second.status, 1);
+        QVERIFY2(second.hasOneErrorLine() && second.error().contains(u"already open"_s),
+                 second.err.constData());
+
+        ::kill(static_cast<pid_t>(holder->processId()), SIGINT);
+        const Outcome interrupted = Tool::finish(*holder);
+        QCOMPARE(interrupted.status, 130);
+        QVERIFY2(interrupted.err.isEmpty(), interrupted.err.constData());
+        const QStringList files = m_tool->files(u"out"_s);
+        QVERIFY(files.size() < 250);
+        for (const QString &file : files)
+            QVERIFY2(file.endsWith(u".png"_s) && !QImage(m_tool->path(u"out/"_s + file)).isNull(),
+                     qPrintable(file));
+        QCOMPARE(array(u"list slideshows --json"_s).size(), 50);
+    }
+
+    void filesThatCannotBeWritten()
+    {
+        importPictures({u"a.png"_s});
+        QCOMPARE(run(u"generate --content - --shape 1:1 --batch-name B"_s.split(u' '), "a\nb\nc").status, 0);
+        QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"out/B/Slideshow_1/Slide_2.png"_s));
+        const Outcome outcome = run(u"export --batch B --to out"_s);
+        QCOMPARE(outcome.status, 1);
+        QVERIFY2(outcome.hasOneErrorLine() && outcome.error().contains(u"Slide_2.png"_s),
+                 outcome.err.constData());
+        QVERIFY(QFile::exists(m_tool->path(u"out/B/Slideshow_1/Slide_3.png"_s)));
+
+        m_tool->write(u"blocked"_s, "");
+        const Outcome blocked = run(u"export --batch B --to blocked"_s);
+        QCOMPARE(blocked.status, 1);
+        QVERIFY2(blocked.hasOneErrorLine(), blocked.err.constData());
+    }
+
+    void librariesThatAreNone()
+    {
+        const Outcome missing = run(u"list assets"_s);
+        QCOMPARE(missing.status, 1);
+        QVERIFY(missing.error().contains(u"There is no library in “library”."_s));
+        QVERIFY(!QFile::exists(m_tool->path(u"library"_s)));
+
+        QCOMPARE(m_tool->run({u"list"_s, u"assets"_s, u"--json"_s}).out, "[]\n"); // the user's own
+        m_tool->write(u"library/library.sqlite"_s, "something else");
+        const Outcome foreign = run(u"import x.png"_s);
+        QCOMPARE(foreign.status, 1);
+        QVERIFY(foreign.error().contains(u"it is not a Mosslantern library"_s));
+        QCOMPARE(m_tool->read(u"library/library.sqlite"_s), "something else");
+    }
+
+private:
+    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const
+    {
+        return m_tool->run(QStringList{u"--library"_s, u"library"_s} + arguments, input);
+    }
+
+    Outcome run(const QString &line) const { return run(line.split(u' ')); }
+
+    QJsonArray array(const QString &line) const { return run(line).json().array(); }
+
+    /// The assets of plain pictures of these names, each of another colour.
+    QJsonArray importPictures(const QStringList &names) const
+    {
+        for (qsizetype i = 0; i < names.size(); ++i)
+            m_tool->writePicture(names[i], static_cast<Qt::GlobalColor>(Qt::red + i % 12));
+        return run(QStringList{u"import"_s, u"--json"_s} + names).json().array();
+    }
+
+    std::unique_ptr<Tool> m_tool;
+};
+
+QTEST_GUILESS_MAIN(CliLibraryTest)
+#include "tst_cli_library.moc"

@@ -1,0 +1,150 @@
+#include "tests/app/tool.h"
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+/// Drawing without a library: render and make.
+class CliPicturesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_tool = std::make_unique<Tool>(); }
+
+    void oneFile()
+    {
+        m_tool->writePicture(u"in.jpg"_s, Qt::blue);
+        const Outcome outcome =
+            m_tool->run({u"render"_s, u"--text"_s, u"-x"_s, u"--size"_s, u"60x40.5"_s, u"--pixel-ratio"_s,
+                         u"1.5"_s, u"--text-pos"_s, u"-5,-5"_s, u"--out"_s, u"out.png"_s, u"in.jpg"_s});
+        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.lines(), QStringList{u"out.png"_s});
+        const QImage png(m_tool->path(u"out.png"_s));
+        QCOMPARE(png.size(), QSize(90, 61));
+        QVERIFY(png.pixelColor(45, 30).blue() > 250); // the text lies outside
+    }
+
+    void textsAreDrawn()
+    {
+        m_tool->writePicture(u"in.png"_s, Qt::blue);
+        const auto draw = [&](const QStringList &options) {
+            const Outcome outcome = m_tool->run(QStringList{u"render"_s, u"--shape"_s, u"1:1"_s, u"--out"_s,
+                                                            u"out.png"_s, u"in.png"_s, u"--text"_s, u"M"_s} +
+                                                options);
+            return outcome.status == 0 ? QImage(m_tool->path(u"out.png"_s)) : QImage();
+        };
+        const auto count = [](const QImage &image, QRgb color, const QRect &area) {
+            int pixels = 0;
+            for (int y = area.top(); y <= area.bottom(); ++y)
+                for (int x = area.left(); x <= area.right(); ++x)
+                    pixels += image.pixel(x, y) == color;
+            return pixels;
+        };
+        const QRect upper(0, 0, 240, 120);
+        const QRect lower(0, 120, 240, 120);
+        const QImage boxed =
+            draw({u"--style"_s, u"boxed"_s, u"--box-color"_s, u"#ff0000"_s, u"--text-pos"_s, u"0.5,0.25"_s});
+        QVERIFY(count(boxed, qRgb(255, 0, 0), upper) > 100);
+        QCOMPARE(count(boxed, qRgb(255, 0, 0), lower), 0);
+        const QImage both = draw({u"--subtitle"_s, u"S"_s, u"--subtitle-pos"_s, u"0.5,0.75"_s, u"--style"_s,
+                                  u"boxed"_s, u"--text-pos"_s, u"0.5,0.25"_s});
+        QVERIFY(count(both, qRgb(255, 255, 255), upper) > 100);
+        QVERIFY(count(both, qRgb(255, 255, 255), lower) > 100);
+    }
+
+    void severalFiles()
+    {
+        m_tool->writePicture(u"a/photo.jpg"_s, Qt::red);
+        m_tool->writePicture(u"b/Photo.png"_s, Qt::green);
+        m_tool->writePicture(u"out/photo-2.png"_s, Qt::blue);
+        const QByteArray input = m_tool->read(u"out/photo-2.png"_s);
+        m_tool->write(u"b/broken.png"_s, m_tool->read(u"b/Photo.png"_s).first(40));
+        const Outcome outcome =
+            m_tool->run({u"render"_s, u"--text"_s, u""_s, u"--shape"_s, u"1:1"_s, u"--out"_s, u"out"_s,
+                         u"a/photo.jpg"_s, u"b"_s, u"missing.png"_s, u"out/photo-2.png"_s});
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.lines(),
+                 QStringList({u"out/photo.png"_s, u"out/Photo-2.png"_s, u"out/photo-2-2.png"_s}));
+        QCOMPARE(m_tool->read(u"out/photo-2.png"_s), input);
+        QCOMPARE(color(u"out/photo.png"_s).red(), 254);
+        QCOMPARE(color(u"out/Photo-2.png"_s), QColor(Qt::green));
+        QCOMPARE(color(u"out/photo-2-2.png"_s), QColor(Qt::blue));
+        QVERIFY(!QFile::exists(m_tool->path(u"out/broken.png"_s)));
+        for (const char *const reported : {"b/broken.png: ", "missing.png: ", "“out/Photo-2.png”"})
+            QVERIFY2(outcome.err.contains(reported), outcome.err.constData());
+    }
+
+    void aPictureIsNeverReplaced()
+    {
+        m_tool->writePicture(u"photo.png"_s, Qt::red);
+        const QByteArray input = m_tool->read(u"photo.png"_s);
+        const QStringList common{u"render"_s, u"--text"_s,    u"t"_s,    u"--shape"_s,
+                                 u"1:1"_s,    u"photo.png"_s, u"--out"_s};
+        QCOMPARE(m_tool->run(common + QStringList{u"./photo.png"_s}).status, 1);
+        QCOMPARE(m_tool->run(common + QStringList{u"."_s}).lines(), QStringList{u"./photo-2.png"_s});
+        QCOMPARE(m_tool->read(u"photo.png"_s), input);
+    }
+
+    void makingInOneGo()
+    {
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        m_tool->writePicture(u"pictures/b.png"_s, Qt::green);
+        const QStringList arguments = u"make --images pictures --content - --out out --count 2 --shape 1:1 "
+                                      "--batch-name B --seed 3"_s.split(u' ');
+        const Outcome outcome = m_tool->run(arguments, "one\ntwo\n");
+        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.lines(), QStringList{m_tool->path(u"out/B"_s)});
+        QCOMPARE(m_tool->files(u"."_s),
+                 QStringList({u"out/B/Slideshow_1/Slide_1.png"_s, u"out/B/Slideshow_1/Slide_2.png"_s,
+                              u"out/B/Slideshow_2/Slide_1.png"_s, u"out/B/Slideshow_2/Slide_2.png"_s,
+                              u"pictures/a.png"_s, u"pictures/b.png"_s}));
+
+        m_tool->write(u"pictures/broken.jpg"_s, "broken");
+        QCOMPARE(m_tool->run(arguments, "one\n").status, 1);
+        QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"empty"_s));
+        const Outcome nothing =
+            m_tool->run(u"make --images empty --content - --out out2"_s.split(u' '), "one");
+        QCOMPARE(nothing.status, 1);
+        QVERIFY2(nothing.hasOneErrorLine() && nothing.error().contains(u"no pictures in “empty”"_s),
+                 nothing.err.constData());
+        QVERIFY(m_tool->files(u"out2"_s).isEmpty());
+    }
+
+    void interruptingLeavesNothingBehind_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("interrupt") << SIGINT;
+        QTest::newRow("terminate") << SIGTERM;
+    }
+
+    void interruptingLeavesNothingBehind()
+    {
+        QFETCH(int, signal);
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        const auto process = m_tool->prepare(
+            u"make --images pictures --content - --out out --count 200 --batch-name B"_s.split(u' '));
+        process->start();
+        process->write("a\nb\nc\nd\ne\n");
+        process->closeWriteChannel();
+        QTRY_VERIFY(QFile::exists(m_tool->path(u"out/B/Slideshow_1/Slide_1.png"_s)));
+        ::kill(static_cast<pid_t>(process->processId()), signal);
+        const Outcome outcome = Tool::finish(*process);
+        QCOMPARE(outcome.status, 128 + signal);
+        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
+        const QStringList files = m_tool->files(u"out"_s);
+        QVERIFY(files.size() < 1000);
+        for (const QString &file : files)
+            QVERIFY2(file.startsWith(u"B/"_s) && !QImage(m_tool->path(u"out/"_s + file)).isNull(),
+                     qPrintable(file));
+    }
+
+private:
+    QColor color(const QString &name) const { return QImage(m_tool->path(name)).pixelColor(120, 20); }
+
+    std::unique_ptr<Tool> m_tool;
+};
+
+QTEST_GUILESS_MAIN(CliPicturesTest)
+#include "tst_cli_pictures.moc"

@@ -1,0 +1,179 @@
+#include "tests/app/tool.h"
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+class CliUsageTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { m_tool = std::make_unique<Tool>(); }
+
+    void wrongUsage_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("expected");
+        const auto add = [](const char *line, const QString &expected) {
+            QTest::newRow(line) << QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts) << expected;
+        };
+        add("", u"a command is missing"_s);
+        add("frobnicate", u"unknown command “frobnicate”"_s);
+        add("list", u"expected one of assets, collections, batches, slideshows"_s);
+        add("collections list all", u"“all” is too much"_s);
+        add("--frob list assets", u"unknown option --frob"_s);
+        add("--library", u"--library needs a value"_s);
+        add("--library= list assets", u"--library must not be empty"_s);
+        add("list assets --jsno", u"unknown option --jsno; expected one of --json, --library"_s);
+        add("list assets --json=yes", u"--json takes no value"_s);
+        add("list assets --json --json", u"--json is given twice"_s);
+        add("import", u"more is expected: import [--json] FILE..."_s);
+        add("export --to x", u"either --batch or --slideshow"_s);
+        add("export --to x --batch b --slideshow s", u"either --batch or --slideshow"_s);
+        add("export --batch b", u"--to is missing"_s);
+        add("export --batch b --to", u"--to needs a value"_s);
+        add("generate", u"--content is missing"_s);
+        add("generate --content - --count 0", u"--count: expected a whole number from 1 to 1000, not “0”"_s);
+        add("generate --content - --count 1.5", u"--count: expected a whole number"_s);
+        add("generate --content - --style Neon",
+            u"expected one of classic, boxed, modern, neon, not “Neon”"_s);
+        add("generate --content - --shape 16:9", u"expected one of 9:16, 4:5, 1:1, not “16:9”"_s);
+        add("generate --content - --text-pos 0.5", u"--text-pos: expected X,Y"_s);
+        add("generate --content - --subtitle-pos 0.5,nan", u"--subtitle-pos: expected X,Y"_s);
+        add("generate --content - --text-scale 0,5", u"--text-scale: expected a number from 0.01 to 100"_s);
+        add("generate --content - --subtitle-scale -1", u"--subtitle-scale: expected a number"_s);
+        add("generate --content - --box-color FFF", u"--box-color: expected RRGGBB or RRGGBBAA"_s);
+        add("generate --content - --box-color GG0000", u"--box-color: expected RRGGBB or RRGGBBAA"_s);
+        add("generate --content - --seed -1", u"--seed: expected a whole number from 0"_s);
+        add("generate --content - --prompt p", u"--prompt needs --ai"_s);
+        add("make --images . --content - --out o --collection c", u"unknown option --collection"_s);
+        add("render --out o p.png", u"--text is missing"_s);
+        add("render --text t --out o --shape 1:1 --size 9x9 p.png", u"either --shape or --size"_s);
+        add("render --text t --out o --size 1920 p.png", u"--size: expected WxH"_s);
+        add("render --text t --out o --size 1e9x1e9 p.png", u"expected fewer pixels"_s);
+        add("preferences get color", u"unknown preference “color”; expected openAiApiKey"_s);
+        add("content check", u"more is expected: content check FILE|-"_s);
+    }
+
+    void wrongUsage()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, expected);
+        const Outcome outcome = m_tool->run(arguments);
+        QVERIFY2(outcome.error().contains(expected), outcome.err.constData());
+        QVERIFY2(outcome.hasOneErrorLine(), outcome.err.constData());
+        QCOMPARE(outcome.status, 2);
+        QVERIFY(outcome.out.isEmpty());
+        QVERIFY(m_tool->files(u"."_s).isEmpty());
+    }
+
+    void everyCommandHasHelp()
+    {
+        const Outcome help = m_tool->run({u"--help"_s});
+        QCOMPARE(help.status, 0);
+        QStringList commands;
+        for (const QString &line : help.lines()) {
+            if (line.startsWith(u"  "_s) && !line.startsWith(u"  -"_s))
+                commands.append(line.mid(2, 25).trimmed());
+        }
+        QVERIFY(commands.size() > 20);
+        for (const QString &command : std::as_const(commands)) {
+            const Outcome own = m_tool->run(command.split(u' ') << u"--help"_s);
+            QCOMPARE(own.status, 0);
+            QVERIFY2(own.out.startsWith("Usage: mosslantern-cli " + command.toUtf8()), own.out.constData());
+            for (const QString &line : own.lines())
+                QVERIFY2(line.size() <= 80, qPrintable(line));
+        }
+        QCOMPARE(m_tool->run({u"--version"_s}).status, 0);
+        QCOMPARE(m_tool->run({u"content"_s, u"-h"_s}).status, 0);
+        QVERIFY(m_tool->files(u"."_s).isEmpty());
+    }
+
+    void contentCommands_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<QString>("error");
+        const auto add = [](const char *name, const QString &command, const QByteArray &input, int status,
+                            const QByteArray &output, const QString &error = {}) {
+            QTest::newRow(name) << command << input << status << output << error;
+        };
+        const QByteArray broken = "{\"slides\":[{\"main\":\"a\nb\"}]}";
+        add("valid", u"check"_s, "\xEF\xBB\xBF{\"slides\":[{\"main\":\"a\"}]}", 0, "valid, 1 slide\n");
+        add("invalid", u"check"_s, broken, 1, {}, u"standard input: line break inside a string at line 1"_s);
+        add("lines", u"check"_s, "a\n\nb\n", 1, {}, u"as lines of text it gives 2 slides"_s);
+        add("not UTF-8", u"check"_s, "\xFF", 1, {}, u"Standard input is not a text in UTF-8"_s);
+        add("parsed lines", u"parse"_s, "  \xC3\xA9\n", 0,
+            "[\n  {\n    \"main\": \"\xC3\xA9\",\n    \"subtitle\": \"\"\n  }\n]\n");
+        add("parsed nothing", u"parse"_s, broken, 1, "[]\n", u"Tip: Check for unescaped quotes"_s);
+        add("pretty", u"prettify"_s, "[1.0,{}]", 0, "[\n  1.0,\n  {}\n]\n");
+        add("unchanged", u"prettify"_s, "no JSON\n", 1, "no JSON\n", u"left unchanged"_s);
+        add("fixed", u"fix-newlines"_s, broken, 0, "{\"slides\":[{\"main\":\"a\\nb\"}]}");
+    }
+
+    void contentCommands()
+    {
+        QFETCH(QString, command);
+        QFETCH(QByteArray, input);
+        QFETCH(QByteArray, output);
+        QFETCH(QString, error);
+        const Outcome fromInput = m_tool->run({u"content"_s, command, u"-"_s}, input);
+        QTEST(fromInput.status, "status");
+        QCOMPARE(fromInput.out, output);
+        QVERIFY2(error.isEmpty() ? fromInput.err.isEmpty() : fromInput.error().contains(error),
+                 fromInput.err.constData());
+
+        m_tool->write(u"-file"_s, input);
+        const Outcome fromFile = m_tool->run({u"content"_s, command, u"--"_s, u"-file"_s});
+        QCOMPARE(fromFile.status, fromInput.status);
+        QCOMPARE(fromFile.out, output);
+    }
+
+    void outputThatCannotBeWritten_data()
+    {
+        QTest::addColumn<QString>("redirection");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("error");
+        QTest::newRow("full disk") << u"> /dev/full"_s << 1 << u"No space left on device"_s;
+        QTest::newRow("closed") << u">&-"_s << 1 << u"standard output could not be written"_s;
+        QTest::newRow("no reader") << u"| true; exit ${PIPESTATUS[0]}"_s << 141 << QString();
+    }
+
+    void outputThatCannotBeWritten()
+    {
+        QFETCH(QString, redirection);
+        QFETCH(QString, error);
+        // Long enough for a reader to be gone before the end.
+        m_tool->write(u"lines"_s, QByteArray("line\n").repeated(100'000));
+        const auto process = m_tool->prepare({});
+        process->setProgram(u"bash"_s);
+        process->setArguments(
+            {u"-c"_s, u"'%1' content parse lines %2"_s.arg(QStringLiteral(MOSSLANTERN_CLI), redirection)});
+        process->start();
+        const Outcome outcome = Tool::finish(*process);
+        QTEST(outcome.status, "status");
+        QVERIFY2(error.isEmpty() ? outcome.err.isEmpty() : outcome.error().contains(error),
+                 outcome.err.constData());
+    }
+
+    void preferencesBelongToTheUser()
+    {
+        QCOMPARE(m_tool->run({u"preferences"_s, u"get"_s, u"openAiApiKey"_s}).out, "\n");
+        QCOMPARE(m_tool->run({u"preferences"_s, u"set"_s, u"openAiApiKey"_s, u"-"_s}, "sk-key\n").status, 0);
+        const Outcome stored = m_tool->run({u"preferences"_s, u"get"_s, u"openAiApiKey"_s});
+        QCOMPARE(stored.out, "sk-key\n");
+        const QStringList files = m_tool->files(u"."_s);
+        QCOMPARE(files.size(), 1);
+        QCOMPARE(QFileInfo(m_tool->path(files.first())).permissions() &
+                     (QFile::ReadGroup | QFile::ReadOther | QFile::WriteGroup | QFile::WriteOther),
+                 QFile::Permissions());
+    }
+
+private:
+    std::unique_ptr<Tool> m_tool;
+};
+
+QTEST_GUILESS_MAIN(CliUsageTest)
+#include "tst_cli_usage.moc"
