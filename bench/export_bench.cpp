@@ -5,6 +5,7 @@
 #include "render/export/png_encoder.h"
 #include "render/export/png_file.h"
 #include "render/export/slide_renderer.h"
+#include "render/memory.h"
 #include "render/picture/picture_geometry.h"
 #include "render/text/fonts.h"
 
@@ -39,6 +40,13 @@ double cpuSeconds()
         return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
     };
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double peakMegabytes()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
 template <typename Work>
@@ -117,6 +125,7 @@ void print(const char *name, const Figures &figures, const Figures &floor)
 
 int main(int argc, char **argv)
 {
+    returnLargeBlocks();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     if (argc < 2 || !registerFonts()) {
@@ -139,10 +148,15 @@ int main(int argc, char **argv)
                 static_cast<long long>(pictures.size()), threads);
     for (int round = 0; round < rounds; ++round) {
         const QTemporaryDir folder;
+        std::array<Figures, allTextStyles.size()> ours;
+        for (size_t i = 0; i < ours.size(); ++i)
+            ours[i] = measureOurs(pictures, allTextStyles[i], threads, folder.path());
+        if (round == 0)
+            std::printf("peak memory of the exports: %.0f MB\n", peakMegabytes());
         const Figures floor = measureFloor(pictures, threads, folder.path());
         print("floor", floor, floor);
-        for (const TextStyle style : allTextStyles)
-            print(qPrintable(rawText(style)), measureOurs(pictures, style, threads, folder.path()), floor);
+        for (size_t i = 0; i < ours.size(); ++i)
+            print(qPrintable(rawText(allTextStyles[i])), ours[i], floor);
     }
     return 0;
 }

@@ -13,5 +13,5 @@ for bench in store_bench picture_bench render_bench generator_bench; do
 done
 for threads in 1 "$(nproc)"; do
   printf '\n== export, %s thread(s)\n' "$threads"
-  /usr/bin/time -f 'peak memory of floor and exports together: %M kB' "$bin/export_bench" "$photographs" "$threads" 2
+  "$bin/export_bench" "$photographs" "$threads" 2
 done

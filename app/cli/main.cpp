@@ -3,6 +3,7 @@
 #include "app/cli/output.h"
 #include "app/cli/qt_messages.h"
 #include "app/identity.h"
+#include "render/memory.h"
 #include "render/text/fonts.h"
 
 #include <QtCore/QStringDecoder>
@@ -151,6 +152,7 @@ int runTool(int count, char **words)
 
 int main(int argc, char **argv)
 {
+    mosslantern::returnLargeBlocks();
     mosslantern::prepareStandardStreams();
     return mosslantern::finishOutput(mosslantern::runTool(argc, argv));
 }

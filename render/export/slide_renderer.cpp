@@ -101,7 +101,9 @@ SlideRenderer::~SlideRenderer() = default;
 void SlideRenderer::render(std::span<const SlideJob> jobs,
                            const std::function<bool(size_t, const EncodedSlide &)> &write)
 {
-    const auto most = static_cast<size_t>(m_pool.maxThreadCount()) + 1;
+    // One more than there are threads, so that none waits while the last bands of a slide are compressed.
+    const auto threads = static_cast<size_t>(m_pool.maxThreadCount());
+    const size_t most = threads > 1 ? threads + 1 : 1;
     std::deque<std::unique_ptr<SlideTask>> running;
     size_t next = 0;
     bool wanted = true;
