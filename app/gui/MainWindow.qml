@@ -59,6 +59,22 @@ T.ApplicationWindow {
         }
     }
 
+    /// The template library on a text of its own, for developers and tests.
+    function showContentLibrary() {
+        sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "visible": true})
+    }
+
+    Loader {
+        id: sheets
+    }
+    Connections {
+        target: sheets.item as ContentLibrarySheet
+        ignoreUnknownSignals: true
+        function onClosed() {
+            sheets.setSource("")
+        }
+    }
+
     function showSelectedScreen() {
         if (content.selectedIndex < 0)
             detail.setSource("")

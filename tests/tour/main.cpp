@@ -2,6 +2,7 @@
 // each into a folder: tour FOLDER.
 
 #include "model/collection.h"
+#include "model/content_template.h"
 #include "model/image_files.h"
 #include "tests/ui/ui_session.h"
 #include "ui/common/interface_fonts.h"
@@ -30,6 +31,7 @@ private:
     void importPictures();
     void assets();
     void collections();
+    void contentLibrary();
     void waitForThumbnails();
     void waitForPopup();
     void picture(const QString &name);
@@ -119,11 +121,51 @@ void Tour::collections()
     waitForPopup();
 }
 
+void Tour::contentLibrary()
+{
+    QMetaObject::invokeMethod(m_session.window(), "showContentLibrary");
+    waitForPopup();
+    picture(u"templates-empty"_s);
+    m_session.click(u"saveCurrentTemplate"_s);
+    waitForPopup();
+    picture(u"templates-save-current"_s);
+    m_session.key(Qt::Key_Escape);
+    waitForPopup();
+    m_session.click(u"createNewTemplate"_s);
+    waitForPopup();
+    picture(u"templates-create"_s);
+    m_session.type(u"Morning walk"_s);
+    m_session.key(Qt::Key_Tab);
+    m_session.type(u"{\n  \"slides\": [\n    {\n      \"main\": \"Five reasons to get up early ☀️\",\n"
+                   "      \"subtitle\": \"The second one surprised me\"\n    }\n  ]\n}"_s);
+    picture(u"templates-create-filled"_s);
+    m_session.click(u"saveTemplate"_s);
+    waitForPopup();
+    QStringList lines;
+    for (int i = 1; i <= 60; ++i)
+        lines.append(u"Slide %1 of a very long text"_s.arg(i));
+    for (const QString &name :
+         {u"A plain text of many lines"_s, u"A template whose name is longer than its row"_s})
+        m_session.store().insert(std::make_unique<ContentTemplate>(name, lines.join(u'\n')));
+    m_session.settle();
+    picture(u"templates"_s);
+    m_session.click(u"templateRow"_s, 1);
+    picture(u"templates-long"_s);
+    m_session.click(u"deleteTemplate"_s);
+    waitForPopup();
+    picture(u"templates-delete"_s);
+    m_session.click(u"cancelDeleteTemplate"_s);
+    waitForPopup();
+    m_session.click(u"contentLibraryDone"_s);
+    waitForPopup();
+}
+
 void Tour::run()
 {
     m_session.open();
     assets();
     collections();
+    contentLibrary();
     m_session.click(u"sidebarRow2"_s);
     picture(u"slideshows"_s);
     m_session.click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);

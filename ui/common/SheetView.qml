@@ -8,6 +8,7 @@ ModalPanel {
     required property string title
     default property alias content: body.data
     property alias buttons: row.data
+    property alias headerItems: header.data
 
     FocusScope {
         anchors.fill: parent
@@ -17,13 +18,21 @@ ModalPanel {
 
         ElidedText {
             x: 20
-            width: parent.width - 40
+            width: header.x - x - Theme.padding
             height: Theme.headerHeight
             text: root.title
             font.pixelSize: Theme.title3
             font.weight: Font.Bold
             verticalAlignment: Text.AlignVCenter
             Accessible.role: Accessible.Heading
+        }
+        Row {
+            id: header
+            anchors.right: parent.right
+            anchors.rightMargin: Theme.padding
+            height: Theme.headerHeight
+            topPadding: (Theme.headerHeight - Theme.controlHeight) / 2
+            spacing: Theme.spacing
         }
         Rectangle {
             y: Theme.headerHeight - 1

@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+
+/// Several lines of text to type, which scroll in a bordered area. The Tab key leaves it.
+FocusScope {
+    id: root
+
+    required property string label
+    property alias text: area.text
+    property alias font: area.font
+    property color color: Theme.textBackground
+    property real radius: 6
+
+    signal textEdited(text: string)
+
+    Rectangle {
+        anchors.fill: parent
+        color: root.color
+        border.color: area.activeFocus ? Theme.blue : Theme.separator
+        border.width: area.activeFocus ? Theme.focusWidth : 1
+        radius: root.radius
+    }
+    Flickable {
+        id: flickable
+        anchors.fill: parent
+        anchors.margins: 2
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        T.TextArea.flickable: T.TextArea {
+            id: area
+            objectName: root.objectName + "Area"
+            implicitWidth: contentWidth + leftPadding + rightPadding
+            implicitHeight: contentHeight + topPadding + bottomPadding
+            padding: 8
+            focus: true
+            color: Theme.primary
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.accentText
+            font.family: Theme.family
+            font.pixelSize: Theme.body
+            selectByMouse: true
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+            KeyNavigation.priority: KeyNavigation.BeforeItem
+            KeyNavigation.tab: nextItemInFocusChain(true)
+            KeyNavigation.backtab: nextItemInFocusChain(false)
+            onTextChanged: root.textEdited(text)
+            Accessible.role: Accessible.EditableText
+            Accessible.name: root.label
+        }
+    }
+}

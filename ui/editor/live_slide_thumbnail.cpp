@@ -1,0 +1,36 @@
+#include "ui/editor/live_slide_thumbnail.h"
+
+#include "render/pixels/pixels.h"
+#include "ui/editor/colors.h"
+
+namespace mosslantern {
+
+namespace {
+
+constexpr RgbaColor noAssetColor{noPictureColor.red, noPictureColor.green, noPictureColor.blue, 0.3};
+
+} // namespace
+
+LiveSlideThumbnail::LiveSlideThumbnail(QQuickItem *parent)
+    : StaticSlide(parent)
+{}
+
+QColor LiveSlideThumbnail::boxColor() const
+{
+    return toColor(m_values.boxColor);
+}
+
+void LiveSlideThumbnail::setBoxColor(const QColor &color)
+{
+    set(m_values.boxColor, toRgbaColor(color));
+}
+
+StaticSlide::Content LiveSlideThumbnail::content() const
+{
+    return {.values = m_values,
+            .picturePath = m_asset ? m_asset->fileURL().toLocalFile() : QString(),
+            .noPicture = noAssetColor,
+            .preloadedPicture = {}};
+}
+
+} // namespace mosslantern

@@ -1,0 +1,102 @@
+#include "ui/editor/static_slide.h"
+
+#include "render/picture/picture_geometry.h"
+#include "ui/editor/image_layer.h"
+
+namespace mosslantern {
+
+namespace {
+
+PictureFill filling(const QImage &picture, QSize canvas)
+{
+    const QImage image = picture.convertToFormat(
+        picture.hasAlphaChannel() ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBX8888);
+    return {image, coverRegion(image.size(), canvas)};
+}
+
+} // namespace
+
+AspectRatio aspectRatioFromVariant(const QVariant &value)
+{
+    return value.isValid() ? static_cast<AspectRatio>(value.toInt()) : AspectRatio::tiktok;
+}
+
+StaticSlide::StaticSlide(QQuickItem *parent)
+    : QQuickItem(parent)
+    , m_picture(*this)
+{
+    setFlag(ItemHasContents);
+    connect(&m_picture, &CanvasPicture::changed, this, [this] {
+        redraw();
+        emit isLoadedChanged();
+    });
+}
+
+void StaticSlide::redraw()
+{
+    if (isComponentComplete() && window())
+        polish();
+}
+
+void StaticSlide::componentComplete()
+{
+    QQuickItem::componentComplete();
+    redraw();
+}
+
+void StaticSlide::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    QQuickItem::itemChange(change, value);
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+        redraw();
+}
+
+void StaticSlide::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    QQuickItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.size() != oldGeometry.size())
+        redraw();
+}
+
+QRectF StaticSlide::canvasRect() const
+{
+    return fittedCanvas(shape(), boundingRect());
+}
+
+Background StaticSlide::background(const Content &content, const Canvas &canvas)
+{
+    if (!content.preloadedPicture.isNull())
+        return filling(content.preloadedPicture, canvas.pixelSize());
+    const bool wasLoaded = isLoaded();
+    m_picture.show(content.picturePath, canvas.pixelSize());
+    if (wasLoaded != isLoaded())
+        emit isLoadedChanged();
+    if (const auto fill = m_picture.fill())
+        return *fill;
+    return content.picturePath.isEmpty() ? content.noPicture : missingPictureColor;
+}
+
+void StaticSlide::updatePolish()
+{
+    const QRectF rect = canvasRect();
+    if (rect.isEmpty())
+        return;
+    m_pixelRatio = window()->effectiveDevicePixelRatio();
+    const Canvas canvas{rect.size(), m_pixelRatio};
+    const Content shown = content();
+    m_image = SlideComposition(canvas, background(shown, canvas), drawTexts(shown.values, canvas)).image();
+    m_imageIsNew = true;
+    update();
+}
+
+QSGNode *StaticSlide::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
+{
+    if (m_image.isNull() || (node && !m_imageIsNew))
+        return node;
+    delete node;
+    m_imageIsNew = false;
+    const QPoint at = (canvasRect().topLeft() * m_pixelRatio).toPoint();
+    return makeImageNode(window(), m_image, at, m_pixelRatio);
+}
+
+} // namespace mosslantern

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "model/aspect_ratio.h"
+#include "render/slide_values.h"
+#include "ui/editor/canvas_picture.h"
+
+#include <QtGui/QImage>
+
+namespace mosslantern {
+
+/// A slide drawn by the exporter's painter: the largest canvas of its shape that fits into the item, in its
+/// centre, with rounded corners and a shadow.
+class StaticSlide : public QQuickItem
+{
+    Q_OBJECT
+    /// Whether the picture is shown, of those slides that have one.
+    Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY isLoadedChanged)
+
+public:
+    explicit StaticSlide(QQuickItem *parent = nullptr);
+
+    bool isLoaded() const { return m_picture.isLoaded(); }
+
+    /// Where the canvas lies in the item, in points.
+    QRectF canvasRect() const;
+
+signals:
+    void isLoadedChanged();
+
+protected:
+    /// What the slide shows at the moment.
+    struct Content
+    {
+        SlideValues values;
+        QString picturePath;     // empty: there is none
+        RgbaColor noPicture;     // stands where there is none
+        QImage preloadedPicture; // instead of the file, unless null
+    };
+
+    virtual Content content() const = 0;
+    virtual AspectRatio shape() const = 0;
+
+    /// Draws anew before the next frame.
+    void redraw();
+
+    void componentComplete() override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+    void updatePolish() override;
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+
+private:
+    Background background(const Content &content, const Canvas &canvas);
+
+    CanvasPicture m_picture;
+    QImage m_image;
+    double m_pixelRatio = 1;
+    bool m_imageIsNew = false;
+};
+
+/// The shape that a screen hands over: an AspectRatio as a number, or nothing for `tiktok`.
+[[nodiscard]] AspectRatio aspectRatioFromVariant(const QVariant &value);
+
+} // namespace mosslantern
