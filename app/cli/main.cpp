@@ -68,12 +68,12 @@ Result<Request> understand(const QStringList &words, const std::vector<Command> 
         return fail(u"a command is missing; see mosslantern-cli --help"_s);
 
     const QString firstWord = words[at];
-    for (const qsizetype length : {2, 1}) {
-        const QString name = words.sliced(at, std::min(length, words.size() - at)).join(u' ');
-        const auto command = std::ranges::find(commands, name, &Command::name);
+    for (const qsizetype most : {2, 1}) {
+        const QStringList name = words.sliced(at, std::min(most, words.size() - at));
+        const auto command = std::ranges::find(commands, name.join(u' '), &Command::name);
         if (command == commands.end())
             continue;
-        const QStringList rest = words.sliced(at + length);
+        const QStringList rest = words.sliced(at + name.size());
         return Request{&*command, words.first(at) + rest, wantsHelp(rest) ? helpText(*command) : QString()};
     }
     QStringList related;
