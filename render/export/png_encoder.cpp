@@ -12,8 +12,6 @@
 
 namespace mosslantern {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr char paethTag = 4;
@@ -66,7 +64,15 @@ public:
         write(tail);
     }
 
-    void write(const QByteArray &bytes) { m_written = m_written && m_device.write(bytes) == bytes.size(); }
+    /// A device that takes only a part tells the reason when it is given the rest.
+    void write(const QByteArray &bytes)
+    {
+        for (qsizetype done = 0; m_written && done < bytes.size();) {
+            const qint64 count = m_device.write(bytes.constData() + done, bytes.size() - done);
+            m_written = count > 0;
+            done += count;
+        }
+    }
 
     [[nodiscard]] bool succeeded() const { return m_written; }
 
@@ -139,7 +145,7 @@ Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands)
     }
     png.chunk("IEND", {});
     if (!png.succeeded())
-        return fail(u"The picture could not be written: %1"_s.arg(device.errorString()));
+        return fail(device.errorString());
     return {};
 }
 

@@ -25,7 +25,8 @@ struct PngBand
 [[nodiscard]] PngBand encodePngBand(const uint8_t *pixels, const uint8_t *above, int width, int rows,
                                     bool last);
 
-/// Writes the PNG picture (PNG specification, third edition) of these bands: 8-bit RGBA, marked as sRGB.
+/// Writes the PNG picture (PNG specification, third edition) of these bands: 8-bit RGBA, marked as sRGB. The
+/// error is the device's.
 [[nodiscard]] Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands);
 
 } // namespace mosslantern
