@@ -57,10 +57,8 @@ QString printable(QStringView text)
 {
     QString line = text.toString();
     for (QChar &c : line) {
-        if (c.isSpace())
-            c = u' ';
-        else if (c.category() == QChar::Other_Control)
-            c = QChar::ReplacementCharacter;
+        if (c.category() == QChar::Other_Control)
+            c = c.isSpace() ? QChar::Space : QChar::ReplacementCharacter;
     }
     return line;
 }

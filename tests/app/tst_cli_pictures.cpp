@@ -14,13 +14,13 @@ private slots:
     void oneFile()
     {
         m_tool->writePicture(u"in.jpg"_s, Qt::blue);
-        const Outcome outcome =
-            m_tool->run({u"render"_s, u"--text"_s, u"-x"_s, u"--size"_s, u"60x40.5"_s, u"--pixel-ratio"_s,
-                         u"1.5"_s, u"--text-pos"_s, u"-5,-5"_s, u"--out"_s, u"out.png"_s, u"in.jpg"_s});
+        const Outcome outcome = m_tool->run({u"render"_s, u"--text"_s, u"-x"_s, u"--size"_s, u"60x40.5"_s,
+                                             u"--pixel-ratio"_s, u"1.5"_s, u"--text-pos"_s, u"-5,-5"_s,
+                                             u"--out"_s, u"out\u202F1.png"_s, u"in.jpg"_s});
         QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
         QCOMPARE(outcome.status, 0);
-        QCOMPARE(outcome.lines(), QStringList{u"out.png"_s});
-        const QImage png(m_tool->path(u"out.png"_s));
+        QCOMPARE(outcome.lines(), QStringList{u"out\u202F1.png"_s});
+        const QImage png(m_tool->path(u"out\u202F1.png"_s));
         QCOMPARE(png.size(), QSize(90, 61));
         QVERIFY(png.pixelColor(45, 30).blue() > 250); // the text lies outside
     }
