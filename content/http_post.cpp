@@ -73,12 +73,10 @@ public:
         m_promise.start();
         connect(m_reply, &QNetworkReply::readyRead, this, &Exchange::receive);
         connect(m_reply, &QNetworkReply::finished, this, &Exchange::conclude);
-        m_deadline.setSingleShot(true);
-        m_deadline.callOnTimeout(this, [this] {
+        QTimer::singleShot(limits.time, this, [this] {
             finish(fail(u"the service did not answer within %1 seconds"_s.arg(
                 std::chrono::duration<double>(m_limits.time).count())));
         });
-        m_deadline.start(limits.time);
     }
 
     ~Exchange() override { finish(fail(u"the request was cancelled"_s)); }
@@ -127,7 +125,6 @@ private:
             return;
         m_promise.addResult(std::move(result));
         m_promise.finish();
-        m_deadline.stop();
         m_reply->disconnect(this);
         m_reply->abort();
         deleteLater();
@@ -136,7 +133,6 @@ private:
     HttpLimits m_limits;
     QNetworkAccessManager m_network;
     QNetworkReply *m_reply;
-    QTimer m_deadline;
     QByteArray m_received;
     QPromise<Result<HttpAnswer>> m_promise;
 };

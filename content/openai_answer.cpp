@@ -1,6 +1,7 @@
 #include "content/openai_answer.h"
 
-#include "content/json.h"
+#include "content/json_decoder.h"
+#include "content/json_printer.h"
 #include "content/utf8.h"
 #include "model/console.h"
 
@@ -10,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = JsonValue::Kind;
 using Case = OpenAIError::Case;
 
 /// What the variations of one answer may take together, in bytes of UTF-8, and what even a short one counts:
@@ -26,21 +26,6 @@ std::unexpected<OpenAIFailure> fail(Case which, const QString &text = {})
 std::unexpected<OpenAIFailure> passOn(const Error &error)
 {
     return std::unexpected<OpenAIFailure>(error);
-}
-
-/// A member of `object` that must be there and of one kind.
-Result<JsonValue> required(const JsonValue &object, QLatin1StringView name, Kind kind)
-{
-    if (object.kind() != Kind::object)
-        return mosslantern::fail(
-            u"expected an object with \"%1\", found %2"_s.arg(name, describe(object.kind())));
-    const std::optional<JsonValue> member = object.member(name);
-    if (!member)
-        return mosslantern::fail(u"\"%1\" is missing"_s.arg(name));
-    if (member->kind() != kind)
-        return mosslantern::fail(
-            u"%1: expected %2, found %3"_s.arg(name, describe(kind), describe(member->kind())));
-    return *member;
 }
 
 /// What a service says of a refused request, without the key, which it may have trimmed.
@@ -64,26 +49,75 @@ QString withoutFences(const QString &content)
     return text.trimmed().toString();
 }
 
+constexpr JsonShape messageMembers[]{{.name = "content"_L1, .kind = JsonKind::string}};
+constexpr JsonShape choiceMembers[]{
+    {.name = "message"_L1, .kind = JsonKind::object, .parts = messageMembers}};
+constexpr JsonShape choice[]{{.name = "choice"_L1, .kind = JsonKind::object, .parts = choiceMembers}};
+constexpr JsonShape responseMembers[]{{.name = "choices"_L1, .kind = JsonKind::array, .parts = choice}};
+constexpr JsonShape responseShape{.name = "response"_L1, .kind = JsonKind::object, .parts = responseMembers};
+
+/// Prints each object of a list on its own, as it is read.
+class VariationLister final : public JsonHandler
+{
+public:
+    /// Whether what was read is a list of objects.
+    bool isList() const { return m_isList; }
+    const QStringList &variations() const { return m_variations; }
+
+    Result<> scalar(JsonKind kind, const std::string &text) override
+    {
+        m_isList = m_isList && m_depth > 1;
+        return m_isList ? m_printer.scalar(kind, text) : Result<>();
+    }
+
+    Result<> begin(JsonKind kind) override
+    {
+        const int depth = m_depth++;
+        if (depth < 2)
+            m_isList = m_isList && kind == (depth == 0 ? JsonKind::array : JsonKind::object);
+        return m_isList && depth > 0 ? m_printer.begin(kind) : Result<>();
+    }
+
+    Result<> end(JsonKind kind) override
+    {
+        const int depth = --m_depth;
+        if (!m_isList || depth == 0)
+            return {};
+        const Result<> printed = m_printer.end(kind);
+        if (printed && depth == 1) {
+            const QByteArray &text = m_printer.text();
+            m_variations += QString::fromUtf8(text);
+            m_sizeLeft -= qMax(text.size(), leastVariationSize);
+            m_printer = JsonPrinter(m_sizeLeft);
+        }
+        return printed;
+    }
+
+    Result<> key(const std::string &name) override { return m_isList ? m_printer.key(name) : Result<>(); }
+
+private:
+    QStringList m_variations;
+    qsizetype m_sizeLeft = maxVariationsSize;
+    JsonPrinter m_printer{m_sizeLeft};
+    int m_depth = 0;
+    bool m_isList = true;
+};
+
 } // namespace
 
 Result<OpenAIResponse> OpenAIResponse::decode(QByteArrayView body)
 {
-    const Result<JsonValue> root = JsonValue::parse(body);
-    if (!root)
-        return std::unexpected(root.error());
-    const Result<JsonValue> choices = required(*root, "choices"_L1, Kind::array);
-    if (!choices)
-        return std::unexpected(choices.error());
     OpenAIResponse response;
-    for (const JsonChild &choice : choices->children()) {
-        const Result<JsonValue> message = required(choice.value, "message"_L1, Kind::object);
-        if (!message)
-            return std::unexpected(message.error());
-        const Result<JsonValue> content = required(*message, "content"_L1, Kind::string);
-        if (!content)
-            return std::unexpected(content.error());
-        response.choices.append(Choice{Message{content->text()}});
-    }
+    const auto found = [&choices = response.choices](const JsonShape &place, std::optional<QString> text) {
+        if (place.name == "choices"_L1)
+            choices.clear();
+        else if (place.name == "choice"_L1)
+            choices.emplaceBack();
+        else if (place.name == "content"_L1)
+            choices.last().message.content = *std::move(text);
+    };
+    if (const Result<> decoded = decodeJson(body, responseShape, found); !decoded)
+        return std::unexpected(decoded.error());
     return response;
 }
 
@@ -112,24 +146,12 @@ std::expected<QStringList, OpenAIFailure> readVariationList(const QString &conte
     const std::optional<QByteArray> utf8 = encodeUtf8(withoutFences(content));
     if (!utf8)
         return fail(Case::decodingError);
-    const Result<JsonValue> list = JsonValue::parse(*utf8);
-    if (!list)
-        return passOn(list.error());
-    if (list->kind() != Kind::array)
+    VariationLister lister;
+    if (const Result<> read = readJson(*utf8, lister); !read)
+        return passOn(read.error());
+    if (!lister.isList())
         return fail(Case::decodingError);
-
-    QStringList variations;
-    qsizetype left = maxVariationsSize;
-    for (const JsonChild &element : list->children()) {
-        if (element.value.kind() != Kind::object)
-            return fail(Case::decodingError);
-        const Result<QByteArray> pretty = prettyJson(element.value, left);
-        if (!pretty)
-            return passOn(pretty.error());
-        left -= qMax(pretty->size(), leastVariationSize);
-        variations += QString::fromUtf8(*pretty);
-    }
-    return variations;
+    return lister.variations();
 }
 
 } // namespace mosslantern

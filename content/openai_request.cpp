@@ -44,19 +44,19 @@ Result<QByteArray> authorizationHeader(const QString &apiKey)
 
 QString variationsPrompt(const QString &prompt, const QString &exampleJSON, qint64 count)
 {
-    const QString number = QString::number(count);
-    return u"You are a creative assistant helping to generate text for slideshows.\nThe user wants to create "_s +
-           number +
-           u" variations of a slideshow based on a specific topic or goal.\n\nHere is the example JSON "
-           u"structure "
-           "that MUST be followed exactly for each variation:\n"_s +
-           exampleJSON + u"\n\nThe user's goal/prompt is:\n\""_s + prompt + u"\"\n\nPlease generate "_s +
-           number +
-           u" DIFFERENT variations of the content.\nReturn ONLY a raw JSON array of objects, where each "
-           u"object "
-           "follows the structure of the example above.\nDo not include markdown formatting (like ```json "
-           "... "
-           "```), just the raw JSON."_s;
+    return uR"(You are a creative assistant helping to generate text for slideshows.
+The user wants to create %1 variations of a slideshow based on a specific topic or goal.
+
+Here is the example JSON structure that MUST be followed exactly for each variation:
+%2
+
+The user's goal/prompt is:
+"%3"
+
+Please generate %1 DIFFERENT variations of the content.
+Return ONLY a raw JSON array of objects, where each object follows the structure of the example above.
+Do not include markdown formatting (like ```json ... ```), just the raw JSON.)"_s.arg(QString::number(count),
+                                                                                      exampleJSON, prompt);
 }
 
 Result<QByteArray> chatCompletionsBody(const QString &userPrompt)

@@ -21,12 +21,13 @@ struct SlideData
 };
 
 /// A slide-content document: a JSON object whose member "slides" lists the slides in order.
-/// Of a member that is repeated the last one counts.
+/// Of a member that is repeated the last one counts, but each must be of the right type.
 struct SlideContentJSON
 {
     QList<SlideData> slides;
 
-    /// Fails on anything but strict JSON of this form, with a message that says where.
+    /// Fails on anything but strict JSON of this form, with a message that says where. Numbers that a double
+    /// cannot hold are refused even in members that are ignored.
     static Result<SlideContentJSON> decode(QStringView text);
 
     /// Pretty-printed, "main" before "subtitle", a missing subtitle left out. Fails when a text holds half

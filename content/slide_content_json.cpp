@@ -1,4 +1,4 @@
-#include "content/json.h"
+#include "content/json_decoder.h"
 #include "content/slide_content.h"
 #include "content/utf8.h"
 
@@ -10,32 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = JsonValue::Kind;
-
 const auto loneSurrogate = u"the text holds half of a surrogate pair"_s;
 
-std::unexpected<Error> wrongType(const QString &where, QLatin1StringView wanted, const JsonValue &found)
-{
-    return fail(u"%1: expected %2, found %3"_s.arg(where, wanted, describe(found.kind())));
-}
-
-Result<SlideData> decodeSlide(const JsonValue &value, qsizetype index)
-{
-    const auto where = [index](QLatin1StringView member) { return u"slides[%1]%2"_s.arg(index).arg(member); };
-    if (value.kind() != Kind::object)
-        return wrongType(where({}), "an object"_L1, value);
-    const std::optional<JsonValue> main = value.member("main"_L1);
-    if (!main)
-        return fail(u"%1: \"main\" is missing"_s.arg(where({})));
-    if (main->kind() != Kind::string)
-        return wrongType(where(".main"_L1), "a string"_L1, *main);
-    const std::optional<JsonValue> subtitle = value.member("subtitle"_L1);
-    if (!subtitle || subtitle->kind() == Kind::null)
-        return SlideData{main->text(), std::nullopt};
-    if (subtitle->kind() != Kind::string)
-        return wrongType(where(".subtitle"_L1), "a string or null"_L1, *subtitle);
-    return SlideData{main->text(), subtitle->text()};
-}
+constexpr JsonShape slideMembers[]{
+    {.name = "main"_L1, .kind = JsonKind::string},
+    {.name = "subtitle"_L1, .kind = JsonKind::string, .isOptional = true},
+};
+constexpr JsonShape slide[]{{.name = "slide"_L1, .kind = JsonKind::object, .parts = slideMembers}};
+constexpr JsonShape documentMembers[]{{.name = "slides"_L1, .kind = JsonKind::array, .parts = slide}};
+constexpr JsonShape document{.name = "document"_L1, .kind = JsonKind::object, .parts = documentMembers};
 
 } // namespace
 
@@ -44,24 +27,19 @@ Result<SlideContentJSON> SlideContentJSON::decode(QStringView text)
     const std::optional<QByteArray> utf8 = encodeUtf8(text);
     if (!utf8)
         return fail(loneSurrogate);
-    const Result<JsonValue> root = JsonValue::parse(*utf8);
-    if (!root)
-        return std::unexpected(root.error());
-    if (root->kind() != Kind::object)
-        return wrongType(u"the document"_s, "an object"_L1, *root);
-    const std::optional<JsonValue> slides = root->member("slides"_L1);
-    if (!slides)
-        return fail(u"\"slides\" is missing"_s);
-    if (slides->kind() != Kind::array)
-        return wrongType(u"slides"_s, "an array"_L1, *slides);
-
     SlideContentJSON content;
-    for (const JsonChild &child : slides->children()) {
-        Result<SlideData> slide = decodeSlide(child.value, content.slides.size());
-        if (!slide)
-            return std::unexpected(slide.error());
-        content.slides += *std::move(slide);
-    }
+    const auto found = [&slides = content.slides](const JsonShape &place, std::optional<QString> value) {
+        if (place.name == "slides"_L1)
+            slides.clear();
+        else if (place.name == "slide"_L1)
+            slides.emplaceBack();
+        else if (place.name == "main"_L1)
+            slides.last().main = *std::move(value);
+        else if (place.name == "subtitle"_L1)
+            slides.last().subtitle = std::move(value);
+    };
+    if (const Result<> decoded = decodeJson(*utf8, document, found); !decoded)
+        return std::unexpected(decoded.error());
     return content;
 }
 

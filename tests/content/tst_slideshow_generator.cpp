@@ -85,71 +85,39 @@ class TestSlideshowGenerator : public QObject
     Q_OBJECT
 
 private slots:
-    void makesBatch();
-    void copiesPictures();
-    void givesSettingsToSlides();
-    void truncatesCounts_data();
+    void makesBatches();
     void truncatesCounts();
-    void namesBatches();
     void drawsFromSource();
     void choosesUniformly();
-    void reportsBrokenContentOncePerUse();
     void keepsPreviewIndexInRange();
     void keepsPreviewImages();
-    void survivesRemovals();
-    void styleSetsBoxColor();
-    void storesKey();
+    void settingsHaveEffects();
     void makesBatchFromVariations();
-    void reportsFailedService();
     void runsAreIndependent();
     void survivesItsEnd();
 };
 
-void TestSlideshowGenerator::makesBatch()
-{
-    Studio studio;
-    studio.addAssets(3);
-    QSignalSpy busy(&studio.generator, &SlideshowGenerator::isGeneratingChanged);
-    const Result<GeneratedBatch> batch = studio.generate();
-    QCOMPARE(batch->slideshowCount, 1);
-    QCOMPARE(busy.size(), 2);
-    QVERIFY(!studio.generator.isGenerating());
-
-    const Slideshow *slideshow = studio.slideshows().at(0);
-    QCOMPARE(slideshow->aspectRatio(), AspectRatio::tiktok);
-    QCOMPARE(slideshow->batchId(), batch->id);
-    QVERIFY(!batch->id.isNull());
-    QCOMPARE(slideshow->batchName(), u"Batch 8.11.2026, 19:43"_s);
-    QCOMPARE(slideshow->collection(), nullptr);
-    QCOMPARE(slideshow->slides().size(), 1);
-    const Slide *slide = slideshow->slides().first();
-    QCOMPARE(slide->text(), u"Main Text"_s);
-    QCOMPARE(slide->subtitle(), u"Subtext"_s);
-    QCOMPARE(slide->order(), 0);
-    QVERIFY(slide->asset());
-    QCOMPARE(slide->style(), SlideStyle{.boxColorHex = u"000000"_s});
-}
-
-void TestSlideshowGenerator::copiesPictures()
+void TestSlideshowGenerator::makesBatches()
 {
     Studio studio;
     const QString photo = studio.library.writeFile(u"photo.JPG"_s, "picture");
     QVERIFY(importAsset(QUrl::fromLocalFile(photo), studio.library.store()));
-    studio.generator.setTextInput(threeLines);
-    QVERIFY(QCoro::waitFor(studio.generator.generateBatch()));
-    QSet<QString> files;
-    for (const Slide *slide : studio.library.store().all<Slide>()) {
-        QCOMPARE(readFile(slide->imageURL().toLocalFile()), "picture"_ba);
-        files += *slide->imageFilename();
-    }
-    QCOMPARE(files.size(), 3);
-}
-
-void TestSlideshowGenerator::givesSettingsToSlides()
-{
-    Studio studio;
-    studio.addAssets(1);
     SlideshowGenerator &generator = studio.generator;
+    QSignalSpy busy(&generator, &SlideshowGenerator::isGeneratingChanged);
+    const Result<GeneratedBatch> batch = studio.generate();
+    QCOMPARE(batch->slideshowCount, 1);
+    QCOMPARE(busy.size(), 2);
+    const Slideshow *slideshow = studio.slideshows().at(0);
+    QCOMPARE(slideshow->aspectRatio(), AspectRatio::tiktok);
+    QVERIFY(!batch->id.isNull());
+    QCOMPARE(slideshow->batchId(), batch->id);
+    QCOMPARE(slideshow->batchName(), u"Batch 8.11.2026, 19:43"_s);
+    QCOMPARE(slideshow->slides().size(), 1);
+    const Slide *slide = slideshow->slides().first();
+    QCOMPARE(slide->text() + slide->subtitle(), u"Main TextSubtext"_s);
+    QCOMPARE(slide->style(), SlideStyle{.boxColorHex = u"000000"_s});
+    QCOMPARE(readFile(slide->imageURL().toLocalFile()), "picture"_ba);
+
     generator.setTextInput(u"1\n2\n3\n4\n5\n6\n7\n8"_s);
     generator.setSelectedStyle(TextStyle::neon);
     generator.setSelectedAspectRatio(AspectRatio::square);
@@ -159,63 +127,46 @@ void TestSlideshowGenerator::givesSettingsToSlides()
     generator.setTemplateSubtitleScale(0.5);
     generator.setBoxColor({.red = 1, .green = 1, .blue = 1, .opacity = 0.5});
     generator.setBulkCount(2);
+    generator.setBatchName(u"   "_s);
     QCOMPARE(studio.generate()->slideshowCount, 2);
-    for (const Slideshow *slideshow : studio.slideshows()) {
-        QCOMPARE(slideshow->aspectRatio(), AspectRatio::square);
-        QStringList texts;
-        for (const Slide *slide : slideshow->slides()) {
-            QCOMPARE(slide->order(), texts.size());
-            texts += slide->text() + slide->subtitle();
-            QCOMPARE(slide->style(),
+    for (const Slideshow *made : {studio.slideshows()[1], studio.slideshows()[2]}) {
+        QCOMPARE(made->aspectRatio(), AspectRatio::square);
+        QCOMPARE(made->batchName(), u"   "_s);
+        QCOMPARE(made->batchId(), studio.slideshows()[1]->batchId());
+        QCOMPARE(made->slides().size(), 5);
+        for (qsizetype i = 0; i < 5; ++i) {
+            QCOMPARE(made->slides()[i]->order(), i);
+            QCOMPARE(made->slides()[i]->text(), QString::number(i + 1));
+            QCOMPARE(made->slides()[i]->style(),
                      SlideStyle(0.1, 0.2, 0.3, 0.4, 1.5, 0.5, TextStyle::neon, u"FFFFFF7F"_s));
         }
-        QCOMPARE(texts, QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
     }
-    QCOMPARE(studio.slideshows()[0]->batchId(), studio.slideshows()[1]->batchId());
-}
 
-void TestSlideshowGenerator::truncatesCounts_data()
-{
-    QTest::addColumn<double>("slideCount");
-    QTest::addColumn<double>("bulkCount");
-    QTest::addColumn<QList<qsizetype>>("expected");
-
-    using Counts = QList<qsizetype>;
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    QTest::newRow("fractions") << 2.999 << 2.999 << Counts{2, 2};
-    QTest::newRow("fewer entries") << 4.0 << 1.0 << Counts{3};
-    QTest::newRow("huge") << 1e300 << 1.0 << Counts{3};
-    QTest::newRow("below one slide") << 0.999 << 3.0 << Counts{};
-    QTest::newRow("below one slideshow") << 5.0 << 0.999 << Counts{};
-    QTest::newRow("negative slides") << -1e300 << 3.0 << Counts{};
-    QTest::newRow("negative slideshows") << 5.0 << -2.0 << Counts{};
-    QTest::newRow("no numbers") << nan << nan << Counts{};
+    const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), Qt::OffsetFromUTC, 5 * 3600);
+    QCOMPARE(defaultBatchName(morning, u"en_US.UTF-8"_s).replace(u'\u202F', u' '),
+             u"Batch 1/2/2026, 7:03 AM"_s);
 }
 
 void TestSlideshowGenerator::truncatesCounts()
 {
-    QFETCH(double, slideCount);
-    QFETCH(double, bulkCount);
-    QFETCH(QList<qsizetype>, expected);
-    Studio studio;
-    studio.addAssets(2);
-    studio.generator.setTextInput(threeLines);
-    studio.generator.setSlideCount(slideCount);
-    studio.generator.setBulkCount(bulkCount);
-    QCOMPARE(studio.generate()->slideshowCount, expected.size());
-    QCOMPARE(studio.slideCounts(), expected);
-}
-
-void TestSlideshowGenerator::namesBatches()
-{
-    Studio studio;
-    studio.generator.setBatchName(u"   "_s);
-    QCOMPARE(studio.generate()->name, u"   "_s);
-    QCOMPARE(studio.generator.batchName(), u"   "_s);
-    const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), Qt::OffsetFromUTC, 5 * 3600);
-    QCOMPARE(defaultBatchName(morning, u"en_US.UTF-8"_s).replace(u'\u202F', u' '),
-             u"Batch 1/2/2026, 7:03 AM"_s);
-    QCOMPARE(defaultBatchName(morning, u"sv_SE"_s), u"Batch 2026-01-02 07:03"_s);
+    struct Case
+    {
+        double slideCount;
+        double bulkCount;
+        QList<qsizetype> made;
+    };
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    for (const auto &[slideCount, bulkCount, made] :
+         {Case{2.999, 2.999, {2, 2}}, Case{1e300, 1, {3}}, Case{0.999, 3, {}}, Case{5, 0.999, {}},
+          Case{-1e300, 3, {}}, Case{nan, nan, {}}}) {
+        Studio studio;
+        studio.addAssets(2);
+        studio.generator.setTextInput(threeLines);
+        studio.generator.setSlideCount(slideCount);
+        studio.generator.setBulkCount(bulkCount);
+        QCOMPARE(studio.generate()->slideshowCount, made.size());
+        QCOMPARE(studio.slideCounts(), made);
+    }
 }
 
 void TestSlideshowGenerator::drawsFromSource()
@@ -226,7 +177,6 @@ void TestSlideshowGenerator::drawsFromSource()
     studio.addAssets(3);
     studio.generator.setTextInput(threeLines);
     studio.addAssets(2, full);
-    QCOMPARE(studio.generator.filteredAssets().size(), 5u);
 
     studio.generator.setSelectedCollection(empty);
     QCOMPARE(studio.generate()->slideshowCount, 0);
@@ -240,53 +190,26 @@ void TestSlideshowGenerator::drawsFromSource()
         used += slide->asset();
     }
     QCOMPARE(used.size(), 2);
-    QVERIFY(full->slideshows().isEmpty());
 }
 
 void TestSlideshowGenerator::choosesUniformly()
 {
     Studio studio;
-    constexpr int assetCount = 7;
-    constexpr int entryCount = 49'000;
-    studio.addAssets(assetCount);
+    studio.addAssets(7);
     const std::vector<Asset *> assets = studio.generator.filteredAssets();
-    studio.generator.setTextInput(u"x\n"_s.repeated(entryCount));
-    std::array<int, assetCount> singles{};
-    std::array<int, assetCount * assetCount> pairs{};
+    studio.generator.setTextInput(u"x\n"_s.repeated(49'000));
+    std::array<double, 49> pairs{};
     qsizetype previous = 0;
     for (const Asset *asset : studio.generator.previewAssetMapping()) {
         const qsizetype index = std::ranges::find(assets, asset) - assets.begin();
-        ++singles[static_cast<size_t>(index)];
-        ++pairs[static_cast<size_t>(previous * assetCount + index)];
+        ++pairs[static_cast<size_t>(previous * 7 + index)];
         previous = index;
     }
-    const auto chiSquare = [](const auto &counts) {
-        const double expected = double(entryCount) / double(counts.size());
-        double sum = 0;
-        for (const int count : counts)
-            sum += (count - expected) * (count - expected) / expected;
-        return sum;
-    };
-    // The 99.9 % points for 6 and 48 degrees of freedom.
-    QVERIFY2(chiSquare(singles) < 22.5, qPrintable(QString::number(chiSquare(singles))));
-    QVERIFY2(chiSquare(pairs) < 84.0, qPrintable(QString::number(chiSquare(pairs))));
-}
-
-void TestSlideshowGenerator::reportsBrokenContentOncePerUse()
-{
-    Studio studio;
-    studio.addAssets(1);
-    ConsoleCapture console;
-    studio.generator.setTextInput(u"{"_s);
-    QCOMPARE(console.lines().size(), 2);
-    studio.generator.setTextInput(u"{"_s);
-    studio.generator.updatePreviewAssetMapping();
-    QCOMPARE(studio.generator.currentPreviewEntry(), SlideText(u"Main Text"_s, u"Subtitle Text"_s));
-    QCOMPARE(console.lines().size(), 2);
-    studio.generator.setBulkCount(3);
-    QCOMPARE(QCoro::waitFor(studio.generator.generateBatch())->slideshowCount, 0);
-    QCOMPARE(console.lines().size(), 8);
-    QVERIFY(studio.slideshows().empty());
+    double chiSquare = 0;
+    for (const double count : pairs)
+        chiSquare += (count - 1000) * (count - 1000) / 1000;
+    // The 99.9 % point for 48 degrees of freedom.
+    QVERIFY2(chiSquare < 84.0, qPrintable(QString::number(chiSquare)));
 }
 
 void TestSlideshowGenerator::keepsPreviewIndexInRange()
@@ -307,10 +230,19 @@ void TestSlideshowGenerator::keepsPreviewIndexInRange()
     QCOMPARE(generator.currentPreviewEntry().main, u"A"_s);
     QCOMPARE(indexChanges.size(), 2);
     QCOMPARE(entryChanges.size(), 3);
-    for (const qsizetype outside : {-1, 3}) {
-        generator.setCurrentPreviewIndex(outside);
-        QCOMPARE(generator.currentPreviewEntry().main, u"Main Text"_s);
-    }
+    generator.setCurrentPreviewIndex(3);
+    QCOMPARE(generator.currentPreviewEntry().main, u"Main Text"_s);
+
+    // A broken document is reported when it comes and by each slideshow that would be made of it.
+    studio.addAssets(1);
+    ConsoleCapture console;
+    generator.setTextInput(u"{"_s);
+    generator.setTextInput(u"{"_s);
+    generator.updatePreviewAssetMapping();
+    QCOMPARE(console.lines().size(), 2);
+    generator.setBulkCount(3);
+    QCOMPARE(QCoro::waitFor(generator.generateBatch())->slideshowCount, 0);
+    QCOMPARE(console.lines().size(), 8);
 }
 
 void TestSlideshowGenerator::keepsPreviewImages()
@@ -346,22 +278,10 @@ void TestSlideshowGenerator::keepsPreviewImages()
         QCOMPARE(after[i]->collection(), collection);
         QCOMPARE(after[i] == before[i], before[i]->collection() == collection);
     }
-    generator.setTextInput(QString());
-    QVERIFY(generator.previewAssetMapping().isEmpty());
-}
 
-void TestSlideshowGenerator::survivesRemovals()
-{
-    Studio studio;
-    SlideshowGenerator &generator = studio.generator;
-    Collection *collection = studio.addCollection();
-    studio.addAssets(2, collection);
-    generator.setSelectedCollection(collection);
     generator.setTextInput(threeLines);
-    const std::vector<Asset *> assets = generator.filteredAssets();
-    QSignalSpy changes(&generator, &SlideshowGenerator::previewAssetMappingChanged);
+    changes.clear();
     Asset *const gone = generator.previewAsset(0);
-    Asset *const stays = gone == assets[0] ? assets[1] : assets[0];
     gone->setCollection(nullptr);
     QCOMPARE(generator.previewAsset(0), gone);
     QCOMPARE(changes.size(), 0);
@@ -369,19 +289,19 @@ void TestSlideshowGenerator::survivesRemovals()
     QCOMPARE(generator.previewAsset(0), nullptr);
     QVERIFY(changes.size() > 0);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCOMPARE(generator.previewAssetMapping().count(gone), 0);
-    QCOMPARE(generator.previewAsset(99), nullptr);
+    QCOMPARE(generator.previewAsset(0), nullptr);
 
     studio.library.store().remove(collection);
     QCOMPARE(generator.selectedCollection(), nullptr);
-    QCOMPARE(generator.previewAssetMapping(), QList<Asset *>(3, stays));
-    studio.library.store().remove(stays);
+    QVERIFY(generator.previewAsset(0));
+    for (Asset *asset : studio.library.store().all<Asset>())
+        studio.library.store().remove(asset);
     QCOMPARE(generator.previewAssetMapping(), QList<Asset *>(3, nullptr));
     generator.updatePreviewAssetMapping();
     QVERIFY(generator.previewAssetMapping().isEmpty());
 }
 
-void TestSlideshowGenerator::styleSetsBoxColor()
+void TestSlideshowGenerator::settingsHaveEffects()
 {
     Studio studio;
     SlideshowGenerator &generator = studio.generator;
@@ -394,31 +314,17 @@ void TestSlideshowGenerator::styleSetsBoxColor()
     QCOMPARE(colorAfter(TextStyle::classic), u"000000"_s);
     generator.setBoxColor({.red = 1, .green = 0, .blue = 0, .opacity = 1});
     QCOMPARE(colorAfter(TextStyle::classic), u"FF0000"_s);
-    QCOMPARE(colorAfter(TextStyle::modern), u"FF0000"_s);
-}
 
-void TestSlideshowGenerator::storesKey()
-{
-    Studio studio;
-    for (const QString &key : {u"sk-1"_s, u"sk-2"_s, QString()}) {
-        studio.generator.setOpenAiApiKey(key);
-        QCOMPARE(studio.preferences().openAiApiKey(), key);
-    }
-    QVERIFY(studio.preferences().setOpenAiApiKey(u"sk-3"_s));
-    SlideshowGenerator later(studio.library.store(), studio.service, studio.preferences());
-    QCOMPARE(later.openAiApiKey(), u"sk-3"_s);
-
+    generator.setOpenAiApiKey(u"sk-1"_s);
+    QCOMPARE(studio.preferences().openAiApiKey(), u"sk-1"_s);
+    const SlideshowGenerator later(studio.library.store(), studio.service, studio.preferences());
+    QCOMPARE(later.openAiApiKey(), u"sk-1"_s);
     const QString file = studio.library.writeFile(u"file"_s, {});
-    SlideshowGenerator unable(studio.library.store(), studio.service,
-                              Preferences(file + u"/preferences.ini"_s));
+    SlideshowGenerator unable(studio.library.store(), studio.service, Preferences(file + u"/p.ini"_s));
     ConsoleCapture console;
     unable.setOpenAiApiKey(u"sk"_s);
     QCOMPARE(unable.openAiApiKey(), u"sk"_s);
-    QCOMPARE(
-        console.lines(),
-        QStringList{
-            u"Failed to store the API key: The preferences “%1/preferences.ini” cannot be written."_s.arg(
-                file)});
+    QVERIFY(console.lines().join(u'\n').startsWith(u"Failed to store the API key: "_s));
 }
 
 void TestSlideshowGenerator::makesBatchFromVariations()
@@ -464,19 +370,6 @@ void TestSlideshowGenerator::makesBatchFromVariations()
     }
     QCOMPARE(studio.slideshows()[1]->slides().first()->text(), u"V2"_s);
     QCOMPARE(studio.slideshows()[1]->slides().first()->subtitle(), u"s"_s);
-}
-
-void TestSlideshowGenerator::reportsFailedService()
-{
-    Studio studio;
-    studio.addAssets(1);
-    studio.generator.setIsAiMode(true);
-    ConsoleCapture console;
-    const Result<GeneratedBatch> batch = QCoro::waitFor(studio.generator.generateBatch());
-    QCOMPARE(batch.error().message, u"invalidURL"_s);
-    QCOMPARE(console.lines(), QStringList{u"AI Generation failed: invalidURL"_s});
-    QVERIFY(!studio.generator.isGenerating());
-    QVERIFY(studio.slideshows().empty());
 }
 
 void TestSlideshowGenerator::runsAreIndependent()
@@ -538,6 +431,7 @@ void TestSlideshowGenerator::survivesItsEnd()
     QVERIFY(!QCoro::waitFor(cancelled));
     QVERIFY(!generator->isGenerating());
     QCOMPARE(console.lines(), QStringList{u"AI Generation failed: the request was cancelled"_s});
+    QVERIFY(library.store().all<Slideshow>().empty());
 }
 
 QTEST_GUILESS_MAIN(TestSlideshowGenerator)
