@@ -3,21 +3,29 @@ import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Library
 import Mosslantern.App
+import Mosslantern.Update
 
 T.ApplicationWindow {
     id: root
 
     required property ScreenContext context
+    required property SPUUpdater updater
     /// In the order of the sidebar.
     readonly property list<string> screens: ["../Library/AssetLibraryScreen.qml", "../Library/CollectionsScreen.qml", "SlideshowsScreen.qml"]
 
     width: 1280
-    height: 800
+    height: 800 + menuBar.height
     minimumWidth: 1200
-    minimumHeight: 700
+    minimumHeight: 700 + menuBar.height
     visible: false
     title: qsTr("Mosslantern")
     color: Theme.windowBackground
+    menuBar: AppMenuBar {
+        window: root
+        updater: root.updater
+        onAboutRequested: about.open()
+        onShortcutsRequested: shortcuts.open()
+    }
     Component.onCompleted: showSelectedScreen()
 
     ContentView {
@@ -64,6 +72,16 @@ T.ApplicationWindow {
         sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "visible": true})
     }
 
+    AboutSheet {
+        id: about
+    }
+    ShortcutsSheet {
+        id: shortcuts
+    }
+    UpdateWindow {
+        updater: root.updater
+        transientParent: root
+    }
     Loader {
         id: sheets
     }

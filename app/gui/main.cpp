@@ -1,38 +1,70 @@
-#include "model/store.h"
-#include "ui/common/file_panels.h"
-#include "ui/common/interface_fonts.h"
-#include "ui/common/screen_context.h"
+#include "app/gui/mosslantern_app.h"
+#include "app/identity.h"
 
-#include <QtQml/QQmlApplicationEngine>
-#include <QtQuick/QQuickWindow>
+#include <QtCore/QCommandLineParser>
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
 
 namespace {
-class NoPanels : public FilePanels
+
+constexpr auto contentLibrary = "content-library"_L1;
+
+QUrl updateFeed()
 {
-    void openImages(Picked picked) override { picked(QList<QUrl>()); }
-};
+    constexpr auto variable = "MOSSLANTERN_UPDATE_FEED";
+    const QString address = qEnvironmentVariableIsSet(variable) ? qEnvironmentVariable(variable)
+                                                                : QStringLiteral(MOSSLANTERN_UPDATE_FEED);
+    return QUrl(address, QUrl::StrictMode);
+}
+
+QString stateFile()
+{
+    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)).filePath(u"state.ini"_s);
+}
+
+/// The panels that Qt draws itself are to be as dark as the window.
+QPalette darkPalette()
+{
+    QPalette palette(QColor(0x2a2f31), QColor(0x1b1e1f));
+    palette.setColor(QPalette::Base, QColor(0x121415));
+    palette.setColor(QPalette::Highlight, QColor(0x3f82f0));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+StartOptions readOptions()
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Makes text-on-image slideshows."_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption library(u"library"_s, u"Keep records and pictures in this folder."_s,
+                                     u"folder"_s);
+    QCommandLineOption show(u"show"_s, u"Open a sheet (%1)."_s.arg(contentLibrary), u"name"_s);
+    show.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({library, show});
+    parser.process(QCoreApplication::arguments());
+    return {.location = parser.isSet(library) ? LibraryLocation::inFolder(parser.value(library))
+                                              : LibraryLocation::standard(),
+            .stateFile = stateFile(),
+            .updateFeed = updateFeed(),
+            .showsContentLibrary = parser.value(show) == contentLibrary};
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    setApplicationIdentity();
+    QGuiApplication::setDesktopFileName(u"mosslantern"_s);
     const QApplication application(argc, argv);
-    if (const auto fonts = registerInterfaceFonts(); !fonts)
-        qFatal("%s", qPrintable(fonts.error().message));
-    const auto store = Store::open(LibraryLocation::inFolder(QString::fromLocal8Bit(argv[1])));
-    if (!store)
-        qFatal("%s", qPrintable(store.error().message));
-    NoPanels panels;
-    ScreenContext context(**store, panels);
-    QQmlApplicationEngine engine;
-    engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties({{u"context"_s, QVariant::fromValue(&context)}, {u"visible"_s, true}});
-    engine.load(u"qrc:/qt/qml/Mosslantern/App/MainWindow.qml"_s);
-    if (engine.rootObjects().isEmpty())
-        return 1;
-    return application.exec();
+    QApplication::setPalette(darkPalette());
+    MosslanternApp app(readOptions());
+    return app.start() ? QApplication::exec() : 0;
 }

@@ -32,6 +32,7 @@ private:
     void assets();
     void collections();
     void contentLibrary();
+    void menus();
     void waitForThumbnails();
     void waitForPopup();
     void picture(const QString &name);
@@ -160,12 +161,31 @@ void Tour::contentLibrary()
     waitForPopup();
 }
 
+void Tour::menus()
+{
+    for (const QString &menu : {u"&Mosslantern"_s, u"&Edit"_s, u"&Window"_s, u"&Help"_s}) {
+        QQuickItem *const item = m_session.findText(menu);
+        QTest::mouseClick(m_session.window(), Qt::LeftButton, {},
+                          item->mapToScene(item->boundingRect().center()).toPoint());
+        waitForPopup();
+        picture(u"menu-"_s + menu.sliced(1).toLower());
+        m_session.key(Qt::Key_Escape);
+        waitForPopup();
+    }
+    m_session.key(Qt::Key_F1);
+    waitForPopup();
+    picture(u"shortcuts"_s);
+    m_session.key(Qt::Key_Escape);
+    waitForPopup();
+}
+
 void Tour::run()
 {
     m_session.open();
     assets();
     collections();
     contentLibrary();
+    menus();
     m_session.click(u"sidebarRow2"_s);
     picture(u"slideshows"_s);
     m_session.click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);

@@ -44,7 +44,10 @@ QQuickWindow *UiSession::open()
     m_context = std::make_unique<ScreenContext>(store(), m_panels);
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
-    m_engine->setInitialProperties({{u"context"_s, QVariant::fromValue(m_context.get())}});
+    m_updater =
+        std::make_unique<SPUUpdater>(UpdaterSettings{m_feed, u"1.2"_s, m_library.path(u"state.ini"_s)});
+    m_engine->setInitialProperties({{u"context"_s, QVariant::fromValue(m_context.get())},
+                                    {u"updater"_s, QVariant::fromValue(m_updater.get())}});
     m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/MainWindow.qml"_s));
     if (m_engine->rootObjects().isEmpty())
         qFatal("The window cannot be made.");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/update/spu_updater.h"
 #include "tests/model/test_library.h"
 #include "ui/common/file_panels.h"
 #include "ui/common/screen_context.h"
@@ -34,6 +35,10 @@ public:
     Store &store() { return m_library.store(); }
     TestFilePanels &panels() { return m_panels; }
 
+    /// Where updates are looked for, before the window opens; nowhere at first.
+    void setFeed(const QUrl &feed) { m_feed = feed; }
+    SPUUpdater &updater() { return *m_updater; }
+
     /// Opens the main window; waits until it shows its first frame.
     QQuickWindow *open();
     QQuickWindow *window() const { return m_window; }
@@ -58,6 +63,8 @@ public:
 private:
     TestLibrary m_library;
     TestFilePanels m_panels;
+    QUrl m_feed{QString(), QUrl::StrictMode};
+    std::unique_ptr<SPUUpdater> m_updater;
     std::unique_ptr<ScreenContext> m_context;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_window = nullptr;

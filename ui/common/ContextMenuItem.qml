@@ -31,7 +31,7 @@ T.MenuItem {
             anchors.verticalCenter: parent.verticalCenter
             anchors.right: parent.right
             text: root.shortcutText
-            color: root.highlighted ? Theme.accentText : Theme.secondary
+            color: !root.enabled ? Theme.disabled : root.highlighted ? Theme.accentText : Theme.secondary
             font.family: Theme.family
             font.pixelSize: Theme.body
         }

@@ -1,0 +1,19 @@
+import QtQuick
+import Mosslantern.Common
+
+AlertView {
+    id: root
+
+    title: qsTr("Mosslantern")
+    message: qsTr("Version %1\n\nText-on-image slideshows for short videos.\n\nFonts: Inter, Nunito, JetBrains Mono. Symbols: Lucide.").arg(Qt.application.version)
+    width: 340
+
+    buttons: PushButton {
+        objectName: "closeAbout"
+        width: root.buttonWidth
+        text: qsTr("OK")
+        isProminent: true
+        focus: true
+        onClicked: root.close()
+    }
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtQml/qqmlregistration.h>
+#include <QtQuick/QQuickItem>
+
+namespace mosslantern {
+
+/// The commands of the Edit menu, for the text that had the keyboard when the menu opened.
+class EditCommands : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY captured)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY captured)
+    Q_PROPERTY(bool canCut READ canCut NOTIFY captured)
+    Q_PROPERTY(bool canCopy READ canCopy NOTIFY captured)
+    Q_PROPERTY(bool canPaste READ canPaste NOTIFY captured)
+    Q_PROPERTY(bool canSelectAll READ canSelectAll NOTIFY captured)
+
+public:
+    explicit EditCommands(QObject *parent = nullptr)
+        : QObject(parent)
+    {}
+
+    /// Takes the item that has the keyboard now, which may be no text.
+    Q_INVOKABLE void capture(QQuickItem *focusItem);
+
+    bool canUndo() const { return flag("canUndo"); }
+    bool canRedo() const { return flag("canRedo"); }
+    bool canCut() const { return canCopy() && !flag("readOnly"); }
+    bool canCopy() const;
+    bool canPaste() const { return flag("canPaste"); }
+    bool canSelectAll() const;
+
+    Q_INVOKABLE void undo() { run("undo"); }
+    Q_INVOKABLE void redo() { run("redo"); }
+    Q_INVOKABLE void cut() { run("cut"); }
+    Q_INVOKABLE void copy() { run("copy"); }
+    Q_INVOKABLE void paste() { run("paste"); }
+    Q_INVOKABLE void selectAll() { run("selectAll"); }
+    Q_INVOKABLE void deleteSelection();
+
+signals:
+    void captured();
+
+private:
+    bool flag(const char *property) const { return m_text && m_text->property(property).toBool(); }
+    void run(const char *operation);
+
+    QPointer<QQuickItem> m_text;
+};
+
+} // namespace mosslantern

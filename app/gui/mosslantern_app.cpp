@@ -1,0 +1,100 @@
+#include "app/gui/mosslantern_app.h"
+
+#include "app/gui/window_memory.h"
+#include "ui/common/interface_fonts.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+MosslanternApp::MosslanternApp(const StartOptions &options)
+    : m_options(options)
+    , m_updaterController(StartingUpdater::yes, {.feed = options.updateFeed,
+                                                 .version = QCoreApplication::applicationVersion(),
+                                                 .stateFile = options.stateFile})
+    , m_singleInstance(options.location)
+{
+    QObject::connect(&m_singleInstance, &SingleInstance::raiseRequested, &m_singleInstance,
+                     [this](const QByteArray &token) { raiseWindow(token); });
+}
+
+MosslanternApp::~MosslanternApp()
+{
+    // The screens go before what they show.
+    m_engine.reset();
+}
+
+bool MosslanternApp::start()
+{
+    if (m_singleInstance.raiseOther())
+        return false;
+    const QString file = m_options.location.storeFile();
+    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+        return showFailure(u"Mosslantern is not installed completely"_s, fonts.error(), {});
+    if (m_options.location.assetFolder().isEmpty()) {
+        return showFailure(u"There is no documents folder"_s,
+                           {u"Mosslantern keeps its pictures in your documents folder, but this system "
+                            "names none. Set XDG_DOCUMENTS_DIR in ~/.config/user-dirs.dirs."_s},
+                           {});
+    }
+    Result<std::unique_ptr<Store>> store = Store::open(m_options.location);
+    if (!store)
+        return m_singleInstance.raiseOther()
+                   ? false
+                   : showFailure(u"The library cannot be opened"_s, store.error(), file);
+    m_store = std::move(*store);
+    m_singleInstance.listen();
+    return openMainWindow();
+}
+
+bool MosslanternApp::openMainWindow()
+{
+    m_context.emplace(*m_store, m_filePanels);
+    m_window = load(u"MainWindow"_s, {{u"context"_s, QVariant::fromValue(&*m_context)},
+                                      {u"updater"_s, QVariant::fromValue(&updater())}});
+    if (!m_window)
+        return false;
+    m_filePanels.setWindow(m_window);
+    restoreWindow(*m_window, m_options.stateFile);
+    QObject::connect(m_window, &QWindow::visibleChanged, m_window, [this](bool isVisible) {
+        if (!isVisible)
+            rememberWindow(*m_window, m_options.stateFile);
+    });
+    m_window->setVisible(true);
+    if (m_options.showsContentLibrary)
+        QMetaObject::invokeMethod(m_window, "showContentLibrary");
+    return true;
+}
+
+bool MosslanternApp::showFailure(const QString &heading, const Error &error, const QString &file)
+{
+    return load(u"FailureWindow"_s,
+                {{u"heading"_s, heading}, {u"message"_s, error.message}, {u"file"_s, file}}) != nullptr;
+}
+
+QQuickWindow *MosslanternApp::load(const QString &qmlFile, const QVariantMap &properties)
+{
+    m_engine.emplace();
+    m_engine->addImportPath(u"qrc:/qt/qml"_s);
+    m_engine->setInitialProperties(properties);
+    m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/%1.qml"_s.arg(qmlFile)));
+    QObject::connect(&*m_engine, &QQmlEngine::quit, QCoreApplication::instance(), &QCoreApplication::quit);
+    return m_engine->rootObjects().isEmpty()
+               ? nullptr
+               : qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+}
+
+void MosslanternApp::raiseWindow(const QByteArray &token)
+{
+    if (!m_window)
+        return;
+    if (!token.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", token);
+    m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
+    m_window->raise();
+    m_window->requestActivate();
+}
+
+} // namespace mosslantern

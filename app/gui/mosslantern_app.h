@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/gui/qt_file_panels.h"
+#include "app/gui/single_instance.h"
+#include "app/update/spu_standard_updater_controller.h"
+#include "model/store.h"
+#include "ui/common/screen_context.h"
+
+#include <QtQml/QQmlApplicationEngine>
+#include <QtQuick/QQuickWindow>
+
+#include <optional>
+
+namespace mosslantern {
+
+/// What the command line asks of the application.
+struct StartOptions
+{
+    LibraryLocation location;
+    QString stateFile; // an INI file for the window's place and the like
+    QUrl updateFeed;   // invalid for none
+    bool showsContentLibrary = false;
+};
+
+/// The application: its updater, its store and its window.
+class MosslanternApp
+{
+public:
+    explicit MosslanternApp(const StartOptions &options);
+    ~MosslanternApp();
+
+    /// Opens the window, or one that says why there is none; or, when the library is open in another process,
+    /// raises that one's window and opens none. Whether the event loop is to run.
+    bool start();
+
+    QQuickWindow *window() const { return m_window; }
+    SPUUpdater &updater() { return m_updaterController.updater(); }
+
+private:
+    bool openMainWindow();
+    bool showFailure(const QString &heading, const Error &error, const QString &file);
+    QQuickWindow *load(const QString &qmlFile, const QVariantMap &properties);
+    void raiseWindow(const QByteArray &token);
+
+    StartOptions m_options;
+    SPUStandardUpdaterController m_updaterController;
+    SingleInstance m_singleInstance;
+    std::unique_ptr<Store> m_store;
+    QtFilePanels m_filePanels;
+    std::optional<ScreenContext> m_context;
+    std::optional<QQmlApplicationEngine> m_engine;
+    QQuickWindow *m_window = nullptr;
+};
+
+} // namespace mosslantern

@@ -1,0 +1,37 @@
+#include "app/gui/qt_file_panels.h"
+
+#include <QtCore/QStandardPaths>
+#include <QtGui/QWindow>
+#include <QtWidgets/QFileDialog>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+void QtFilePanels::openImages(Picked picked)
+{
+    auto *const dialog = new QFileDialog;
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(QFileDialog::tr("Import Images"));
+    dialog->setAcceptMode(QFileDialog::AcceptOpen);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setLabelText(QFileDialog::Accept, QFileDialog::tr("Import"));
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    const QStringList patterns{u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
+                               u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
+    QStringList globs;
+    for (const QString &pattern : patterns)
+        globs << u"*."_s + pattern << u"*."_s + pattern.toUpper();
+    dialog->setNameFilters(
+        {QFileDialog::tr("Images (%1)").arg(globs.join(u' ')), QFileDialog::tr("All files (*)")});
+    dialog->winId();
+    dialog->windowHandle()->setTransientParent(m_window);
+    dialog->setWindowModality(Qt::WindowModal);
+    QObject::connect(dialog, &QFileDialog::finished, dialog,
+                     [dialog, picked = std::move(picked)](int result) {
+                         picked(result == QFileDialog::Accepted ? dialog->selectedUrls() : QList<QUrl>());
+                     });
+    dialog->open();
+}
+
+} // namespace mosslantern

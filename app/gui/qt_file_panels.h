@@ -1,0 +1,22 @@
+#pragma once
+
+#include "ui/common/file_panels.h"
+
+class QWindow;
+
+namespace mosslantern {
+
+/// The desktop's own panels where it has them, Qt's otherwise.
+class QtFilePanels : public FilePanels
+{
+public:
+    /// The window that the panels belong to.
+    void setWindow(QWindow *window) { m_window = window; }
+
+    void openImages(Picked picked) override;
+
+private:
+    QWindow *m_window = nullptr;
+};
+
+} // namespace mosslantern

@@ -1,0 +1,69 @@
+#include "app/gui/single_instance.h"
+
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QDir>
+#include <QtCore/QStandardPaths>
+#include <QtNetwork/QLocalSocket>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int answerMilliseconds = 1000;
+constexpr auto raiseRequest = "raise "_L1;
+
+/// In the user's own folder for sockets, so that nobody else can take the name.
+QString socketName(const LibraryLocation &location)
+{
+    const QByteArray hash =
+        QCryptographicHash::hash(location.storeFile().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return QDir(folder).filePath(u"mosslantern-"_s + QString::fromLatin1(hash));
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const LibraryLocation &location, QObject *parent)
+    : QObject(parent)
+    , m_name(socketName(location))
+{
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answer);
+}
+
+bool SingleInstance::raiseOther() const
+{
+    QLocalSocket socket;
+    socket.connectToServer(m_name);
+    if (!socket.waitForConnected(answerMilliseconds))
+        return false;
+    socket.write(raiseRequest.latin1() + qgetenv("XDG_ACTIVATION_TOKEN") + '\n');
+    return socket.waitForBytesWritten(answerMilliseconds) && socket.waitForReadyRead(answerMilliseconds);
+}
+
+void SingleInstance::listen()
+{
+    // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
+    QLocalServer::removeServer(m_name);
+    m_server.listen(m_name);
+}
+
+void SingleInstance::answer()
+{
+    while (QLocalSocket *const socket = m_server.nextPendingConnection()) {
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
+            if (!socket->canReadLine())
+                return;
+            const QByteArray line = socket->readLine().trimmed();
+            socket->write("ok\n");
+            socket->flush();
+            if (line.startsWith(raiseRequest.latin1()) || line == "raise")
+                emit raiseRequested(line.mid(raiseRequest.size()));
+        });
+    }
+}
+
+} // namespace mosslantern

@@ -1,0 +1,118 @@
+#include "app/update/appcast.h"
+
+#include "app/update/version_order.h"
+
+#include <QtCore/QXmlStreamReader>
+#include <QtGui/QTextDocumentFragment>
+
+#include <algorithm>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto sparkle = "http://www.andymatuschak.org/xml-namespaces/sparkle"_L1;
+
+struct Draft
+{
+    AppcastItem item;
+    QUrl link;
+    QUrl enclosure;
+    bool isForOthers = false;
+};
+
+void readEnclosure(const QXmlStreamAttributes &attributes, Draft &draft)
+{
+    draft.enclosure = QUrl(attributes.value("url"_L1).toString());
+    if (attributes.hasAttribute(sparkle, "version"_L1))
+        draft.item.version = attributes.value(sparkle, "version"_L1).toString();
+    if (attributes.hasAttribute(sparkle, "shortVersionString"_L1))
+        draft.item.shownVersion = attributes.value(sparkle, "shortVersionString"_L1).toString();
+    const QStringView system = attributes.value(sparkle, "os"_L1);
+    if (!system.isEmpty() && system != "linux"_L1)
+        draft.isForOthers = true;
+}
+
+void readSparkleElement(QXmlStreamReader &reader, Draft &draft)
+{
+    if (reader.name() == "version"_L1)
+        draft.item.version = reader.readElementText().trimmed();
+    else if (reader.name() == "shortVersionString"_L1)
+        draft.item.shownVersion = reader.readElementText().trimmed();
+    else if (reader.name() == "channel"_L1) {
+        draft.isForOthers = true;
+        reader.skipCurrentElement();
+    } else
+        reader.skipCurrentElement();
+}
+
+Draft readItem(QXmlStreamReader &reader)
+{
+    Draft draft;
+    while (reader.readNextStartElement()) {
+        if (reader.namespaceUri() == sparkle) {
+            readSparkleElement(reader, draft);
+        } else if (reader.name() == "enclosure"_L1) {
+            readEnclosure(reader.attributes(), draft);
+            reader.skipCurrentElement();
+        } else if (reader.name() == "link"_L1) {
+            draft.link = QUrl(reader.readElementText().trimmed());
+        } else if (reader.name() == "description"_L1) {
+            const QString notes = reader.readElementText(QXmlStreamReader::IncludeChildElements);
+            draft.item.notes = QTextDocumentFragment::fromHtml(notes).toPlainText().trimmed();
+        } else {
+            reader.skipCurrentElement();
+        }
+    }
+    return draft;
+}
+
+std::optional<AppcastItem> finished(Draft draft)
+{
+    const QUrl page = draft.link.isEmpty() ? draft.enclosure : draft.link;
+    if (draft.isForOthers || draft.item.version.isEmpty() || page.scheme() != "https"_L1)
+        return std::nullopt;
+    draft.item.downloadPage = page;
+    if (draft.item.shownVersion.isEmpty())
+        draft.item.shownVersion = draft.item.version;
+    return draft.item;
+}
+
+} // namespace
+
+Result<QList<AppcastItem>> parseAppcast(const QByteArray &xml)
+{
+    QList<AppcastItem> items;
+    QXmlStreamReader reader(xml);
+    if (!reader.readNextStartElement() || reader.name() != "rss"_L1)
+        return fail(u"The list of updates could not be read."_s);
+    while (reader.readNextStartElement()) {
+        if (reader.name() != "channel"_L1) {
+            reader.skipCurrentElement();
+            continue;
+        }
+        while (reader.readNextStartElement()) {
+            if (reader.name() != "item"_L1)
+                reader.skipCurrentElement();
+            else if (const std::optional<AppcastItem> item = finished(readItem(reader)))
+                items.append(*item);
+        }
+    }
+    if (reader.hasError())
+        return fail(u"The list of updates could not be read."_s);
+    return items;
+}
+
+std::optional<AppcastItem> newestUpdate(const QList<AppcastItem> &releases, const QString &version)
+{
+    const auto newest = std::ranges::max_element(releases, [](const AppcastItem &a, const AppcastItem &b) {
+        return compareVersions(a.version, b.version) < 0;
+    });
+    if (newest == releases.cend() || compareVersions(newest->version, version) <= 0)
+        return std::nullopt;
+    return *newest;
+}
+
+} // namespace mosslantern

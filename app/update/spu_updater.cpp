@@ -1,0 +1,142 @@
+#include "app/update/spu_updater.h"
+
+#include <QCoro/QCoroNetworkReply>
+#include <QtCore/QSettings>
+#include <QtGui/QDesktopServices>
+#include <QtNetwork/QHostAddress>
+
+#include <chrono>
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto lastCheckKey = "lastUpdateCheck"_L1;
+constexpr auto shortestInterval = 24h;
+constexpr qint64 largestFeed = qint64(4) << 20;
+
+/// A feed must come over HTTPS, so that nobody on the way can announce versions of their own; on this very
+/// machine there is no way.
+bool isTrustworthy(const QUrl &url)
+{
+    return url.scheme() == "https"_L1 || (url.scheme() == "http"_L1 && QHostAddress(url.host()).isLoopback());
+}
+
+} // namespace
+
+SPUUpdater::SPUUpdater(const UpdaterSettings &settings, QObject *parent)
+    : QObject(parent)
+    , m_settings(settings)
+{
+    if (!isTrustworthy(m_settings.feed))
+        m_settings.feed = QUrl(QString(), QUrl::StrictMode);
+    m_schedule.setInterval(1h);
+    connect(&m_schedule, &QTimer::timeout, this, &SPUUpdater::checkIfDue);
+}
+
+SPUUpdater::~SPUUpdater()
+{
+    // Lets a check that is under way come to its end.
+    if (m_reply)
+        m_reply->abort();
+}
+
+void SPUUpdater::start()
+{
+    if (!canCheckForUpdates())
+        return;
+    m_schedule.start();
+    // Not while the first window is being made.
+    QTimer::singleShot(5s, this, &SPUUpdater::checkIfDue);
+}
+
+void SPUUpdater::checkForUpdates()
+{
+    if (!canCheckForUpdates())
+        return;
+    setShown(true);
+    if (m_isChecking)
+        return;
+    setStatus(Status::Checking);
+    check(Occasion::asked);
+}
+
+void SPUUpdater::checkIfDue()
+{
+    const QDateTime last =
+        QSettings(m_settings.stateFile, QSettings::IniFormat).value(lastCheckKey).toDateTime();
+    const qint64 passed = last.secsTo(QDateTime::currentDateTimeUtc());
+    const bool isDue =
+        !last.isValid() || passed < 0 || passed >= std::chrono::seconds(shortestInterval).count();
+    if (isDue && !m_isChecking && !m_isShown)
+        check(Occasion::scheduled);
+}
+
+QCoro::Task<> SPUUpdater::check(Occasion occasion)
+{
+    m_isChecking = true;
+    QSettings(m_settings.stateFile, QSettings::IniFormat)
+        .setValue(lastCheckKey, QDateTime::currentDateTimeUtc());
+
+    QNetworkRequest request(m_settings.feed);
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
+    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
+    request.setTransferTimeout(30s / 1ms);
+    const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
+    m_reply = reply.get();
+    connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(), [&reply](qint64 received) {
+        if (received > largestFeed)
+            reply->abort();
+    });
+    co_await reply.get();
+
+    m_isChecking = false;
+    const bool failed = reply->error() != QNetworkReply::NoError;
+    // Whoever asks while a scheduled check is under way is shown its outcome.
+    finish(m_isShown ? Occasion::asked : occasion,
+           failed ? fail(reply->errorString()) : Result<QByteArray>(reply->readAll()));
+}
+
+void SPUUpdater::finish(Occasion occasion, const Result<QByteArray> &feed)
+{
+    const auto releases = feed ? parseAppcast(*feed) : std::unexpected(feed.error());
+    const auto update = releases ? newestUpdate(*releases, m_settings.version) : std::optional<AppcastItem>();
+    if (update) {
+        m_found = *update;
+        setStatus(Status::UpdateFound);
+        setShown(true);
+    } else if (occasion == Occasion::asked) {
+        m_message = releases ? QString() : releases.error().message;
+        setStatus(releases ? Status::UpToDate : Status::Failed);
+    }
+}
+
+void SPUUpdater::dismiss()
+{
+    setShown(false);
+}
+
+void SPUUpdater::openDownloadPage()
+{
+    QDesktopServices::openUrl(m_found.downloadPage);
+    dismiss();
+}
+
+void SPUUpdater::setStatus(Status status)
+{
+    m_status = status;
+    emit statusChanged();
+}
+
+void SPUUpdater::setShown(bool isShown)
+{
+    if (m_isShown == isShown)
+        return;
+    m_isShown = isShown;
+    emit isShownChanged();
+}
+
+} // namespace mosslantern

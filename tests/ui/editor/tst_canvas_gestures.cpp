@@ -1,0 +1,231 @@
+// The canvas under the hands of a user: real mouse, touch, touchpad, wheel and key events.
+
+#include "tests/ui/editor/editor_session.h"
+#include "ui/editor/draggable_text_view.h"
+#include "ui/editor/slide_canvas_view.h"
+#include "ui/editor/text_block_item.h"
+
+#include <qpa/qwindowsysteminterface.h>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The canvas of a slide in a window of 420 by 700 points: 360 by 640 points large.
+class CanvasSession : public EditorSession
+{
+public:
+    explicit CanvasSession(const QString &subtitle = u"Subtitle"_s)
+    {
+        slideshow = addSlideshow(addPicture(u"photo.jpg"_s, {900, 1600}), {u"Main text"_s});
+        slide = slideshow->slides().constFirst();
+        slide->setSubtitle(subtitle);
+        root =
+            show(u"SlideCanvas"_s,
+                 {{u"slide"_s, QVariant::fromValue(slide)}, {u"slideshow"_s, QVariant::fromValue(slideshow)}},
+                 {420, 700});
+        mainBlock = root->findChild<DraggableTextView *>(u"mainBlock"_s);
+        subtitleBlock = root->findChild<DraggableTextView *>(u"subtitleBlock"_s);
+    }
+
+    /// A place on the canvas, given in fractions of it, in the window.
+    QPoint at(double x, double y) const
+    {
+        const QQuickItem *content = find(u"canvasContent"_s);
+        return content->mapToScene({x * content->width(), y * content->height()}).toPoint();
+    }
+
+    void drag(QPoint from, QPoint by)
+    {
+        QTest::mousePress(&window(), Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 10; ++step) {
+            QTest::mouseMove(&window(), from + by * step / 10);
+            settle();
+        }
+    }
+    void drop(QPoint at)
+    {
+        QTest::mouseRelease(&window(), Qt::LeftButton, {}, at);
+        settle();
+    }
+
+    Slideshow *slideshow;
+    Slide *slide;
+    QQuickItem *root;
+    DraggableTextView *mainBlock;
+    DraggableTextView *subtitleBlock;
+};
+
+} // namespace
+
+class CanvasGesturesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void dragMovesWithoutDrawing();
+    void dragBeginsAfterTenPoints();
+    void dragIsKeptOnTheCanvas();
+    void hugeBlocksAreThereToBeDragged();
+    void touchpadPinch();
+    void twoFingersMoveAndScale();
+    void controlWheel();
+    void arrowKeys();
+    void singleClickOnlySelects();
+};
+
+void CanvasGesturesTest::dragMovesWithoutDrawing()
+{
+    CanvasSession s;
+    const auto *drawing = qobject_cast<TextBlockItem *>(s.find(u"mainDrawing"_s));
+    const QImage before = s.grab();
+    const int drawings = drawing->drawings();
+    s.drag(s.at(0.5, 0.5), {72, -128});
+    QCOMPARE(s.mainBlock->dragOffset(), QSizeF(72, -128));
+    const QImage during = s.grab();
+    QCOMPARE(drawing->drawings(), drawings);
+    QVERIFY(during != before);
+    s.drop(s.at(0.5, 0.5) + QPoint(72, -128));
+    QCOMPARE(s.mainBlock->position(), QPointF(0.7, 0.3));
+    s.window().contentItem()->forceActiveFocus();
+    QCOMPARE(s.slide->textX(), 0.5);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->textX(), 0.7, 1000);
+    QCOMPARE(s.slide->textY(), 0.3);
+}
+
+void CanvasGesturesTest::dragBeginsAfterTenPoints()
+{
+    CanvasSession s;
+    s.drag(s.at(0.5, 0.5), {9, 0});
+    QCOMPARE(s.mainBlock->dragOffset(), QSizeF(0, 0));
+    QTest::mouseMove(&s.window(), s.at(0.5, 0.5) + QPoint(12, 0));
+    QCOMPARE(s.mainBlock->dragOffset(), QSizeF(12, 0));
+    s.drop(s.at(0.5, 0.5) + QPoint(12, 0));
+    QCOMPARE(s.mainBlock->position(), QPointF(0.5 + 12 / 360.0, 0.5));
+}
+
+void CanvasGesturesTest::dragIsKeptOnTheCanvas()
+{
+    CanvasSession s;
+    s.drag(s.at(0.5, 0.8), {205, -40});
+    QCOMPARE(s.subtitleBlock->center().x(), 385.0);
+    s.drop(s.at(0.5, 0.8) + QPoint(205, -40));
+    QCOMPARE(s.subtitleBlock->position().x(), 1.0);
+    QCOMPARE(s.mainBlock->position(), QPointF(0.5, 0.5));
+}
+
+void CanvasGesturesTest::hugeBlocksAreThereToBeDragged()
+{
+    CanvasSession s(QString{});
+    s.mainBlock->setStyle(TextStyle::boxed);
+    s.mainBlock->setText(u"WWWWWWWWWWWWWWWWWWWWWWWW"_s);
+    s.mainBlock->setPosition({0, 0.5});
+    s.drag(s.at(0.1, 0.5), {180, 0});
+    const QImage during = s.grab();
+    s.drop(s.at(0.1, 0.5) + QPoint(180, 0));
+    QCOMPARE(s.mainBlock->position(), QPointF(0.5, 0.5));
+    QCOMPARE(during, s.grab());
+}
+
+void CanvasGesturesTest::touchpadPinch()
+{
+    CanvasSession s;
+    const std::unique_ptr<QPointingDevice> touchpad = std::make_unique<QPointingDevice>(
+        u"touchpad"_s, 7, QInputDevice::DeviceType::TouchPad, QPointingDevice::PointerType::Finger,
+        QInputDevice::Capability::Position, 2, 0);
+    QWindowSystemInterface::registerInputDevice(touchpad.get());
+    const auto gesture = [&](Qt::NativeGestureType type, double value) {
+        const QPointF at = s.at(0.5, 0.5);
+        QNativeGestureEvent event(type, touchpad.get(), 2, at, at, s.window().mapToGlobal(at), value, {});
+        QCoreApplication::sendEvent(&s.window(), &event);
+    };
+    for (int pinch = 0; pinch < 2; ++pinch) {
+        gesture(Qt::BeginNativeGesture, 0);
+        gesture(Qt::ZoomNativeGesture, 0.5);
+        gesture(Qt::ZoomNativeGesture, 1.0 / 3);
+        QCOMPARE(s.mainBlock->currentScale(), 2.0);
+        gesture(Qt::EndNativeGesture, 0);
+    }
+    QCOMPARE(s.mainBlock->scale(), 4.0);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->textScale(), 4.0, 1000);
+}
+
+void CanvasGesturesTest::twoFingersMoveAndScale()
+{
+    CanvasSession s;
+    QPointingDevice *const screen = QTest::createTouchDevice();
+    const QPoint middle = s.at(0.5, 0.5);
+    const auto touch = [&](QPoint first, QPoint second) {
+        QTest::touchEvent(&s.window(), screen).move(0, first).move(1, second);
+        s.settle();
+    };
+    QTest::touchEvent(&s.window(), screen).press(0, middle - QPoint(40, 0));
+    QTest::touchEvent(&s.window(), screen).stationary(0).press(1, middle + QPoint(40, 0));
+    for (int step = 1; step <= 8; ++step) {
+        const QPoint moved(5 * step, -4 * step);
+        touch(middle - QPoint(40 + 5 * step, 0) + moved, middle + QPoint(40 + 5 * step, 0) + moved);
+    }
+    QVERIFY(s.mainBlock->currentScale() > 1.5);
+    QVERIFY(s.mainBlock->dragOffset().width() > 20);
+    QTest::touchEvent(&s.window(), screen)
+        .release(0, middle + QPoint(-40, -32))
+        .release(1, middle + QPoint(120, -32));
+    s.settle();
+    QCOMPARE(s.mainBlock->currentScale(), 1.0);
+    QVERIFY(s.mainBlock->scale() > 1.5);
+    QVERIFY(s.mainBlock->position().x() > 0.55);
+    QVERIFY(s.mainBlock->position().y() < 0.48);
+    QVERIFY(!s.mainBlock->isFocused());
+}
+
+void CanvasGesturesTest::controlWheel()
+{
+    CanvasSession s;
+    const auto wheel = [&](int steps, Qt::KeyboardModifiers modifiers) {
+        const QPointF at = s.at(0.5, 0.5);
+        QWheelEvent event(at, s.window().mapToGlobal(at), {}, {0, 120 * steps}, Qt::NoButton, modifiers,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&s.window(), &event);
+    };
+    wheel(1, {});
+    QCOMPARE(s.mainBlock->scale(), 1.0);
+    wheel(1, Qt::ControlModifier);
+    wheel(1, Qt::ControlModifier);
+    QCOMPARE(s.mainBlock->scale(), 1.21);
+    wheel(-2, Qt::ControlModifier);
+    QCOMPARE(s.mainBlock->scale(), 1.0);
+}
+
+void CanvasGesturesTest::arrowKeys()
+{
+    CanvasSession s;
+    QTest::mouseClick(&s.window(), Qt::LeftButton, {}, s.at(0.5, 0.8));
+    QTest::keyClick(&s.window(), Qt::Key_Right);
+    QTest::keyClick(&s.window(), Qt::Key_Down, Qt::ShiftModifier);
+    const QPointF center = s.subtitleBlock->center();
+    QCOMPARE(center, QPointF(181, 522));
+    for (int i = 0; i < 20; ++i)
+        QTest::keyClick(&s.window(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(s.subtitleBlock->position().y(), 1.0);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->subtitleY(), 1.0, 1000);
+}
+
+void CanvasGesturesTest::singleClickOnlySelects()
+{
+    CanvasSession s;
+    QTest::mouseClick(&s.window(), Qt::LeftButton, {}, s.at(0.5, 0.5));
+    QTest::qWait(20);
+    QVERIFY(!s.mainBlock->isFocused());
+    QVERIFY(s.find(u"mainText"_s)->hasActiveFocus());
+    QCOMPARE(s.mainBlock->position(), QPointF(0.5, 0.5));
+    QTest::mouseClick(&s.window(), Qt::LeftButton, {}, s.at(0.5, 0.1));
+    QTRY_VERIFY(!s.find(u"mainText"_s)->hasActiveFocus());
+}
+
+int main(int argc, char **argv)
+{
+    return runEditorTest<CanvasGesturesTest>(argc, argv);
+}
+
+#include "tst_canvas_gestures.moc"

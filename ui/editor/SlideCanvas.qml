@@ -1,0 +1,107 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import Mosslantern.Common
+import Mosslantern.Editor
+
+/// The slide that is being edited, in the middle of its area.
+FocusScope {
+    id: root
+
+    required property Slide slide
+    required property Slideshow slideshow
+    property color backdrop: Theme.windowBackground
+    readonly property alias canvas: canvas
+    readonly property rect frame: canvas.canvasFrame(Qt.size(width, height))
+    readonly property size canvasSize: Qt.size(frame.width, frame.height)
+
+    SlideCanvasView {
+        id: canvas
+        slide: root.slide
+        slideshow: root.slideshow
+        onFirstResponderResigned: content.forceActiveFocus(Qt.OtherFocusReason)
+    }
+    DraggableTextView {
+        id: mainBlock
+        objectName: "mainBlock"
+        text: canvas.localText
+        style: canvas.textStyle
+        position: canvas.localTextPos
+        scale: canvas.localTextScale
+        containerSize: root.canvasSize
+        boxColor: canvas.boxColor
+        isEditable: true
+        onTextChanged: canvas.localText = text
+        onPositionChanged: canvas.localTextPos = position
+        onScaleChanged: canvas.localTextScale = scale
+    }
+    DraggableTextView {
+        id: subtitleBlock
+        objectName: "subtitleBlock"
+        text: canvas.localSubtitle
+        style: canvas.textStyle
+        isSubtitle: true
+        position: canvas.localSubtitlePos
+        scale: canvas.localSubtitleScale
+        containerSize: root.canvasSize
+        boxColor: canvas.boxColor
+        isEditable: true
+        onTextChanged: canvas.localSubtitle = text
+        onPositionChanged: canvas.localSubtitlePos = position
+        onScaleChanged: canvas.localSubtitleScale = scale
+    }
+
+    Item {
+        anchors.fill: parent
+
+        TapHandler {
+            onTapped: canvas.endEditing()
+        }
+    }
+    Item {
+        id: content
+        objectName: "canvasContent"
+        x: Math.round(root.frame.x)
+        y: Math.round(root.frame.y)
+        width: Math.round(root.frame.width)
+        height: Math.round(root.frame.height)
+        clip: true
+
+        CanvasBackground {
+            id: background
+            objectName: "canvasBackground"
+            anchors.fill: parent
+            slide: root.slide
+            canvasSize: root.canvasSize
+        }
+        TextBlockItem {
+            objectName: "mainDrawing"
+            anchors.fill: parent
+            block: mainBlock
+        }
+        TextBlockItem {
+            objectName: "subtitleDrawing"
+            anchors.fill: parent
+            visible: canvas.localSubtitle !== ""
+            block: subtitleBlock
+        }
+        EditableText {
+            objectName: "mainText"
+            block: mainBlock
+            label: qsTr("Main Text")
+        }
+        Loader {
+            active: canvas.localSubtitle !== ""
+            onActiveChanged: if (!active) subtitleBlock.isFocused = false
+            sourceComponent: EditableText {
+                objectName: "subtitleText"
+                block: subtitleBlock
+                label: qsTr("Subtitle")
+            }
+        }
+    }
+    CanvasFrame {
+        anchors.fill: content
+        backdrop: root.backdrop
+    }
+}

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "model/slideshow.h"
+
+#include <QtCore/QPointF>
+#include <QtCore/QPointer>
+#include <QtCore/QRectF>
+#include <QtGui/QColor>
+#include <QtQml/qqmlregistration.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+namespace mosslantern {
+
+/// The editable slide: texts, positions and scales as they are being edited, written into the slide in
+/// batches.
+class SlideCanvasView : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(mosslantern::Slide *slide READ slide WRITE setSlide NOTIFY slideChanged REQUIRED)
+    Q_PROPERTY(
+        mosslantern::Slideshow *slideshow READ slideshow WRITE setSlideshow NOTIFY slideshowChanged REQUIRED)
+    Q_PROPERTY(QString localText READ localText WRITE setLocalText NOTIFY localTextChanged)
+    Q_PROPERTY(QString localSubtitle READ localSubtitle WRITE setLocalSubtitle NOTIFY localSubtitleChanged)
+    Q_PROPERTY(QPointF localTextPos READ localTextPos WRITE setLocalTextPos NOTIFY localTextPosChanged)
+    Q_PROPERTY(double localTextScale READ localTextScale WRITE setLocalTextScale NOTIFY localTextScaleChanged)
+    Q_PROPERTY(QPointF localSubtitlePos READ localSubtitlePos WRITE setLocalSubtitlePos NOTIFY
+                   localSubtitlePosChanged)
+    Q_PROPERTY(double localSubtitleScale READ localSubtitleScale WRITE setLocalSubtitleScale NOTIFY
+                   localSubtitleScaleChanged)
+    Q_PROPERTY(int textStyle READ textStyle NOTIFY styleChanged)
+    Q_PROPERTY(QColor boxColor READ boxColor NOTIFY styleChanged)
+
+public:
+    /// Calls a function after a while, unless the object is gone by then.
+    using CallLater = std::function<void(std::chrono::nanoseconds, QObject *, std::function<void()>)>;
+
+    explicit SlideCanvasView(QObject *parent = nullptr);
+
+    /// Writes what is not written yet.
+    ~SlideCanvasView() override;
+
+    /// How delayed commits wait; a timer of the event loop unless it is replaced.
+    void setCallLater(CallLater callLater) { m_callLater = std::move(callLater); }
+
+    /// Once; the local state starts from its values. Null once the slide is removed.
+    Slide *slide() const { return m_slide; }
+    void setSlide(Slide *slide);
+
+    Slideshow *slideshow() const { return m_slideshow; }
+    void setSlideshow(Slideshow *slideshow);
+
+    QString localText() const { return m_local.text; }
+    void setLocalText(const QString &text);
+
+    QString localSubtitle() const { return m_local.subtitle; }
+    void setLocalSubtitle(const QString &subtitle);
+
+    QPointF localTextPos() const { return m_local.textPos; }
+    void setLocalTextPos(QPointF position);
+
+    double localTextScale() const { return m_local.textScale; }
+    void setLocalTextScale(double scale);
+
+    QPointF localSubtitlePos() const { return m_local.subtitlePos; }
+    void setLocalSubtitlePos(QPointF position);
+
+    double localSubtitleScale() const { return m_local.subtitleScale; }
+    void setLocalSubtitleScale(double scale);
+
+    /// A delayed commit that can be called off.
+    struct CommitTask
+    {
+        bool isCancelled = false;
+    };
+
+    /// The last one that was scheduled, done or not; null before the first.
+    const CommitTask *commitTask() const { return m_commitTask.get(); }
+
+    /// Where the canvas stands in an area, in points: in its centre, 30 points or more from every side.
+    Q_INVOKABLE QRectF canvasFrame(QSizeF area) const;
+
+    /// Writes the local values that differ into the slide, as soon as control returns to the event loop.
+    Q_INVOKABLE void commit();
+
+    /// Commits half a second after the last call.
+    void scheduleCommit();
+
+    /// Commits, and then lets the keyboard go.
+    Q_INVOKABLE void endEditing();
+
+signals:
+    void slideChanged();
+    void slideshowChanged();
+    void localTextChanged();
+    void localSubtitleChanged();
+    void localTextPosChanged();
+    void localTextScaleChanged();
+    void localSubtitlePosChanged();
+    void localSubtitleScaleChanged();
+    void styleChanged();
+
+    /// Nothing on the canvas is to have the keyboard any more.
+    void firstResponderResigned();
+
+private:
+    struct LocalState
+    {
+        QString text;
+        QString subtitle;
+        QPointF textPos{0.5, 0.5};
+        double textScale = 1;
+        QPointF subtitlePos{0.5, 0.8};
+        double subtitleScale = 1;
+    };
+
+    int textStyle() const;
+    QColor boxColor() const;
+    void followSlide();
+    void write();
+
+    template <typename T>
+    void set(T LocalState::*field, const T &value, void (SlideCanvasView::*changed)())
+    {
+        if (m_local.*field == value)
+            return;
+        m_local.*field = value;
+        emit(this->*changed)();
+    }
+
+    QPointer<Slide> m_slide;
+    QPointer<Slideshow> m_slideshow;
+    LocalState m_local;
+    std::shared_ptr<CommitTask> m_commitTask;
+    CallLater m_callLater;
+    bool m_isWriting = false;
+};
+
+} // namespace mosslantern
