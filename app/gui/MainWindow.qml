@@ -67,9 +67,12 @@ T.ApplicationWindow {
         }
     }
 
+    /// What showContentLibrary() works on.
+    property string contentText
+
     /// The template library on a text of its own, for developers and tests.
     function showContentLibrary() {
-        sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "visible": true})
+        sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
     }
 
     AboutSheet {
@@ -88,6 +91,9 @@ T.ApplicationWindow {
     Connections {
         target: sheets.item as ContentLibrarySheet
         ignoreUnknownSignals: true
+        function onTextInputChanged() {
+            root.contentText = (sheets.item as ContentLibrarySheet).textInput
+        }
         function onClosed() {
             sheets.setSource("")
         }

@@ -15,7 +15,6 @@ Item {
     signal released
     signal pointed
 
-    objectName: "sidebarRow" + index
     implicitHeight: 32 + title.height
     Accessible.role: Accessible.ListItem
     Accessible.name: label
@@ -41,6 +40,7 @@ Item {
     }
     RowBackground {
         id: row
+        objectName: "sidebarRow" + root.index
         anchors.fill: parent
         anchors.topMargin: title.height + 1
         anchors.bottomMargin: 1

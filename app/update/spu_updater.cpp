@@ -5,8 +5,6 @@
 #include <QtGui/QDesktopServices>
 #include <QtNetwork/QHostAddress>
 
-#include <chrono>
-
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -44,13 +42,12 @@ SPUUpdater::~SPUUpdater()
         m_reply->abort();
 }
 
-void SPUUpdater::start()
+void SPUUpdater::start(std::chrono::milliseconds delay)
 {
     if (!canCheckForUpdates())
         return;
     m_schedule.start();
-    // Not while the first window is being made.
-    QTimer::singleShot(5s, this, &SPUUpdater::checkIfDue);
+    QTimer::singleShot(delay, this, &SPUUpdater::checkIfDue);
 }
 
 void SPUUpdater::checkForUpdates()

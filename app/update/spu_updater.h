@@ -10,6 +10,8 @@
 #include <QtNetwork/QNetworkReply>
 #include <QtQml/qqmlregistration.h>
 
+#include <chrono>
+
 namespace mosslantern {
 
 /// Where an updater looks, and what it compares with.
@@ -42,8 +44,8 @@ public:
     explicit SPUUpdater(const UpdaterSettings &settings, QObject *parent = nullptr);
     ~SPUUpdater() override;
 
-    /// Begins the checks in the background.
-    void start();
+    /// Begins the checks in the background, after a moment in which the first window can be made.
+    void start(std::chrono::milliseconds delay = std::chrono::seconds(5));
 
     /// Looks now, and shows the progress and the outcome.
     Q_INVOKABLE void checkForUpdates();

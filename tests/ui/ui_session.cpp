@@ -82,8 +82,14 @@ QQuickItem *UiSession::findText(const QString &text) const
 bool UiSession::click(const QString &objectName, int nth, Qt::MouseButton button,
                       Qt::KeyboardModifiers modifiers)
 {
-    QQuickItem *const item = find(objectName, nth);
-    if (!item || !item->isEnabled() || item->size().isEmpty()) {
+    QQuickItem *item = nullptr;
+    const bool isThere = QTest::qWaitFor(
+        [&] {
+            item = find(objectName, nth);
+            return item && item->isEnabled() && !item->size().isEmpty();
+        },
+        2000);
+    if (!isThere) {
         qWarning("%s cannot be clicked", qPrintable(objectName));
         return false;
     }
@@ -107,10 +113,15 @@ void UiSession::type(const QString &text)
 
 void UiSession::settle()
 {
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    constexpr int patience = 500;
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    bool isDrawn = false;
+    const auto drawn =
+        QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window, [&] { isDrawn = true; });
+    m_window->update();
+    static_cast<void>(QTest::qWaitFor([&] { return isDrawn; }, patience));
+    QObject::disconnect(drawn);
 }
 
 QImage UiSession::grab()

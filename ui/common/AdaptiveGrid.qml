@@ -43,6 +43,8 @@ GridView {
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
 
+    // A cell that takes the place of a removed one does not get the focus of its own accord.
+    Keys.forwardTo: currentItem ? [currentItem] : []
     Keys.onPressed: (event) => {
         usesPointer = false
         event.accepted = false

@@ -1,0 +1,167 @@
+#include "model/collection.h"
+#include "tests/ui/window_test.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+class AssetLibraryTest : public WindowTest
+{
+    Q_OBJECT
+
+private:
+    QStringList assetNames()
+    {
+        QStringList names;
+        for (const Asset *asset : store().all<Asset>())
+            names.append(asset->name());
+        return names;
+    }
+
+    void drop(const QList<QUrl> &urls)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        const QPoint middle(700, 400);
+        QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(session().window(), &enter);
+        QDropEvent released(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(session().window(), &released);
+        settle();
+    }
+
+private slots:
+    void importsWhatIsPicked()
+    {
+        session().open();
+        QCOMPARE(session().count(u"assetCell"_s), 0);
+        QCOMPARE(session().count(u"addTile"_s), 1);
+
+        QVERIFY(session().click(u"addTile"_s));
+        QVERIFY(session().panels().isShown());
+        session().panels().answer(QList<QUrl>());
+        settle();
+        QCOMPARE(assetNames(), QStringList());
+
+        // One file of the three is gone: the others are imported all the same.
+        const QList<QUrl> picked{pictureFile(u"b.png"_s), QUrl::fromLocalFile(u"/nowhere/gone.png"_s),
+                                 pictureFile(u"a.PNG"_s)};
+        QVERIFY(session().click(u"addTile"_s));
+        const ConsoleCapture console;
+        session().panels().answer(picked);
+        settle();
+        QCOMPARE(assetNames(), QStringList({u"b.png"_s, u"a.PNG"_s}));
+        QCOMPARE(session().count(u"assetCell"_s), 2);
+        QCOMPARE(console.lines().size(), 1);
+        QVERIFY(console.lines().constFirst().startsWith("Failed to copy asset: "_L1));
+    }
+
+    void reportsAPanelThatFails()
+    {
+        session().open();
+        QVERIFY(session().click(u"addTile"_s));
+        const ConsoleCapture console;
+        session().panels().answer(fail(u"the panel broke."_s));
+        QCOMPARE(console.lines(), QStringList(u"Error importing files: the panel broke."_s));
+        QVERIFY(session().click(u"addTile"_s));
+        QVERIFY(session().panels().isShown());
+    }
+
+    void takesDroppedPicturesAndFolders()
+    {
+        session().open();
+        pictureFile(u"folder/2.png"_s);
+        const QUrl inFolder = pictureFile(u"folder/1.png"_s);
+        QFile text(QFileInfo(inFolder.toLocalFile()).dir().filePath(u"notes.txt"_s));
+        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
+        text.close();
+        const QUrl folder = QUrl::fromLocalFile(QFileInfo(inFolder.toLocalFile()).path());
+
+        drop({pictureFile(u"single.png"_s), QUrl::fromLocalFile(text.fileName()), folder});
+        QCOMPARE(assetNames(), QStringList({u"single.png"_s, u"1.png"_s, u"2.png"_s}));
+    }
+
+    void deletesWithWhatDepends()
+    {
+        Asset *const used = session().library().addAsset(u"used"_s);
+        session().library().addAsset(u"other"_s);
+        Collection *const collection = store().insert(std::make_unique<Collection>(u"kept"_s));
+        used->setCollection(collection);
+        const Slideshow *const dependent = session().library().addSlideshow(used, {u"one"_s, u"two"_s});
+        const QString id = dependent->id().toString(QUuid::WithoutBraces).toUpper();
+        session().open();
+
+        const ConsoleCapture console;
+        QVERIFY(session().click(u"assetCell"_s, 0, Qt::RightButton));
+        QVERIFY(session().click(u"deleteAsset"_s));
+        QCOMPARE(assetNames(), QStringList(u"other"_s));
+        QCOMPARE(console.lines(), QStringList(u"Deleting dependent slideshow: "_s + id));
+        QVERIFY(store().all<Slideshow>().empty());
+        QCOMPARE(collection->assetCount(), 0);
+        QTRY_COMPARE(session().count(u"assetCell"_s), 1);
+    }
+
+    void worksByKeyboard()
+    {
+        for (const QString &name : {u"1"_s, u"2"_s, u"3"_s})
+            session().library().addAsset(name);
+        session().open();
+        session().key(Qt::Key_Tab);
+        session().key(Qt::Key_Right);
+        session().key(Qt::Key_Delete);
+        QCOMPARE(assetNames(), QStringList({u"1"_s, u"3"_s}));
+        session().key(Qt::Key_F10, Qt::ShiftModifier);
+        QVERIFY(session().find(u"deleteAsset"_s));
+        session().key(Qt::Key_Escape);
+        session().key(Qt::Key_Right);
+        session().key(Qt::Key_Right);
+        session().key(Qt::Key_Return);
+        QVERIFY(session().panels().isShown());
+    }
+
+    void laysOutAdaptiveColumns_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("columns");
+        // The grid has the window less sidebar (200), handle (1) and padding (2 · 16).
+        QTest::newRow("smallest window") << 1200 << 5;
+        QTest::newRow("just too narrow for six") << 1232 << 5;
+        QTest::newRow("just wide enough for six") << 1233 << 6;
+        QTest::newRow("wide") << 1900 << 9;
+    }
+    void laysOutAdaptiveColumns()
+    {
+        QFETCH(const int, width);
+        QFETCH(const int, columns);
+        for (int i = 0; i < 12; ++i)
+            session().library().addAsset(QString::number(i));
+        session().open();
+        session().window()->resize(width, 800);
+        settle();
+        const auto x = [this](int n) { return session().find(u"assetCell"_s, n)->mapToScene({}).x(); };
+        const auto y = [this](int n) { return session().find(u"assetCell"_s, n)->mapToScene({}).y(); };
+        QTRY_COMPARE(y(columns - 1), y(0));
+        QVERIFY(y(columns) > y(0));
+        const double column = x(1) - x(0) - 20;
+        QVERIFY2(column >= 150 && column <= 200, qPrintable(QString::number(column)));
+    }
+
+    void makesOnlyTheCellsThatShow()
+    {
+        for (int i = 0; i < 5000; ++i)
+            session().library().addAsset(QString::number(i));
+        session().open();
+        QVERIFY(session().count(u"assetCell"_s) < 60);
+        QQuickItem *const grid = session().find(u"assetGrid"_s);
+        for (const double y : {20'000., 60'000., 0.}) {
+            grid->setProperty("contentY", y);
+            settle();
+        }
+        QVERIFY(grid->property("contentItem").value<QQuickItem *>()->childItems().size() < 150);
+    }
+};
+
+QTEST_MAIN(AssetLibraryTest)
+#include "tst_asset_library.moc"

@@ -1,0 +1,181 @@
+#include "app/gui/app_screen.h"
+#include "app/gui/content_view.h"
+#include "app/gui/mosslantern_app.h"
+#include "app/gui/window_memory.h"
+#include "tests/ui/window_test.h"
+#include "ui/common/symbol_drawing.h"
+
+#include <QtCore/QDirIterator>
+#include <QtCore/QRegularExpression>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+class ShellTest : public WindowTest
+{
+    Q_OBJECT
+
+private:
+    std::optional<AppScreen> selected()
+    {
+        return session().window()->findChild<ContentView *>()->selectedScreen();
+    }
+
+    StartOptions startOptions()
+    {
+        return {.location = session().library().location(),
+                .stateFile = session().library().path(u"state.ini"_s),
+                .updateFeed = QUrl(QString(), QUrl::StrictMode)};
+    }
+
+private slots:
+    void startsWithTheAssets()
+    {
+        session().open();
+        QCOMPARE(selected(), AppScreen::assets);
+        QVERIFY(session().find(u"assetGrid"_s));
+        QVERIFY(session().find(u"sidebarRow0"_s)->property("isSelected").toBool());
+        QCOMPARE(session().find(u"sidebarRow0"_s)->parentItem()->property("heading"), u"Resources"_s);
+        QCOMPARE(session().find(u"sidebarRow1"_s)->parentItem()->property("heading"), u""_s);
+        QCOMPARE(session().find(u"sidebarRow2"_s)->parentItem()->property("heading"), u"Playground"_s);
+    }
+
+    void goesWhereTheSidebarSays()
+    {
+        session().open();
+        QVERIFY(session().click(u"sidebarRow2"_s));
+        QCOMPARE(selected(), AppScreen::slideshows);
+        session().key(Qt::Key_Up);
+        QCOMPARE(selected(), AppScreen::collections);
+        QVERIFY(session().find(u"collectionList"_s));
+
+        QVERIFY(session().click(u"sidebarRow1"_s, 0, Qt::LeftButton, Qt::ControlModifier));
+        QCOMPARE(selected(), std::nullopt);
+        QVERIFY(session().findText(u"Select an item"_s));
+        QVERIFY(!session().find(u"collectionList"_s));
+        QVERIFY(session().click(u"sidebarRow0"_s));
+        QVERIFY(session().find(u"assetGrid"_s));
+        QVERIFY(!session().findText(u"Select an item"_s));
+    }
+
+    void keepsItsSizes()
+    {
+        QQuickWindow *const window = session().open();
+        const QQuickItem *const sidebar = session().find(u"sidebar"_s)->parentItem();
+        QCOMPARE(sidebar->width(), 200.0);
+        QCOMPARE(window->minimumWidth(), 1200);
+        QQuickItem *const content = window->property("contentItem").value<QQuickItem *>();
+        QCOMPARE(window->minimumHeight() - (window->height() - content->height()), 700.0);
+
+        for (const auto &[to, width] : {std::pair(500, 220.0), std::pair(20, 180.0)}) {
+            const QPoint handle(static_cast<int>(sidebar->width()), 500);
+            QTest::mousePress(window, Qt::LeftButton, {}, handle);
+            for (int step = 1; step <= 10; ++step)
+                QTest::mouseMove(window, handle + QPoint((to - handle.x()) * step / 10, 0));
+            QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(to, 500));
+            settle();
+            QCOMPARE(sidebar->width(), width);
+        }
+    }
+
+    void offersUpdatesOnlyWithAFeed_data()
+    {
+        QTest::addColumn<QUrl>("feed");
+        QTest::addColumn<bool>("isOffered");
+        QTest::newRow("none") << QUrl(QString(), QUrl::StrictMode) << false;
+        QTest::newRow("not over HTTPS") << QUrl(u"http://updates.example/feed.xml"_s) << false;
+        QTest::newRow("over HTTPS") << QUrl(u"https://updates.example/feed.xml"_s) << true;
+    }
+    void offersUpdatesOnlyWithAFeed()
+    {
+        QFETCH(const QUrl, feed);
+        QFETCH(const bool, isOffered);
+        session().setFeed(feed);
+        session().open();
+        session().key(Qt::Key_M, Qt::AltModifier);
+        QTRY_VERIFY(session().find(u"checkForUpdates"_s));
+        const QQuickItem *const item = session().find(u"checkForUpdates"_s);
+        QCOMPARE(item->isEnabled(), isOffered);
+        QCOMPARE(item->property("text"), u"Check for Updates..."_s);
+        const QQuickItem *const about = session().find(u"about"_s);
+        QCOMPARE(item->mapToScene({}).y(), about->mapToScene({}).y() + about->height());
+    }
+
+    void saysWhyTheLibraryCannotBeOpened()
+    {
+        QDir().mkpath(QFileInfo(session().library().storeFile()).path());
+        const QByteArray foreign = "this is no library, and it must stay as it is\n";
+        QFile file(session().library().storeFile());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(foreign) == foreign.size());
+        file.close();
+
+        MosslanternApp app(startOptions());
+        QVERIFY(app.start());
+        QVERIFY(!app.window());
+        const QWindow *const window = QGuiApplication::topLevelWindows().constLast();
+        QVERIFY(window->isVisible());
+        const auto *const message = window->findChild<QObject *>(u"failureMessage"_s);
+        QVERIFY(message && message->property("text").toString().contains("not a Mosslantern library"_L1));
+        QCOMPARE(readFile(file.fileName()), foreign);
+    }
+
+    void raisesTheFirstWindowOnASecondStart()
+    {
+        MosslanternApp first(startOptions());
+        QVERIFY(first.start());
+        QVERIFY(first.window());
+        QVERIFY(QTest::qWaitForWindowExposed(first.window()));
+
+        // The first one answers in its event loop, the second one waits: so it must be another process.
+        QProcess second;
+        second.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM),
+                     {u"--library"_s, QFileInfo(session().library().storeFile()).path()});
+        first.window()->showMinimized();
+        QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 10'000);
+        QCOMPARE(second.exitCode(), 0);
+        QTRY_VERIFY(!first.window()->windowStates().testFlag(Qt::WindowMinimized));
+    }
+
+    void remembersTheWindow()
+    {
+        const QString file = session().library().path(u"state.ini"_s);
+        QWindow before;
+        before.setGeometry(40, 50, 640, 480);
+        rememberWindow(before, file);
+        QWindow after;
+        after.setMinimumSize({700, 100});
+        restoreWindow(after, file);
+        QCOMPARE(after.geometry(), QRect(40, 50, 700, 480));
+
+        before.setGeometry(90'000, 50, 640, 480);
+        rememberWindow(before, file);
+        QWindow offScreen;
+        restoreWindow(offScreen, file);
+        QVERIFY(offScreen.x() < 90'000);
+    }
+
+    void hasEverySymbolItNames()
+    {
+        static const QRegularExpression named(u"\\b(?:symbol|name): \"([a-z0-9.]+)\""_s);
+        const QStringList known = symbolNames();
+        int found = 0;
+        QDirIterator files(u":/qt/qml/Mosslantern"_s, {u"*.qml"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString text = QString::fromUtf8(readFile(files.next()));
+            for (const QRegularExpressionMatch &match : named.globalMatch(text)) {
+                QVERIFY2(known.contains(match.captured(1)), qPrintable(match.captured(1)));
+                ++found;
+            }
+        }
+        QVERIFY(found > 10);
+        for (const QString &name : known) {
+            const QImage image = drawSymbol(name, {24, 24}, Qt::white);
+            QVERIFY2(!image.isNull() && image != drawSymbol(name, {24, 24}, Qt::transparent),
+                     qPrintable(name));
+        }
+    }
+};
+
+QTEST_MAIN(ShellTest)
+#include "tst_shell.moc"

@@ -1,0 +1,184 @@
+#include "app/update/spu_updater.h"
+#include "app/update/version_order.h"
+#include "tests/content/test_server.h"
+
+#include <QtCore/QSettings>
+#include <QtTest/QtTest>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray feedOf(const QByteArray &items)
+{
+    return "<?xml version=\"1.0\"?><rss version=\"2.0\" "
+           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><title>t</title>" +
+           items + "</channel></rss>";
+}
+
+QByteArray item(const QByteArray &inside)
+{
+    return "<item>" + inside + "<link>https://example.org/get</link></item>";
+}
+
+QByteArray response(const QByteArray &body, const QByteArray &status = "200 OK")
+{
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) +
+           "\r\nConnection: close\r\n\r\n" + body;
+}
+
+} // namespace
+
+class UpdaterTest : public QObject
+{
+    Q_OBJECT
+
+private:
+    UpdaterSettings settings(const TestServer &server) const
+    {
+        return {.feed = QUrl(u"http://127.0.0.1:%1/feed.xml"_s.arg(server.port())),
+                .version = u"1.2"_s,
+                .stateFile = m_folder.filePath(u"state.ini"_s)};
+    }
+
+    QTemporaryDir m_folder;
+
+private slots:
+    void init() { QFile::remove(m_folder.filePath(u"state.ini"_s)); }
+
+    void ordersVersions_data()
+    {
+        QTest::addColumn<QString>("older");
+        QTest::addColumn<QString>("newer");
+        const QList<std::pair<QString, QString>> pairs{
+            {u"1.0"_s, u"1.1"_s},
+            {u"1.9"_s, u"1.10"_s},
+            {u"1.0"_s, u"1.0.1"_s},
+            {u"1.0b2"_s, u"1.0"_s},
+            {u"1.0b2"_s, u"1.0b10"_s},
+            {u"1.0a1"_s, u"1.0b1"_s},
+            {u"1.0rc1"_s, u"1.0.1"_s},
+            {u"007"_s, u"8"_s},
+            {u"99999999999999999999"_s, u"100000000000000000000"_s}};
+        for (const auto &[older, newer] : pairs)
+            QTest::addRow("%s < %s", qPrintable(older), qPrintable(newer)) << older << newer;
+    }
+    void ordersVersions()
+    {
+        QFETCH(const QString, older);
+        QFETCH(const QString, newer);
+        QVERIFY(compareVersions(older, newer) < 0);
+        QVERIFY(compareVersions(newer, older) > 0);
+        QVERIFY(compareVersions(newer, newer) == 0);
+    }
+
+    void readsAppcasts_data()
+    {
+        QTest::addColumn<QByteArray>("items");
+        QTest::addColumn<QString>("found");
+        const QByteArray two = item("<sparkle:version>2</sparkle:version>");
+        QTest::newRow("nothing") << QByteArray() << QString();
+        QTest::newRow("newest of several")
+            << two + item("<sparkle:version>10</sparkle:version>") + two << u"10"_s;
+        QTest::newRow("version in the enclosure")
+            << item("<enclosure url='https://e.org/f' sparkle:version='3' sparkle:shortVersionString='3 "
+                    "beta'/>")
+            << u"3 beta"_s;
+        QTest::newRow("other systems")
+            << item("<enclosure url='https://e.org/f' sparkle:version='3' sparkle:os='macos'/>") + two
+            << u"2"_s;
+        QTest::newRow("a channel")
+            << item("<sparkle:version>3</sparkle:version><sparkle:channel>beta</sparkle:channel>") + two
+            << u"2"_s;
+        QTest::newRow("no safe page")
+            << QByteArray("<item><sparkle:version>3</sparkle:version><link>javascript:x</link></item>")
+            << QString();
+        QTest::newRow("not newer") << item("<sparkle:version>1.2</sparkle:version>") << QString();
+    }
+    void readsAppcasts()
+    {
+        QFETCH(const QByteArray, items);
+        QFETCH(const QString, found);
+        const auto releases = parseAppcast(feedOf(items));
+        QVERIFY(releases);
+        const auto update = newestUpdate(*releases, u"1.2"_s);
+        QCOMPARE(update ? update->shownVersion : QString(), found);
+    }
+
+    void showsWhatAnAskedCheckFinds_data()
+    {
+        using Status = SPUUpdater::Status;
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<Status>("status");
+        QTest::newRow("newer") << response(feedOf(
+                                      item("<sparkle:version>2</sparkle:version>"
+                                           "<description>&lt;b&gt;New&lt;/b&gt; things</description>")))
+                               << Status::UpdateFound;
+        QTest::newRow("same") << response(feedOf(item("<sparkle:version>1.2</sparkle:version>")))
+                              << Status::UpToDate;
+        QTest::newRow("cut off") << response(feedOf({}).first(90)) << Status::Failed;
+        QTest::newRow("no feed") << response("<html/>") << Status::Failed;
+        QTest::newRow("not there") << response({}, "404 Not Found") << Status::Failed;
+    }
+    void showsWhatAnAskedCheckFinds()
+    {
+        QFETCH(const QByteArray, answer);
+        QFETCH(const SPUUpdater::Status, status);
+        const TestServer server(TestServer::always(answer));
+        SPUUpdater updater(settings(server));
+        QVERIFY(updater.canCheckForUpdates());
+        updater.checkForUpdates();
+        QVERIFY(updater.isShown());
+        QCOMPARE(updater.status(), SPUUpdater::Status::Checking);
+        QTRY_COMPARE(updater.status(), status);
+        QVERIFY(updater.isShown());
+        QCOMPARE(updater.message().isEmpty(), status != SPUUpdater::Status::Failed);
+        if (status == SPUUpdater::Status::UpdateFound) {
+            QCOMPARE(updater.notes(), u"New things"_s);
+            QCOMPARE(updater.downloadPage(), QUrl(u"https://example.org/get"_s));
+        }
+    }
+
+    void checksByItselfOnceADayAndQuietly_data()
+    {
+        QTest::addColumn<int>("hoursAgo");
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<int>("requests");
+        QTest::addColumn<bool>("isShown");
+        QTest::newRow("first time, newer") << -1 << QByteArray("2") << 1 << true;
+        QTest::newRow("a day ago, nothing new") << 25 << QByteArray("1") << 1 << false;
+        QTest::newRow("an hour ago") << 1 << QByteArray("2") << 0 << false;
+    }
+    void checksByItselfOnceADayAndQuietly()
+    {
+        QFETCH(const int, hoursAgo);
+        QFETCH(const QByteArray, version);
+        QFETCH(const int, requests);
+        QFETCH(const bool, isShown);
+        const TestServer server(
+            TestServer::always(response(feedOf(item("<sparkle:version>" + version + "</sparkle:version>")))));
+        if (hoursAgo >= 0) {
+            QSettings(settings(server).stateFile, QSettings::IniFormat)
+                .setValue(u"lastUpdateCheck"_s, QDateTime::currentDateTimeUtc().addSecs(-3600 * hoursAgo));
+        }
+        SPUUpdater updater(settings(server));
+        updater.start(std::chrono::milliseconds(0));
+        QTest::qWait(300);
+        QCOMPARE(server.requests().size(), requests);
+        QCOMPARE(updater.isShown(), isShown);
+    }
+
+    void survivesBeingDestroyedDuringACheck()
+    {
+        const TestServer server([](QTcpSocket *) {});
+        auto updater = std::make_unique<SPUUpdater>(settings(server));
+        updater->checkForUpdates();
+        QTRY_COMPARE(server.requests().size(), 1);
+        updater.reset();
+        QTest::qWait(20);
+    }
+};
+
+QTEST_MAIN(UpdaterTest)
+#include "tst_updater.moc"

@@ -1,0 +1,24 @@
+#include "tests/ui/window_test.h"
+
+namespace mosslantern {
+
+QUrl WindowTest::pictureFile(const QString &name, const QColor &color)
+{
+    const QString path = m_folder.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(color);
+    if (!image.save(path, "PNG"))
+        qFatal("%s cannot be written", qPrintable(path));
+    return QUrl::fromLocalFile(path);
+}
+
+void WindowTest::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    const Result<> fonts = registerInterfaceFonts();
+    QVERIFY2(fonts, fonts ? "" : qPrintable(fonts.error().message));
+}
+
+} // namespace mosslantern
