@@ -1,10 +1,13 @@
 #!/usr/bin/env bash
 # Builds and runs every benchmark: the parts, then whole exports against the floor, on one thread and on all.
+# Usage: bench/run.sh [FOLDER]: photographs to export (by default those of mate-backgrounds)
 set -euo pipefail
-cd "$(dirname "${BASH_SOURCE[0]}")/.."
-cmake --preset bench >/dev/null
-cmake --build --preset bench
-bin=build/bench/bin
+source "$(dirname "${BASH_SOURCE[0]}")/../setup/setup.sh"
+
+install_packages "$root/setup/packages.txt" "$root/setup/bench-packages.txt"
+install_assets
+build_preset bench
+bin="$root/build/bench/bin"
 photographs=${1:-/usr/share/backgrounds/mate}
 
 for bench in store_bench picture_bench render_bench generator_bench; do
