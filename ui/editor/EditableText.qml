@@ -13,6 +13,10 @@ FocusScope {
     /// Thickness of a line of one point of the screen, whatever the block's scale.
     readonly property real hairline: 1 / Math.max(0.01, Math.abs(block.drawnScale))
 
+    function moveBy(from: point, to: point) {
+        block.drag(Qt.size(to.x - from.x, to.y - from.y))
+    }
+
     width: block.frameSize.width
     height: block.frameSize.height
     x: block.center.x - width / 2
@@ -40,32 +44,44 @@ FocusScope {
 
     TapHandler {
         enabled: !root.block.isFocused
-        gesturePolicy: TapHandler.ReleaseWithinBounds
         onSingleTapped: root.forceActiveFocus(Qt.MouseFocusReason)
         onDoubleTapped: (point) => root.block.doubleClick(point.position)
     }
     DragHandler {
         id: drag
+
+        function follow() {
+            if (active)
+                root.moveBy(centroid.scenePressPosition, centroid.scenePosition)
+        }
+
         enabled: !root.block.isFocused
         target: null
         dragThreshold: 10
-        onCentroidChanged: if (active) {
-            root.block.drag(Qt.size(centroid.scenePosition.x - centroid.scenePressPosition.x,
-                                    centroid.scenePosition.y - centroid.scenePressPosition.y))
+        onCentroidChanged: follow()
+        onActiveChanged: {
+            follow()
+            if (!active)
+                root.block.endDrag()
         }
-        onActiveChanged: if (!active) root.block.endDrag()
     }
     PinchHandler {
+        id: pinch
+
+        property point start
+
         enabled: !root.block.isFocused
         target: null
-        onActiveScaleChanged: if (active) root.block.magnify(activeScale)
-        onCentroidChanged: if (active) {
-            root.block.drag(Qt.size(centroid.scenePosition.x - centroid.scenePressPosition.x,
-                                    centroid.scenePosition.y - centroid.scenePressPosition.y))
+        onUpdated: if (active) {
+            root.block.magnify(activeScale)
+            root.moveBy(start, centroid.scenePosition)
         }
-        onActiveChanged: if (!active) {
-            root.block.endMagnify()
-            root.block.endDrag()
+        onActiveChanged: {
+            start = centroid.scenePosition
+            if (!active) {
+                root.block.endMagnify()
+                root.block.endDrag()
+            }
         }
     }
     WheelHandler {

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Mosslantern.Common
 import Mosslantern.Editor
@@ -51,11 +49,11 @@ FocusScope {
         onScaleChanged: canvas.localSubtitleScale = scale
     }
 
-    Item {
-        anchors.fill: parent
-
-        TapHandler {
-            onTapped: canvas.endEditing()
+    TapHandler {
+        onTapped: (tap) => {
+            const point = content.mapFromItem(root, tap.position.x, tap.position.y)
+            if (!mainBlock.contains(point) && !(canvas.localSubtitle !== "" && subtitleBlock.contains(point)))
+                canvas.endEditing()
         }
     }
     Item {
@@ -90,14 +88,12 @@ FocusScope {
             block: mainBlock
             label: qsTr("Main Text")
         }
-        Loader {
-            active: canvas.localSubtitle !== ""
-            onActiveChanged: if (!active) subtitleBlock.isFocused = false
-            sourceComponent: EditableText {
-                objectName: "subtitleText"
-                block: subtitleBlock
-                label: qsTr("Subtitle")
-            }
+        EditableText {
+            objectName: "subtitleText"
+            visible: canvas.localSubtitle !== ""
+            onVisibleChanged: if (!visible) block.isFocused = false
+            block: subtitleBlock
+            label: qsTr("Subtitle")
         }
     }
     CanvasFrame {

@@ -131,6 +131,12 @@ QPointF DraggableTextView::center() const
             m_position.y() * m_containerSize.height() + m_dragOffset.height()};
 }
 
+bool DraggableTextView::contains(QPointF point) const
+{
+    const QSizeF frame = frameSize() * std::abs(drawnScale());
+    return QRectF(center() - QPointF(frame.width(), frame.height()) / 2, frame).contains(point);
+}
+
 double DraggableTextView::fontSize() const
 {
     return mosslantern::fontSize(m_style, m_containerSize.width());

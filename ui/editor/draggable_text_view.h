@@ -101,6 +101,9 @@ public:
     /// Where the block's centre is at the moment, in points of the canvas.
     QPointF center() const;
 
+    /// Whether the scaled frame contains a point of the canvas.
+    Q_INVOKABLE bool contains(QPointF point) const;
+
     /// The factor by which the block is drawn at the moment.
     double drawnScale() const { return m_scale * m_currentScale; }
 

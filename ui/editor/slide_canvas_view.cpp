@@ -24,12 +24,7 @@ void callAfter(std::chrono::nanoseconds delay, QObject *context, const std::func
 SlideCanvasView::SlideCanvasView(QObject *parent)
     : QObject(parent)
     , m_callLater(callAfter)
-{
-    connect(this, &SlideCanvasView::localTextPosChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localTextScaleChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localSubtitlePosChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localSubtitleScaleChanged, this, &SlideCanvasView::scheduleCommit);
-}
+{}
 
 SlideCanvasView::~SlideCanvasView()
 {
@@ -46,9 +41,19 @@ void SlideCanvasView::setSlide(Slide *slide)
                .textScale = slide->textScale(),
                .subtitlePos = {slide->subtitleX(), slide->subtitleY()},
                .subtitleScale = slide->subtitleScale()};
+    emit localTextChanged();
+    emit localSubtitleChanged();
+    emit localTextPosChanged();
+    emit localTextScaleChanged();
+    emit localSubtitlePosChanged();
+    emit localSubtitleScaleChanged();
     followSlide();
     emit slideChanged();
     emit styleChanged();
+    connect(this, &SlideCanvasView::localTextPosChanged, this, &SlideCanvasView::scheduleCommit);
+    connect(this, &SlideCanvasView::localTextScaleChanged, this, &SlideCanvasView::scheduleCommit);
+    connect(this, &SlideCanvasView::localSubtitlePosChanged, this, &SlideCanvasView::scheduleCommit);
+    connect(this, &SlideCanvasView::localSubtitleScaleChanged, this, &SlideCanvasView::scheduleCommit);
 }
 
 void SlideCanvasView::followSlide()

@@ -16,6 +16,20 @@ void prepareEditorTest()
         qFatal("%s", qPrintable(fonts.error().message));
 }
 
+int difference(const QImage &a, const QImage &b)
+{
+    if (a.size() != b.size())
+        return 256;
+    const QImage p = a.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    const QImage q = b.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    int largest = 0;
+    for (int y = 0; y < p.height(); ++y) {
+        for (int x = 0; x < 4 * p.width(); ++x)
+            largest = std::max(largest, std::abs(p.constScanLine(y)[x] - q.constScanLine(y)[x]));
+    }
+    return largest;
+}
+
 EditorSession::EditorSession() = default;
 
 QString EditorSession::addPicture(const QString &name, QSize size)

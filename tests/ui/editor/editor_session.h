@@ -42,6 +42,9 @@ private:
     std::unique_ptr<QQuickView> m_view;
 };
 
+/// The largest difference between two images in one channel; 256 when their sizes differ.
+int difference(const QImage &a, const QImage &b);
+
 /// Makes the application's fonts known; stops the program when they cannot be used.
 void prepareEditorTest();
 

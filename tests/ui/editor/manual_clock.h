@@ -2,6 +2,8 @@
 
 #include "ui/editor/slide_canvas_view.h"
 
+#include <QtCore/QCoreApplication>
+
 #include <algorithm>
 #include <vector>
 

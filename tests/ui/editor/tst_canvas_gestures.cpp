@@ -25,6 +25,8 @@ public:
             show(u"SlideCanvas"_s,
                  {{u"slide"_s, QVariant::fromValue(slide)}, {u"slideshow"_s, QVariant::fromValue(slideshow)}},
                  {420, 700});
+        static_cast<void>(
+            QTest::qWaitFor([this] { return find(u"canvasBackground"_s)->property("isLoaded").toBool(); }));
         mainBlock = root->findChild<DraggableTextView *>(u"mainBlock"_s);
         subtitleBlock = root->findChild<DraggableTextView *>(u"subtitleBlock"_s);
     }
@@ -125,7 +127,7 @@ void CanvasGesturesTest::hugeBlocksAreThereToBeDragged()
     const QImage during = s.grab();
     s.drop(s.at(0.1, 0.5) + QPoint(180, 0));
     QCOMPARE(s.mainBlock->position(), QPointF(0.5, 0.5));
-    QCOMPARE(during, s.grab());
+    QVERIFY(difference(during, s.grab()) <= 1);
 }
 
 void CanvasGesturesTest::touchpadPinch()
@@ -162,15 +164,15 @@ void CanvasGesturesTest::twoFingersMoveAndScale()
     };
     QTest::touchEvent(&s.window(), screen).press(0, middle - QPoint(40, 0));
     QTest::touchEvent(&s.window(), screen).stationary(0).press(1, middle + QPoint(40, 0));
-    for (int step = 1; step <= 8; ++step) {
+    for (int step = 1; step <= 12; ++step) {
         const QPoint moved(5 * step, -4 * step);
         touch(middle - QPoint(40 + 5 * step, 0) + moved, middle + QPoint(40 + 5 * step, 0) + moved);
     }
     QVERIFY(s.mainBlock->currentScale() > 1.5);
     QVERIFY(s.mainBlock->dragOffset().width() > 20);
     QTest::touchEvent(&s.window(), screen)
-        .release(0, middle + QPoint(-40, -32))
-        .release(1, middle + QPoint(120, -32));
+        .release(0, middle + QPoint(-40, -48))
+        .release(1, middle + QPoint(160, -48));
     s.settle();
     QCOMPARE(s.mainBlock->currentScale(), 1.0);
     QVERIFY(s.mainBlock->scale() > 1.5);

@@ -14,21 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The largest difference between two images in one channel; 256 when their sizes differ.
-int difference(const QImage &a, const QImage &b)
-{
-    if (a.size() != b.size())
-        return 256;
-    const QImage p = a.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    const QImage q = b.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    int largest = 0;
-    for (int y = 0; y < p.height(); ++y) {
-        for (int x = 0; x < 4 * p.width(); ++x)
-            largest = std::max(largest, std::abs(p.constScanLine(y)[x] - q.constScanLine(y)[x]));
-    }
-    return largest;
-}
-
 QImage over(const QColor &color, const QImage &image)
 {
     QImage behind(image.size(), QImage::Format_RGB32);
