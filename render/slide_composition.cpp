@@ -159,7 +159,9 @@ void SlideComposition::frameOpaqueRow(int y, uint8_t *row) const
 void SlideComposition::frameRows(int first, int count, uint8_t *out) const
 {
     const int reach = static_cast<int>(shadowReach(canvasShadow(), m_canvas.pixelRatio));
-    const int top = std::max(0, first - reach);
+    // A wide blur halves its plane again and again: always the same rows together.
+    constexpr int alignment = 64;
+    const int top = std::max(0, first - reach) / alignment * alignment;
     const int bottom = std::min(m_size.height(), first + count + reach);
     QImage rows(m_size.width(), bottom - top, QImage::Format_RGBA8888_Premultiplied);
     paintContent(top, bottom - top, rows.bits());

@@ -43,6 +43,19 @@ std::vector<SlideJob> exportJobs(const QList<Slide *> &slides, AspectRatio aspec
     return jobs;
 }
 
+bool isThere(const QPointer<Slideshow> &slideshow)
+{
+    return slideshow && slideshow->store();
+}
+
+int slidesOf(const QList<QPointer<Slideshow>> &slideshows)
+{
+    qsizetype count = 0;
+    for (const QPointer<Slideshow> &slideshow : slideshows)
+        count += isThere(slideshow) ? slideshow->slides().size() : 0;
+    return static_cast<int>(count);
+}
+
 QString slidePath(const QString &folder, size_t index)
 {
     return folder + u"/Slide_%1.png"_s.arg(index + 1);
@@ -69,14 +82,11 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
 {
     const QPointer<BulkExporter> self(this);
     QList<QPointer<Slideshow>> waiting;
-    m_done = 0;
-    m_total = 0;
-    for (Slideshow *slideshow : slideshows) {
+    for (Slideshow *slideshow : slideshows)
         waiting.append(slideshow);
-        m_total += static_cast<int>(slideshow->slides().size());
-    }
+    m_done = 0;
     for (qsizetype i = 0; i < waiting.size(); ++i) {
-        if (!waiting[i])
+        if (!isThere(waiting[i]))
             continue;
         const QString name = batchFolderName(waiting[i]->batchName());
         if (name == u"."_s || name == u".."_s)
@@ -87,8 +97,10 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
             co_return fail(u"The export was given up."_s);
-        if (waiting[i] && waiting[i]->store())
+        if (isThere(waiting[i])) {
+            m_total = m_done + slidesOf(waiting.sliced(i));
             writeSlideImages(*waiting[i], folder);
+        }
     }
     if (m_openFolder)
         m_openFolder(base);

@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 
 Result<> writePngFile(const QString &path, const EncodedSlide &slide)
 {
+    if (slide.bands.isEmpty())
+        return fail(u"“%1” could not be written: there is not enough memory to draw the slide."_s.arg(path));
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return fail(u"“%1” could not be written: %2"_s.arg(path, file.errorString()));

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <deque>
 #include <memory>
+#include <new>
 #include <optional>
 #include <vector>
 
@@ -34,16 +35,35 @@ public:
 
     void start()
     {
-        m_pool.start([this] { decode(); }, decoding);
+        m_remaining = 1;
+        m_pool.start([this] { run([this] { decode(); }); }, decoding);
     }
 
     EncodedSlide wait()
     {
         m_done.acquire();
+        if (m_ranOutOfMemory)
+            return {};
         return {m_size, std::move(m_bands), std::move(m_pictureProblem)};
     }
 
 private:
+    /// Does one of the slide's pieces of work; the last one ends it.
+    template <typename Work>
+    void run(Work work)
+    {
+        try {
+            if (!m_ranOutOfMemory)
+                work();
+        } catch (const std::bad_alloc &) {
+            m_ranOutOfMemory = true;
+        }
+        if (--m_remaining == 0) {
+            m_composition.reset();
+            m_done.release();
+        }
+    }
+
     void decode()
     {
         const Result<Background> background = tryLoadBackground(m_job.picturePath, m_job.canvas);
@@ -53,9 +73,9 @@ private:
         m_size = m_composition->size();
         const int count = (m_size.height() + bandRows - 1) / bandRows;
         m_bands.resize(count);
-        m_remaining = count;
+        m_remaining += count;
         for (int i = 0; i < count; ++i)
-            m_pool.start([this, i] { encode(i); }, compressing);
+            m_pool.start([this, i] { run([this, i] { encode(i); }); }, compressing);
     }
 
     void encode(int band)
@@ -72,10 +92,6 @@ private:
         unpremultiply(pixels.data(), width * (rows + extra));
         const uint8_t *start = pixels.data() + static_cast<ptrdiff_t>(4) * width * extra;
         m_bands[band] = encodePngBand(start, extra ? pixels.data() : nullptr, width, rows, last);
-        if (--m_remaining == 0) {
-            m_composition.reset();
-            m_done.release();
-        }
     }
 
     SlideJob m_job;
@@ -86,6 +102,7 @@ private:
     QList<PngBand> m_bands;
     QString m_pictureProblem;
     std::atomic<int> m_remaining = 0;
+    std::atomic<bool> m_ranOutOfMemory = false;
     QSemaphore m_done;
 };
 

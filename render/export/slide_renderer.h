@@ -13,8 +13,8 @@ namespace mosslantern {
 /// A slide drawn and compressed, ready to be written.
 struct EncodedSlide
 {
-    QSize size; // pixels
-    QList<PngBand> bands;
+    QSize size;           // pixels
+    QList<PngBand> bands; // none: there was not enough memory to draw the slide
     /// Why the slide stands on the placeholder instead of its picture; empty when it does not.
     QString pictureProblem;
 };

@@ -32,6 +32,16 @@ bool looksLikeSrgb(const QColorTransform &toSrgb)
     return true;
 }
 
+/// Older PNG files say sRGB in the only words that they had, a gamma of 1 / 2.2. Taken literally, that would
+/// crush dark tones; nobody else does.
+bool isSrgbAsGamma(const QColorSpace &space)
+{
+    return space.transferFunction() == QColorSpace::TransferFunction::Gamma &&
+           std::abs(space.gamma() - 2.2F) < 0.01F &&
+           looksLikeSrgb(space.withTransferFunction(QColorSpace::TransferFunction::SRgb)
+                             .transformationToColorSpace(QColorSpace::SRgb));
+}
+
 /// SMPTE ST 2084: light of a code value, 1 being diffuse white at 203 cd/m² (ITU-R BT.2408).
 double perceptualQuantizer(double value)
 {
@@ -62,7 +72,8 @@ QList<uint16_t> transferTable(double (*light)(double))
 
 void convertToSrgb(QImage &image, const QColorSpace &space)
 {
-    if (!space.isValid() || looksLikeSrgb(space.transformationToColorSpace(QColorSpace::SRgb)))
+    if (!space.isValid() || looksLikeSrgb(space.transformationToColorSpace(QColorSpace::SRgb)) ||
+        isSrgbAsGamma(space))
         return;
     image.setColorSpace(space);
     image.convertToColorSpace(QColorSpace::SRgb);

@@ -5,6 +5,7 @@
 
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGlyphRun>
+#include <QtGui/QPaintDevice>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtGui/QRawFont>
@@ -28,6 +29,18 @@ bool isDrawable(const QRawFont &emojiFont, QStringView run)
     return true;
 }
 
+/// What is laid out of a line.
+QString shownPart(const QString &text)
+{
+    if (text.isEmpty())
+        return u" "_s;
+    if (text.size() <= LineLayout::longestLine)
+        return text;
+    const qsizetype start = (text.size() - LineLayout::longestLine) / 2;
+    const bool splitsPair = text[start].isLowSurrogate();
+    return text.sliced(start + (splitsPair ? 1 : 0), LineLayout::longestLine);
+}
+
 bool isEmojiFont(const QRawFont &font)
 {
     return font.familyName() == "Noto Color Emoji"_L1;
@@ -45,7 +58,12 @@ QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size)
     const QRawFont emojiFont = QRawFont::fromFont(format.font());
     QList<QTextLayout::FormatRange> formats;
     for (const TextRun &run : runs) {
-        if (isDrawable(emojiFont, QStringView(text).sliced(run.start, run.length)))
+        if (!isDrawable(emojiFont, QStringView(text).sliced(run.start, run.length)))
+            continue;
+        // Many ranges side by side would take the layout quadratic time.
+        if (!formats.isEmpty() && formats.last().start + formats.last().length == run.start)
+            formats.last().length += static_cast<int>(run.length);
+        else
             formats.append({static_cast<int>(run.start), static_cast<int>(run.length), format});
     }
     return formats;
@@ -58,7 +76,7 @@ LineLayout::LineLayout(const QString &text, TextStyle style, double size)
     m_ascent = metrics.ascent() / layoutFactor;
     m_height = metrics.height() / layoutFactor;
 
-    const QString shown = text.isEmpty() ? u" "_s : text;
+    const QString shown = shownPart(text);
     QTextLayout layout(shown, font);
     QTextOption option;
     option.setUseDesignMetrics(true);
@@ -87,6 +105,8 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
     painter.save();
     painter.scale(1 / layoutFactor, 1 / layoutFactor);
     painter.setPen(colour);
+    const QRectF device(0, 0, painter.device()->width(), painter.device()->height());
+    const QRectF shown = painter.combinedTransform().inverted().mapRect(device);
     for (const QGlyphRun &run : m_runs) {
         const QRawFont font = run.rawFont();
         if (isEmojiFont(font)) {
@@ -95,10 +115,15 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
         }
         QPainterPath outlines;
         outlines.setFillRule(Qt::WindingFill);
+        // The widest ligatures take about ten times the font's size.
+        const double margin = 16 * font.pixelSize();
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
-        for (qsizetype i = 0; i < glyphs.size(); ++i)
-            outlines.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            const double x = positions[i].x();
+            if (x + margin >= shown.left() && x - margin <= shown.right())
+                outlines.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+        }
         painter.fillPath(outlines, colour);
     }
     painter.restore();

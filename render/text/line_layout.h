@@ -13,7 +13,11 @@ namespace mosslantern {
 class LineLayout
 {
 public:
-    /// An empty `text` is laid out as one space. `size` is the font size in points.
+    static constexpr qsizetype longestLine = 4000;
+
+    /// An empty `text` is laid out as one space. `size` is the font size in points. Of a line of more than
+    /// longestLine UTF-16 units only the middle counts: no canvas shows more, and time and memory stay
+    /// bounded.
     LineLayout(const QString &text, TextStyle style, double size);
 
     /// Advance width of the whole line.

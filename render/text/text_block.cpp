@@ -47,31 +47,49 @@ AlphaPlane coverageOfRoundedBox(const QRectF &box, const QTransform &toPixels, c
 TextBlock::TextBlock(const QString &text, TextStyle style, bool isSubtitle, const RgbaColor &boxColor,
                      double canvasWidth)
     : m_look(styleLook(style, boxColor, isSubtitle && !text.isEmpty()))
+    , m_style(style)
+    , m_fontSize(fontSize(style, canvasWidth))
+    , m_lineHeight(LineLayout(QString(), style, m_fontSize).height())
+    , m_texts(splitLines(text))
+    , m_layouts(static_cast<size_t>(m_texts.size()))
+{}
+
+const LineLayout &TextBlock::layout(qsizetype line) const
 {
-    const double size = fontSize(style, canvasWidth);
-    for (const QString &line : splitLines(text))
-        m_lines.emplace_back(line, style, size);
+    std::optional<LineLayout> &made = m_layouts[static_cast<size_t>(line)];
+    if (!made)
+        made.emplace(m_texts[line], m_style, m_fontSize);
+    return *made;
+}
+
+double TextBlock::boxHeight() const
+{
+    return m_lineHeight + 2 * topPadding;
+}
+
+double TextBlock::lineTop(qsizetype line) const
+{
+    return -size(0).height() / 2 + static_cast<double>(line) * (boxHeight() + lineSpacing);
 }
 
 QSizeF TextBlock::size() const
 {
     double width = 0;
-    for (const LineLayout &line : m_lines)
-        width = std::max(width, line.width());
-    const double lineHeight = m_lines.front().height() + 2 * topPadding;
-    const auto count = static_cast<double>(m_lines.size());
-    return {width + 2 * sidePadding, count * lineHeight + (count - 1) * lineSpacing};
+    for (qsizetype line = 0; line < lineCount(); ++line)
+        width = std::max(width, layout(line).width());
+    return size(width);
+}
+
+QSizeF TextBlock::size(double widestLine) const
+{
+    const auto count = static_cast<double>(lineCount());
+    return {widestLine + 2 * sidePadding, count * boxHeight() + (count - 1) * lineSpacing};
 }
 
 QRectF TextBlock::lineBox(qsizetype line) const
 {
-    const LineLayout &layout = m_lines[static_cast<size_t>(line)];
-    const QSizeF box(layout.width() + 2 * sidePadding, layout.height() + 2 * topPadding);
-    const auto count = static_cast<double>(m_lines.size());
-    const double stackHeight = count * box.height() + (count - 1) * lineSpacing;
-    return {QPointF(-box.width() / 2,
-                    -stackHeight / 2 + static_cast<double>(line) * (box.height() + lineSpacing)),
-            box};
+    const double width = layout(line).width() + 2 * sidePadding;
+    return {-width / 2, lineTop(line), width, boxHeight()};
 }
 
 QRectF TextBlock::drawnBounds(double pixelsPerPoint) const
@@ -98,6 +116,9 @@ std::vector<Layer> TextBlock::draw(QPointF centre, double pixelsPerPoint, const 
     const QRect casting = clip.adjusted(-clipReach, -clipReach, clipReach, clipReach);
 
     for (qsizetype line = 0; line < lineCount(); ++line) {
+        const QRectF strip = toPixels.mapRect(QRectF(0, lineTop(line), 1, boxHeight()));
+        if (strip.bottom() + reach < clip.top() || strip.top() - reach > clip.bottom() + 1)
+            continue;
         const QRectF box = toPixels.mapRect(lineBox(line));
         const QRectF withShadows = box.adjusted(-reach, -reach, reach, reach);
         const QRect visible = touchedPixels(withShadows, clip);
@@ -141,7 +162,7 @@ QImage TextBlock::drawLine(qsizetype line, const QTransform &toPixels, const QRe
     if (m_look.lineBackground.opacity > 0)
         painter.fillRect(box.adjusted(-1, -1, 1, 1), toColor(m_look.lineBackground));
     painter.translate(box.left() + sidePadding, box.top() + topPadding);
-    m_lines[static_cast<size_t>(line)].draw(painter, toColor(m_look.textColor));
+    layout(line).draw(painter, toColor(m_look.textColor));
     painter.end();
     multiplyBy(image, coverageOfRoundedBox(box, toPixels, area));
     swapRedAndBlue(image);

@@ -6,6 +6,7 @@
 #include <QtCore/QRect>
 #include <QtGui/QImage>
 
+#include <optional>
 #include <vector>
 
 namespace mosslantern {
@@ -26,7 +27,7 @@ public:
     TextBlock(const QString &text, TextStyle style, bool isSubtitle, const RgbaColor &boxColor,
               double canvasWidth);
 
-    [[nodiscard]] qsizetype lineCount() const { return static_cast<qsizetype>(m_lines.size()); }
+    [[nodiscard]] qsizetype lineCount() const { return m_texts.size(); }
 
     /// The padded box of a line.
     [[nodiscard]] QRectF lineBox(qsizetype line) const;
@@ -43,10 +44,22 @@ public:
     [[nodiscard]] QRectF drawnBounds(double pixelsPerPoint) const;
 
 private:
+    /// Top and height of a line box, which do not depend on the line's text.
+    [[nodiscard]] double lineTop(qsizetype line) const;
+    [[nodiscard]] double boxHeight() const;
+    [[nodiscard]] QSizeF size(double widestLine) const;
+
+    /// Lines are laid out when they are first needed: of a very long text, few show.
+    [[nodiscard]] const LineLayout &layout(qsizetype line) const;
+
     [[nodiscard]] QImage drawLine(qsizetype line, const QTransform &toPixels, const QRect &area) const;
 
     StyleLook m_look;
-    std::vector<LineLayout> m_lines;
+    TextStyle m_style;
+    double m_fontSize;
+    double m_lineHeight;
+    QStringList m_texts;
+    mutable std::vector<std::optional<LineLayout>> m_layouts;
 };
 
 } // namespace mosslantern

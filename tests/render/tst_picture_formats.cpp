@@ -43,6 +43,7 @@ private slots:
     void keepsTransparency();
     void convertsToSrgb_data();
     void convertsToSrgb();
+    void takesAGammaOf22ForSrgb();
     void showsTheFirstFrame();
     void showsHighDynamicRangeAtDiffuseWhite();
     void loadsOnManyThreads();
@@ -191,6 +192,19 @@ void PictureFormatsTest::convertsToSrgb()
     whole.fill(expected);
     const QString wrong = mistake(*picture, {}, whole, 3);
     QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+}
+
+void PictureFormatsTest::takesAGammaOf22ForSrgb()
+{
+    QImage dark(8, 8, QImage::Format_RGB32);
+    dark.fill(qRgb(16, 32, 48));
+    QByteArray png = encoded(dark, "png");
+    // gAMA: 0.45455, with its checksum; it stands right after IHDR.
+    constexpr qsizetype afterHeader = 33;
+    png.insert(afterHeader, QByteArray::fromHex("0000000467414d410000b18f0bfc6105"));
+    const auto picture = decodePicture(png, {});
+    QVERIFY2(picture, reason(picture));
+    QCOMPARE(picture->image.pixel(3, 3), qRgb(16, 32, 48));
 }
 
 void PictureFormatsTest::showsTheFirstFrame()

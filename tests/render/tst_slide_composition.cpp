@@ -36,16 +36,20 @@ private slots:
     void rowsDoNotDependOnTheirGrouping_data()
     {
         QTest::addColumn<Background>("background");
-        QTest::newRow("opaque picture") << pictureBackground(QImage::Format_RGBX8888);
-        QTest::newRow("transparent picture") << pictureBackground(QImage::Format_RGBA8888_Premultiplied);
-        QTest::newRow("no picture") << Background(noPictureColor);
-        QTest::newRow("missing picture") << Background(missingPictureColor);
+        QTest::addColumn<double>("pixelRatio");
+        QTest::newRow("opaque picture") << pictureBackground(QImage::Format_RGBX8888) << 2.0;
+        QTest::newRow("transparent picture")
+            << pictureBackground(QImage::Format_RGBA8888_Premultiplied) << 2.0;
+        QTest::newRow("no picture") << Background(noPictureColor) << 2.0;
+        QTest::newRow("missing picture") << Background(missingPictureColor) << 2.0;
+        QTest::newRow("missing picture, wide blur") << Background(missingPictureColor) << 10.0;
     }
 
     void rowsDoNotDependOnTheirGrouping()
     {
         QFETCH(Background, background);
-        const Canvas canvas{{120, 150}, 2};
+        QFETCH(double, pixelRatio);
+        const Canvas canvas{{240 / pixelRatio, 300 / pixelRatio}, pixelRatio};
         SlideValues values;
         values.text = u"Some\ntext 😀"_s;
         values.subtitle = u"and more"_s;

@@ -262,6 +262,28 @@ private slots:
         }
     }
 
+    void endlessTextsAreBounded_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("letters") << QString(300'000, u'x');
+        QTest::newRow("words") << u"word "_s.repeated(100'000);
+        QTest::newRow("emoji") << u"🎉"_s.repeated(40'000);
+        QTest::newRow("joined letters") << u"الله "_s.repeated(20'000);
+        QTest::newRow("lines") << u"line\n"_s.repeated(100'000);
+    }
+
+    void endlessTextsAreBounded()
+    {
+        QFETCH(QString, text);
+        for (const TextStyle style : {TextStyle::classic, TextStyle::boxed}) {
+            const QImage image = drawn(slide(style, text, red), canvas);
+            // The middle of the text shows from edge to edge.
+            const auto isText = [](const QColor &c) { return c.blue() < 200 || isWhite(c); };
+            const QRect shown = boundsOf(image, isText, QRect(0, 350, 700, 100));
+            QVERIFY(shown.height() > 30 && (shown.width() > 650 || text.contains(u'\n')));
+        }
+    }
+
     void wideBlursContinueNarrowOnes()
     {
         // The glow's blur is computed on a smaller plane from 32 pixels on: nobody must see where.
