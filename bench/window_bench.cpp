@@ -75,13 +75,24 @@ int showFirst(const QString &folder)
     return QApplication::exec();
 }
 
+QQuickItem *findItem(QQuickItem *item, const QString &name)
+{
+    if (item->objectName() == name)
+        return item;
+    for (QQuickItem *child : item->childItems()) {
+        if (QQuickItem *const found = findItem(child, name))
+            return found;
+    }
+    return nullptr;
+}
+
 /// Scrolls and keeps the time that each frame took.
 class Scroller : public QObject
 {
 public:
     Scroller(QQuickWindow &window, double seconds)
         : m_window(window)
-        , m_grid(window.contentItem()->findChild<QQuickItem *>(u"assetGrid"_s))
+        , m_grid(findItem(window.contentItem(), u"assetGrid"_s))
         , m_seconds(seconds)
     {
         connect(
@@ -152,7 +163,9 @@ int scrollThrough(const QString &folder, double seconds)
 int main(int argc, char **argv)
 {
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    const QStringList words(argv + 1, argv + argc);
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(QString::fromLocal8Bit(argv[i]));
     if (words.value(0) == "prepare"_L1 && words.size() == 4) {
         const QCoreApplication application(argc, argv);
         return prepare(words[1], words[2].toInt(), words[3]);

@@ -23,8 +23,8 @@ T.ApplicationWindow {
     menuBar: AppMenuBar {
         window: root
         updater: root.updater
-        onAboutRequested: about.open()
-        onShortcutsRequested: shortcuts.open()
+        onAboutRequested: sheets.setSource("AboutSheet.qml", {"visible": true})
+        onShortcutsRequested: sheets.setSource("ShortcutsSheet.qml", {"visible": true})
     }
     Component.onCompleted: showSelectedScreen()
 
@@ -75,27 +75,32 @@ T.ApplicationWindow {
         sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
     }
 
-    AboutSheet {
-        id: about
+    // What is seldom seen is made when it is asked for.
+    Loader {
+        id: updates
     }
-    ShortcutsSheet {
-        id: shortcuts
-    }
-    UpdateWindow {
-        updater: root.updater
-        transientParent: root
+    Connections {
+        target: root.updater
+        function onIsShownChanged() {
+            if (root.updater.isShown)
+                updates.setSource("../Update/UpdateWindow.qml", {"updater": root.updater, "transientParent": root})
+        }
     }
     Loader {
         id: sheets
+    }
+    Connections {
+        target: sheets.item as ModalPanel
+        ignoreUnknownSignals: true
+        function onClosed() {
+            sheets.setSource("")
+        }
     }
     Connections {
         target: sheets.item as ContentLibrarySheet
         ignoreUnknownSignals: true
         function onTextInputChanged() {
             root.contentText = (sheets.item as ContentLibrarySheet).textInput
-        }
-        function onClosed() {
-            sheets.setSource("")
         }
     }
 

@@ -1,9 +1,11 @@
 // Opens the application on a prepared library, goes through its screens and states, and writes a picture of
 // each into a folder: tour FOLDER.
 
+#include "app/gui/mosslantern_app.h"
 #include "model/collection.h"
 #include "model/content_template.h"
 #include "model/image_files.h"
+#include "tests/content/test_server.h"
 #include "tests/ui/ui_session.h"
 #include "ui/common/interface_fonts.h"
 
@@ -33,6 +35,9 @@ private:
     void collections();
     void contentLibrary();
     void menus();
+    void updates();
+    void failure();
+    void save(QQuickWindow *window, const QString &name);
     void waitForThumbnails();
     void waitForPopup();
     void picture(const QString &name);
@@ -61,9 +66,8 @@ void Tour::waitForPopup()
 
 void Tour::picture(const QString &name)
 {
-    const QString file = m_folder.filePath(name + u".png"_s);
-    if (!m_session.grab().save(file))
-        qFatal("%s cannot be written", qPrintable(file));
+    m_session.settle();
+    save(m_session.window(), name);
 }
 
 void Tour::assets()
@@ -177,6 +181,63 @@ void Tour::menus()
     picture(u"shortcuts"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
+    m_session.key(Qt::Key_M, Qt::AltModifier);
+    m_session.click(u"about"_s);
+    waitForPopup();
+    picture(u"about"_s);
+    m_session.key(Qt::Key_Escape);
+    waitForPopup();
+}
+
+void Tour::save(QQuickWindow *window, const QString &name)
+{
+    const QString file = m_folder.filePath(name + u".png"_s);
+    if (!window->grabWindow().save(file))
+        qFatal("%s cannot be written", qPrintable(file));
+}
+
+void Tour::updates()
+{
+    const QByteArray feed =
+        "<rss version='2.0' "
+        "xmlns:sparkle='http://www.andymatuschak.org/xml-namespaces/sparkle'><channel><item>"
+        "<sparkle:version>%1</sparkle:version><link>https://example.org/</link><description>&lt;ul&gt;"
+        "&lt;li&gt;Texts can be turned.&lt;/li&gt;&lt;li&gt;Exports are twice as fast.&lt;/li&gt;&lt;/ul&gt;"
+        "</description></item></channel></rss>";
+    for (const auto &[version, name] : {std::pair("9", u"update-found"_s), std::pair("1", u"update-none"_s),
+                                        std::pair("", u"update-failed"_s)}) {
+        const QByteArray body = *version ? QByteArray(feed).replace("%1", version) : QByteArray("?");
+        const TestServer server(TestServer::always(
+            "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body));
+        UiSession session;
+        session.setFeed(QUrl(u"http://127.0.0.1:%1/"_s.arg(server.port())));
+        session.open();
+        session.updater().checkForUpdates();
+        QTest::qWait(500);
+        for (QWindow *window : QGuiApplication::topLevelWindows()) {
+            if (window->isVisible() && window->title() == "Software Update"_L1)
+                save(qobject_cast<QQuickWindow *>(window), name);
+        }
+    }
+}
+
+void Tour::failure()
+{
+    TestLibrary library;
+    QDir().mkpath(QFileInfo(library.storeFile()).path());
+    QFile file(library.storeFile());
+    if (!file.open(QIODevice::WriteOnly) || file.write("not a library") < 0)
+        qFatal("cannot write");
+    file.close();
+    MosslanternApp app({.location = library.location(),
+                        .stateFile = library.path(u"state.ini"_s),
+                        .updateFeed = QUrl(QString(), QUrl::StrictMode)});
+    app.start();
+    QTest::qWait(300);
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->isVisible() && window->findChild<QObject *>(u"failureHeading"_s))
+            save(qobject_cast<QQuickWindow *>(window), u"failure"_s);
+    }
 }
 
 void Tour::run()
@@ -190,6 +251,12 @@ void Tour::run()
     picture(u"slideshows"_s);
     m_session.click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);
     picture(u"nothing-selected"_s);
+    m_session.click(u"sidebarRow0"_s);
+    m_session.window()->resize(1200, 730);
+    waitForThumbnails();
+    picture(u"assets-smallest"_s);
+    updates();
+    failure();
 }
 
 } // namespace

@@ -116,11 +116,12 @@ void UiSession::settle()
     constexpr int patience = 500;
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    bool isDrawn = false;
+    // The signal comes from another thread, perhaps when nobody waits for it any more.
+    const auto isDrawn = std::make_shared<bool>(false);
     const auto drawn =
-        QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window, [&] { isDrawn = true; });
+        QObject::connect(m_window, &QQuickWindow::frameSwapped, m_window, [isDrawn] { *isDrawn = true; });
     m_window->update();
-    static_cast<void>(QTest::qWaitFor([&] { return isDrawn; }, patience));
+    static_cast<void>(QTest::qWaitFor([isDrawn] { return *isDrawn; }, patience));
     QObject::disconnect(drawn);
 }
 

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Mosslantern.Common
 
 /// The title of a screen and, at its trailing edge, the toolbar.
@@ -23,7 +22,7 @@ Item {
         Accessible.role: Accessible.Heading
     }
 
-    RowLayout {
+    Row {
         id: toolbar
         anchors.verticalCenter: parent.verticalCenter
         anchors.right: parent.right
