@@ -27,6 +27,11 @@ qint64 truncated(double count)
 
 } // namespace
 
+QString generationFailure(const OpenAIFailure &failure)
+{
+    return u"AI Generation failed: "_s + describe(failure);
+}
+
 SlideshowGenerator::SlideshowGenerator(Store &store, OpenAIService &service, Preferences preferences,
                                        GeneratorSurroundings surroundings, QObject *parent)
     : QObject(parent)
@@ -230,14 +235,7 @@ Asset *SlideshowGenerator::randomAsset()
 QCoro::Task<Result<GeneratedBatch>> SlideshowGenerator::generateBatch()
 {
     change(m_isGenerating, true, &SlideshowGenerator::isGeneratingChanged);
-    const QString boxColorHex = hexFromColor(m_boxColor);
-    GeneratedBatch batch{QUuid::createUuid(), m_batchName};
-    if (batch.name.isEmpty())
-        batch.name = defaultBatchName(m_surroundings.now(), m_surroundings.locale);
-    const auto add = [this, &batch, &boxColorHex](const QString &content) {
-        if (createSlideshow(content, boxColorHex, batch.id, batch.name))
-            ++batch.slideshowCount;
-    };
+    GeneratedBatch batch = beginBatch();
     const qint64 count = truncated(m_bulkCount);
     Result<> outcome;
     if (m_isAiMode) {
@@ -248,19 +246,45 @@ QCoro::Task<Result<GeneratedBatch>> SlideshowGenerator::generateBatch()
             co_return Result<GeneratedBatch>(fail(u"the run was abandoned"_s));
         if (variations) {
             for (const QString &variation : *variations)
-                add(variation);
+                addSlideshow(batch, variation);
         } else {
             outcome = fail(describe(variations.error()));
-            printLine(u"AI Generation failed: "_s + outcome.error().message);
+            printLine(generationFailure(variations.error()));
         }
     } else {
         for (qint64 i = 0; i < count; ++i)
-            add(m_textInput);
+            addSlideshow(batch, m_textInput);
     }
     change(m_isGenerating, false, &SlideshowGenerator::isGeneratingChanged);
     if (!outcome)
         co_return Result<GeneratedBatch>(std::unexpect, outcome.error());
-    co_return Result<GeneratedBatch>(batch);
+    co_return Result<GeneratedBatch>(std::move(batch));
+}
+
+GeneratedBatch SlideshowGenerator::generateBatch(const QStringList &contents,
+                                                 const GenerationProgress &goesOn)
+{
+    GeneratedBatch batch = beginBatch();
+    for (qsizetype i = 0; i < contents.size(); ++i) {
+        addSlideshow(batch, contents[i]);
+        if (!goesOn(i + 1, contents.size()))
+            break;
+    }
+    return batch;
+}
+
+GeneratedBatch SlideshowGenerator::beginBatch() const
+{
+    const QString name =
+        m_batchName.isEmpty() ? defaultBatchName(m_surroundings.now(), m_surroundings.locale) : m_batchName;
+    return {
+        .id = QUuid::createUuid(), .name = name, .boxColorHex = hexFromColor(m_boxColor), .slideshows = {}};
+}
+
+void SlideshowGenerator::addSlideshow(GeneratedBatch &batch, const QString &content)
+{
+    if (Slideshow *const slideshow = createSlideshow(content, batch.boxColorHex, batch.id, batch.name))
+        batch.slideshows.append(slideshow);
 }
 
 Slideshow *SlideshowGenerator::createSlideshow(const QString &content, const QString &boxColorHex,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "content/batch_name.h"
+#include "content/openai_error.h"
 #include "content/slide_content.h"
 #include "model/asset.h"
 #include "model/collection.h"
@@ -30,8 +31,17 @@ struct GeneratedBatch
 {
     QUuid id;
     QString name;
-    qsizetype slideshowCount = 0;
+    /// Of all its slides; fixed when the run begins, as its name is.
+    QString boxColorHex;
+    /// In the order in which they were made; the store owns them.
+    QList<Slideshow *> slideshows;
 };
+
+/// Told after each content of a run how many are done and how many there are; false ends the run.
+using GenerationProgress = std::function<bool(qsizetype done, qsizetype total)>;
+
+/// What is shown when the AI service could not write variations.
+QString generationFailure(const OpenAIFailure &failure);
 
 /// The settings of the generation screen and what follows from them: batches of slideshows, and which entry
 /// and which images the live preview shows. The content is parsed once for each change of `textInput`, so a
@@ -158,6 +168,9 @@ public:
     /// A failure of the service is printed. A run in AI mode whose generator is destroyed makes nothing more.
     QCoro::Task<Result<GeneratedBatch>> generateBatch();
 
+    /// Makes one batch from the present settings and these contents, at once; one without entries is skipped.
+    GeneratedBatch generateBatch(const QStringList &contents, const GenerationProgress &goesOn);
+
     /// Makes a slideshow from `content` and inserts it. Null when there are no entries or no assets.
     Slideshow *createSlideshow(const QString &content, const QString &boxColorHex, const QUuid &batchId,
                                const QString &batchName);
@@ -187,6 +200,8 @@ signals:
 private:
     template <typename T>
     bool change(T &field, const T &value, void (SlideshowGenerator::*changed)());
+    GeneratedBatch beginBatch() const;
+    void addSlideshow(GeneratedBatch &batch, const QString &content);
     Asset *randomAsset();
     std::unique_ptr<Slide> makeSlide(const SlideText &entry, qint64 order, const QString &boxColorHex);
     bool renewPreviewAssets();

@@ -3,6 +3,7 @@
 #include "app/cli/interruption.h"
 #include "app/cli/progress.h"
 #include "content/openai_service.h"
+#include "content/slideshow_generator.h"
 #include "model/preferences.h"
 
 #include <QtCore/QProcessEnvironment>
@@ -25,6 +26,16 @@ Result<QString> apiKey(const QProcessEnvironment &environment)
     return key;
 }
 
+QString explained(const OpenAIFailure &failure)
+{
+    const auto *own = std::get_if<OpenAIError>(&failure);
+    const bool wrongAddress = own && own->which == OpenAIError::Case::invalidURL;
+    return generationFailure(failure) +
+           (wrongAddress ? u" (the variable OPENAI_BASE_URL must hold https://HOST/PATH, or http:// for this "
+                           "machine, without a user, a query or a fragment)"_s
+                         : QString());
+}
+
 } // namespace
 
 Result<QStringList> askForVariations(const QString &prompt, const QString &content, qint64 count,
@@ -43,7 +54,7 @@ Result<QStringList> askForVariations(const QString &prompt, const QString &conte
     OpenAIService::Variations variations =
         QCoro::waitFor(service->generateVariations(*key, prompt, content, count));
     if (!variations)
-        return fail(u"AI Generation failed: "_s + describe(variations.error()));
+        return fail(explained(variations.error()));
     return *std::move(variations);
 }
 

@@ -46,6 +46,7 @@ void apply(const BatchRequest &request, Collection *collection, SlideshowGenerat
     generator.setTemplateSubtitlePos(request.design.subtitlePos);
     generator.setTemplateSubtitleScale(request.design.subtitleScale);
     generator.setBoxColor(request.design.boxColor);
+    generator.setBatchName(request.batchName);
     generator.setSelectedCollection(collection);
 }
 
@@ -107,22 +108,14 @@ Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *co
     if (!texts)
         return std::unexpected(texts.error());
 
-    const QUuid id = QUuid::createUuid();
-    const QString name = request.batchName.isEmpty()
-                             ? defaultBatchName(QDateTime::currentDateTime(), userDateLocale())
-                             : request.batchName;
-    QList<Slideshow *> made;
     Progress progress(u"slideshows"_s);
-    for (qsizetype i = 0; i < texts->size() && !interruption.isRequested(); ++i) {
-        Slideshow *const slideshow =
-            generator.createSlideshow((*texts)[i], hexFromColor(request.design.boxColor), id, name);
-        if (slideshow)
-            made.append(slideshow);
-        progress.show(i + 1, texts->size());
-    }
-    if (made.isEmpty())
+    const GeneratedBatch batch = generator.generateBatch(*texts, [&](qsizetype done, qsizetype total) {
+        progress.show(done, total);
+        return !interruption.isRequested();
+    });
+    if (batch.slideshows.isEmpty() && !interruption.isRequested())
         return fail(u"No slideshow could be made of what the AI service wrote."_s);
-    return made;
+    return batch.slideshows;
 }
 
 } // namespace mosslantern

@@ -29,7 +29,7 @@ std::vector<OptionSpec> batchOptions();
 std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments);
 
 /// Makes the slideshows, from the pictures of `collection` or, when it is null, from all. Shows progress,
-/// stops when there is an interruption. Fails when nothing could be made.
+/// stops when there is an interruption. Fails when nothing could be made, but for an interruption.
 Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
                                      const Interruption &interruption);
 

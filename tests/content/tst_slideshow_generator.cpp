@@ -105,7 +105,7 @@ void TestSlideshowGenerator::makesBatches()
     SlideshowGenerator &generator = studio.generator;
     QSignalSpy busy(&generator, &SlideshowGenerator::isGeneratingChanged);
     const Result<GeneratedBatch> batch = studio.generate();
-    QCOMPARE(batch->slideshowCount, 1);
+    QCOMPARE(batch->slideshows.size(), 1);
     QCOMPARE(busy.size(), 2);
     const Slideshow *slideshow = studio.slideshows().at(0);
     QCOMPARE(slideshow->aspectRatio(), AspectRatio::tiktok);
@@ -128,7 +128,7 @@ void TestSlideshowGenerator::makesBatches()
     generator.setBoxColor({.red = 1, .green = 1, .blue = 1, .opacity = 0.5});
     generator.setBulkCount(2);
     generator.setBatchName(u"   "_s);
-    QCOMPARE(studio.generate()->slideshowCount, 2);
+    QCOMPARE(studio.generate()->slideshows.size(), 2);
     for (const Slideshow *made : {studio.slideshows()[1], studio.slideshows()[2]}) {
         QCOMPARE(made->aspectRatio(), AspectRatio::square);
         QCOMPARE(made->batchName(), u"   "_s);
@@ -143,8 +143,10 @@ void TestSlideshowGenerator::makesBatches()
     }
 
     const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), Qt::OffsetFromUTC, 5 * 3600);
-    QCOMPARE(defaultBatchName(morning, u"en_US.UTF-8"_s).replace(u'\u202F', u' '),
-             u"Batch 1/2/2026, 7:03 AM"_s);
+    for (const QString &locale :
+         {u"en_US.UTF-8"_s, u"en_US@calendar="_s, u"en_US@numbers=x"_s, QString(158, u'a')})
+        QCOMPARE(defaultBatchName(morning, locale).replace(u'\u202F', u' '), u"Batch 1/2/2026, 7:03 AM"_s);
+    QCOMPARE(defaultBatchName(morning, u"de_DE.UTF-8@euro"_s), u"Batch 2.1.2026, 07:03"_s);
 }
 
 void TestSlideshowGenerator::truncatesCounts()
@@ -164,7 +166,7 @@ void TestSlideshowGenerator::truncatesCounts()
         studio.generator.setTextInput(threeLines);
         studio.generator.setSlideCount(slideCount);
         studio.generator.setBulkCount(bulkCount);
-        QCOMPARE(studio.generate()->slideshowCount, made.size());
+        QCOMPARE(studio.generate()->slideshows.size(), made.size());
         QCOMPARE(studio.slideCounts(), made);
     }
 }
@@ -179,11 +181,11 @@ void TestSlideshowGenerator::drawsFromSource()
     studio.addAssets(2, full);
 
     studio.generator.setSelectedCollection(empty);
-    QCOMPARE(studio.generate()->slideshowCount, 0);
+    QCOMPARE(studio.generate()->slideshows.size(), 0);
     studio.generator.setSelectedCollection(full);
     QCOMPARE(studio.generator.filteredAssets(), std::vector(full->assets().begin(), full->assets().end()));
     studio.generator.setBulkCount(10);
-    QCOMPARE(studio.generate()->slideshowCount, 10);
+    QCOMPARE(studio.generate()->slideshows.size(), 10);
     QSet<const Asset *> used;
     for (const Slide *slide : studio.library.store().all<Slide>()) {
         QCOMPARE(slide->asset()->collection(), full);
@@ -241,7 +243,7 @@ void TestSlideshowGenerator::keepsPreviewIndexInRange()
     generator.updatePreviewAssetMapping();
     QCOMPARE(console.lines().size(), 2);
     generator.setBulkCount(3);
-    QCOMPARE(QCoro::waitFor(generator.generateBatch())->slideshowCount, 0);
+    QCOMPARE(QCoro::waitFor(generator.generateBatch())->slideshows.size(), 0);
     QCOMPARE(console.lines().size(), 8);
 }
 
@@ -351,7 +353,7 @@ void TestSlideshowGenerator::makesBatchFromVariations()
     ConsoleCapture console;
     const Result<GeneratedBatch> batch = QCoro::waitFor(run);
     QCOMPARE(console.lines().filter(u"❌"_s).size(), 1);
-    QCOMPARE(batch->slideshowCount, 2);
+    QCOMPARE(batch->slideshows.size(), 2);
     QVERIFY(!generator.isGenerating());
     QCOMPARE(busy.size(), 2);
 
