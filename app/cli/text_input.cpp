@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 constexpr qint64 mostBytes = 64 << 20;
-}
+constexpr qint64 partBytes = 1 << 20;
+} // namespace
 
 Result<QString> readText(const QString &path)
 {
@@ -21,7 +22,10 @@ Result<QString> readText(const QString &path)
     QFile file(path);
     if (!(isInput ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly)))
         return fail(u"%1 could not be read: %2"_s.arg(name, file.errorString()));
-    const QByteArray bytes = file.read(mostBytes + 1);
+    // What a pipe gives at once need not be all.
+    QByteArray bytes;
+    for (QByteArray part; bytes.size() <= mostBytes && !(part = file.read(partBytes)).isEmpty();)
+        bytes += part;
     if (file.error() != QFileDevice::NoError)
         return fail(u"%1 could not be read: %2"_s.arg(name, file.errorString()));
     if (bytes.size() > mostBytes)

@@ -131,6 +131,19 @@ private slots:
         QCOMPARE(fromFile.out, output);
     }
 
+    void inputThatComesInParts()
+    {
+        const auto process = m_tool->prepare({u"content"_s, u"parse"_s, u"-"_s});
+        process->start();
+        const QByteArray lines = QByteArray("line\n").repeated(50'000);
+        process->write(lines);
+        QVERIFY(process->waitForBytesWritten());
+        QTest::qWait(300);
+        process->write(lines);
+        process->closeWriteChannel();
+        QCOMPARE(Tool::finish(*process).json().array().size(), 100'000);
+    }
+
     void outputThatCannotBeWritten_data()
     {
         QTest::addColumn<QString>("redirection");
