@@ -20,8 +20,8 @@ int create(const Arguments &arguments)
         return failedWith(store.error());
     const Collection *const collection =
         (*store)->insert(std::make_unique<Collection>(arguments.positionals().first()));
-    if (const int status = saveLibrary(**store, done); status != done)
-        return status;
+    if (!saveLibrary(**store))
+        return failed;
     if (arguments.has(jsonOption.name))
         writeJson(toJson(*collection));
     else
@@ -46,7 +46,7 @@ int changeMembers(const Arguments &arguments, Change change)
         if (!changed)
             status = failedWith(changed.error());
     }
-    return saveLibrary(**store, status);
+    return saveLibrary(**store) ? status : failed;
 }
 
 int add(const Arguments &arguments)

@@ -26,6 +26,8 @@ struct Command
     std::vector<OptionSpec> options = {};
     /// Whether --library means something to it.
     bool usesLibrary = true;
+    /// Whether its operands are pictures, of which those that cannot be read are reported and left out.
+    bool takesPictures = false;
     /// Whether it draws slides, which takes a QGuiApplication.
     bool draws = false;
     /// Gives the exit status.

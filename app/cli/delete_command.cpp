@@ -27,7 +27,7 @@ int deleteEach(const Arguments &arguments, Find find, Delete deleteFound)
         else
             status = failedWith(found.error());
     }
-    return saveLibrary(**store, status);
+    return saveLibrary(**store) ? status : failed;
 }
 
 void removeRecord(Store &store, Record *record)
@@ -94,11 +94,10 @@ std::vector<Command> deleteCommands()
         deleteCommand("delete collection"_L1, "COLLECTION..."_L1, "delete collections; their assets stay"_L1,
                       "Deletes collections, named by name or id. Their assets and slideshows stay."_L1,
                       deleteCollections),
-        deleteCommand(
-            "delete batch"_L1, "BATCH..."_L1, "delete all slideshows of batches"_L1,
-            "Deletes all slideshows of batches, named by name or by the id of one run. Picture files "
-            "stay."_L1,
-            deleteBatches),
+        deleteCommand("delete batch"_L1, "BATCH..."_L1, "delete all slideshows of batches"_L1,
+                      "Deletes all slideshows of batches, named by name or by the id of one run. "
+                      "Picture files stay."_L1,
+                      deleteBatches),
         deleteCommand("delete slideshow"_L1, "ID..."_L1, "delete single slideshows"_L1,
                       "Deletes slideshows, named by id. Picture files stay."_L1, deleteSlideshows),
         deleteCommand("delete preset"_L1, "PRESET..."_L1, "delete saved styles"_L1,

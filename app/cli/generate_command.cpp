@@ -51,9 +51,10 @@ int generate(const Arguments &arguments)
     const auto made = makeBatch(*request, collection, **store, interruption);
     if (!made)
         return interruption.isRequested() ? interruption.exitStatus(failed) : failedWith(made.error());
-    const int status = saveLibrary(**store, done);
+    if (!saveLibrary(**store))
+        return interruption.exitStatus(failed);
     print(*made, wantsJson);
-    return interruption.exitStatus(status);
+    return interruption.exitStatus(done);
 }
 
 std::vector<OptionSpec> generateOptions()

@@ -24,7 +24,8 @@ int importFiles(const Arguments &arguments)
         return failedWith(store.error());
     const Interruption interruption;
     const PictureImport imported = importPictures(arguments.positionals(), **store, interruption);
-    const int status = saveLibrary(**store, imported.isComplete ? done : failed);
+    if (!saveLibrary(**store))
+        return interruption.exitStatus(failed);
 
     Json json = Json::array();
     for (const Asset *asset : imported.assets) {
@@ -35,7 +36,7 @@ int importFiles(const Arguments &arguments)
     }
     if (wantsJson)
         writeJson(json);
-    return interruption.exitStatus(status);
+    return interruption.exitStatus(imported.isComplete ? done : failed);
 }
 
 } // namespace
@@ -53,6 +54,7 @@ std::vector<Command> importCommands()
             "folder, all pictures right in it are taken. A file that is not a picture is reported and left "
             "out; the others are imported all the same."_L1,
         .options = {{"json"_L1, {}, "print the new assets as a JSON array"_L1}},
+        .takesPictures = true,
         .run = importFiles,
     }};
 }

@@ -28,11 +28,12 @@ Result<std::unique_ptr<Store>> openLibrary(const Arguments &arguments)
     return Store::open(location);
 }
 
-int saveLibrary(Store &store, int status)
+bool saveLibrary(Store &store)
 {
-    if (const Result<> saved = store.flush(); !saved)
-        return failedWith({u"The library could not be saved: "_s + saved.error().message});
-    return status;
+    const Result<> saved = store.flush();
+    if (!saved)
+        report(saved.error().message);
+    return saved.has_value();
 }
 
 } // namespace mosslantern

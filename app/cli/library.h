@@ -14,7 +14,7 @@ Result<std::unique_ptr<Store>> openOrMakeLibrary(const Arguments &arguments);
 /// As openOrMakeLibrary(), but a folder named by --library must hold a library already.
 Result<std::unique_ptr<Store>> openLibrary(const Arguments &arguments);
 
-/// Saves all changes; reports when that fails. Gives `status`, or 1 then.
-int saveLibrary(Store &store, int status);
+/// Saves all changes; reports when that fails.
+bool saveLibrary(Store &store);
 
 } // namespace mosslantern

@@ -2,11 +2,11 @@
 #include "app/cli/help.h"
 #include "app/cli/output.h"
 #include "app/cli/qt_messages.h"
+#include "app/cli/text_decoding.h"
 #include "app/identity.h"
 #include "render/memory.h"
 #include "render/text/fonts.h"
 
-#include <QtCore/QStringDecoder>
 #include <QtGui/QGuiApplication>
 
 #include <algorithm>
@@ -34,18 +34,6 @@ bool isHelp(const QString &word)
 bool wantsHelp(const QStringList &words)
 {
     return std::any_of(words.begin(), std::find(words.begin(), words.end(), u"--"_s), isHelp);
-}
-
-Result<QStringList> decodedWords(int count, char **words)
-{
-    QStringList decoded;
-    for (int i = 1; i < count; ++i) {
-        QStringDecoder decoder(QStringDecoder::Utf8);
-        decoded.append(decoder(words[i]));
-        if (decoder.hasError())
-            return fail(u"“%1” is not UTF-8"_s.arg(decoded.last()));
-    }
-    return decoded;
 }
 
 Result<Request> understand(const QStringList &words, const std::vector<Command> &commands)
@@ -105,6 +93,11 @@ Result<Arguments> readArguments(const Command &command, const QStringList &words
     }
     if (arguments->value(libraryOption.name) == u""_s)
         return fail(u"--library must not be empty"_s);
+    for (const QString &word : words) {
+        const bool isPicture = command.takesPictures && arguments->positionals().contains(word);
+        if (!isProperText(word) && !isPicture)
+            return fail(u"“%1” is not UTF-8"_s.arg(word));
+    }
     return arguments;
 }
 
@@ -129,11 +122,11 @@ int runCommand(const Command &command, const Arguments &arguments, char *program
 
 int runTool(int count, char **words)
 {
-    const Result<QStringList> decoded = decodedWords(count, words);
-    if (!decoded)
-        return wrongUsage(decoded.error().message);
+    QStringList decodedWords;
+    for (int i = 1; i < count; ++i)
+        decodedWords.append(decoded(words[i]));
     const std::vector<Command> commands = allCommands();
-    const Result<Request> request = understand(*decoded, commands);
+    const Result<Request> request = understand(decodedWords, commands);
     if (!request)
         return wrongUsage(request.error().message);
     if (!request->help.isEmpty()) {

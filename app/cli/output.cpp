@@ -56,8 +56,11 @@ void writeRow(const QStringList &fields)
 QString printable(QStringView text)
 {
     QString line = text.toString();
-    for (QChar &c : line) {
-        if (c.category() == QChar::Other_Control)
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        QChar &c = line[i];
+        if (c.isHighSurrogate() && i + 1 < line.size() && line[i + 1].isLowSurrogate())
+            ++i;
+        else if (c.category() == QChar::Other_Control || c.isSurrogate())
             c = c.isSpace() ? QChar::Space : QChar::ReplacementCharacter;
     }
     return line;

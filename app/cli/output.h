@@ -18,8 +18,8 @@ void writeOut(QByteArrayView bytes);
 /// Writes one line of fields to standard output, separated by tabs, each as printable() gives it.
 void writeRow(const QStringList &fields);
 
-/// `text` on one line, safe for a terminal: line breaks and tabs as spaces, other control characters as
-/// U+FFFD.
+/// `text` on one line, safe for a terminal: line breaks and tabs as spaces, other control characters and
+/// halves of surrogate pairs as U+FFFD.
 QString printable(QStringView text);
 
 /// Writes "mosslantern-cli: " and one line to standard error.

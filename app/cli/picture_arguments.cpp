@@ -1,11 +1,13 @@
 #include "app/cli/picture_arguments.h"
 
+#include "app/cli/text_decoding.h"
 #include "render/picture/picture_format.h"
 
 #include <QtCore/QCollator>
 #include <QtCore/QDir>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace mosslantern {
 
@@ -13,41 +15,57 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isCalledLikePicture(const QFileInfo &file)
+bool isCalledLikePicture(const QString &name)
 {
     static const QStringList suffixes{u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
                                       u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
-    return suffixes.contains(file.suffix(), Qt::CaseInsensitive);
+    return suffixes.contains(QFileInfo(name).suffix(), Qt::CaseInsensitive);
 }
 
-bool beginsLikePicture(const QFileInfo &info)
+bool beginsLikePicture(const std::filesystem::path &path)
 {
-    QFile file(info.filePath());
-    return file.open(QIODevice::ReadOnly) && pictureFormat(file.read(128));
+    QFile file(path);
+    std::error_code problem;
+    return std::filesystem::is_regular_file(path, problem) && file.open(QIODevice::ReadOnly) &&
+           pictureFormat(file.read(128));
 }
 
-Result<QStringList> picturesIn(const QString &folder)
+Error improperName(const QString &path)
 {
-    const QDir directory(folder);
-    if (!directory.isReadable())
-        return fail(u"The folder “%1” cannot be read."_s.arg(folder));
-    QStringList names;
-    for (const QFileInfo &file : directory.entryInfoList(QDir::Files, QDir::NoSort)) {
-        if (isCalledLikePicture(file) || beginsLikePicture(file))
-            names.append(file.fileName());
-    }
-    if (names.isEmpty())
-        return fail(u"There are no pictures in “%1”."_s.arg(folder));
+    return {u"%1: The name of the file is not UTF-8."_s.arg(path)};
+}
 
-    // One order for all users, whatever their language.
+/// One order for all users, whatever their language.
+void sortAsPeopleCount(QStringList &names)
+{
     QCollator collator(QLocale(QLocale::English));
     collator.setNumericMode(true);
     std::ranges::sort(names, [&](const QString &a, const QString &b) {
         const int order = collator.compare(a, b);
         return order != 0 ? order < 0 : a < b;
     });
-    for (QString &name : names)
-        name = directory.filePath(name);
+}
+
+/// The names of the pictures in a folder. Not from QDir, which leaves out links to nothing, pipes and names
+/// that it cannot decode without a word.
+Result<QStringList> pictureNames(const QString &folder)
+{
+    namespace fs = std::filesystem;
+    QStringList names;
+    std::error_code problem;
+    for (fs::directory_iterator entry(QFileInfo(folder).filesystemFilePath(), problem);
+         !problem && entry != fs::directory_iterator(); entry.increment(problem)) {
+        const QString name = decoded(entry->path().filename().native());
+        std::error_code ignored;
+        if (!name.startsWith(u'.') && !entry->is_directory(ignored) &&
+            (isCalledLikePicture(name) || beginsLikePicture(entry->path())))
+            names.append(name);
+    }
+    if (problem)
+        return fail(u"The folder “%1” cannot be read."_s.arg(folder));
+    if (names.isEmpty())
+        return fail(u"There are no pictures in “%1”."_s.arg(folder));
+    sortAsPeopleCount(names);
     return names;
 }
 
@@ -56,20 +74,27 @@ Result<QStringList> picturesIn(const QString &folder)
 PictureArguments pictureArguments(const QStringList &arguments)
 {
     PictureArguments pictures;
+    const auto add = [&pictures](const QString &path) {
+        if (isProperText(path))
+            pictures.files.append(path);
+        else
+            pictures.problems.append(improperName(path));
+    };
     for (const QString &argument : arguments) {
         if (argument.isEmpty()) {
             pictures.problems.append({u"The name of a file is empty."_s});
             continue;
         }
-        if (!QFileInfo(argument).isDir()) {
-            pictures.files.append(argument);
+        if (!isProperText(argument) || !QFileInfo(argument).isDir()) {
+            add(argument);
             continue;
         }
         pictures.hasFolder = true;
-        if (const Result<QStringList> found = picturesIn(argument))
-            pictures.files += *found;
-        else
-            pictures.problems.append(found.error());
+        const Result<QStringList> names = pictureNames(argument);
+        if (!names)
+            pictures.problems.append(names.error());
+        for (const QString &name : names.value_or(QStringList()))
+            add(QDir(argument).filePath(name));
     }
     return pictures;
 }

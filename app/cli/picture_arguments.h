@@ -10,14 +10,15 @@ namespace mosslantern {
 struct PictureArguments
 {
     QStringList files;
-    /// About empty names, and folders that could not be read or hold no pictures.
+    /// About names that are empty or not UTF-8, and folders that could not be read or hold no pictures.
     QList<Error> problems;
     /// Whether a folder stood among the arguments.
     bool hasFolder = false;
 };
 
-/// Each argument as it is, or, of a folder, the pictures right in it: the files that are called like pictures
-/// or begin like one, hidden ones left out, sorted as people count ("9.jpg" before "10.jpg").
+/// Each argument as it is, or, of a folder, the pictures right in it: whatever is called like a picture,
+/// readable or not, and files that begin like one; hidden ones and folders left out, sorted as people count
+/// ("9.jpg" before "10.jpg").
 PictureArguments pictureArguments(const QStringList &arguments);
 
 } // namespace mosslantern

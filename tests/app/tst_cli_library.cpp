@@ -1,5 +1,8 @@
 #include "tests/app/tool.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
 
@@ -80,6 +83,55 @@ private slots:
             QVERIFY2(outcome.err.contains(reported), outcome.err.constData());
         QCOMPARE(outcome.err.count('\n'), 5);
         QCOMPARE(array(u"list assets --json"_s).size(), 4);
+    }
+
+    void namesThatCannotBeUsedAreReported()
+    {
+        m_tool->writePicture(u"folder/a.png"_s, Qt::red);
+        m_tool->writePicture(u"folder/b.png"_s, Qt::red);
+        QVERIFY(QFile::link(u"nowhere"_s, m_tool->path(u"folder/link.JPG"_s)));
+        QCOMPARE(::mkfifo(qPrintable(m_tool->path(u"folder/pipe.png"_s)), 0600), 0);
+        QCOMPARE(::mkfifo(qPrintable(m_tool->path(u"folder/pipe"_s)), 0600), 0);
+        QVERIFY(QDir(m_tool->path(u"folder"_s)).mkpath(u"folder.png"_s));
+        // QTemporaryDir could not remove it.
+        const QByteArray undecodable = m_tool->path(u"folder/b"_s).toUtf8() + "\xFF.png";
+        QCOMPARE(::rename(qPrintable(m_tool->path(u"folder/b.png"_s)), undecodable.constData()), 0);
+        const auto removal = qScopeGuard([&] { ::unlink(undecodable.constData()); });
+        const QString tool = QStringLiteral(MOSSLANTERN_CLI);
+        const auto process = m_tool->prepare({});
+        process->setProgram(u"bash"_s);
+        process->setArguments(
+            {u"-c"_s, u"'%1' --library library import folder folder/b$'\\xFF'.png folder/a.png"_s.arg(tool)});
+        process->start();
+        const Outcome outcome = Tool::finish(*process);
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.lines().size(), 2);
+        for (const QString &reported : {u"folder/link.JPG: "_s, u"folder/pipe.png: "_s})
+            QVERIFY2(outcome.error().contains(reported), outcome.err.constData());
+        QCOMPARE(outcome.error().count(u"folder/b\uFFFD.png: The name of the file is not UTF-8."_s), 2);
+        QCOMPARE(outcome.err.count('\n'), 4);
+
+        process->setArguments({u"-c"_s, u"'%1' --library l$'\\xFF' list assets"_s.arg(tool)});
+        process->start();
+        const Outcome unusable = Tool::finish(*process);
+        QCOMPARE(unusable.status, 2);
+        QVERIFY2(unusable.error().contains(u"“l\uFFFD” is not UTF-8"_s), unusable.err.constData());
+    }
+
+    void aLibraryThatCannotBeSaved()
+    {
+        importPictures({u"a.png"_s});
+        const auto process = m_tool->prepare({});
+        process->setProgram(u"bash"_s);
+        process->setArguments(
+            {u"-c"_s, u"trap '' XFSZ; ulimit -f 64; echo text | '%1' --library library generate "
+                      "--content - --count 1000"_s.arg(QStringLiteral(MOSSLANTERN_CLI))});
+        process->start();
+        const Outcome outcome = Tool::finish(*process);
+        QCOMPARE(outcome.status, 1);
+        QVERIFY2(outcome.out.isEmpty() && outcome.hasOneErrorLine() &&
+                     outcome.error().count(u"could not be saved"_s) == 1,
+                 (outcome.out + outcome.err).constData());
     }
 
     void theSeedChoosesThePictures()
