@@ -24,8 +24,9 @@ bool isNoise(QtMsgType type, const char *category, const QString &message)
         if (category && std::strncmp(category, prefix, std::strlen(prefix)) == 0)
             return true;
     }
-    // About XDG_RUNTIME_DIR, which the tool makes no use of.
-    return message.startsWith("QStandardPaths: "_L1);
+    // About XDG_RUNTIME_DIR, which the tool makes no use of, and about each font that the text engine passes
+    // over on its way to one for the script; both come without a category.
+    return message.startsWith("QStandardPaths: "_L1) || message.contains("OpenType support missing for "_L1);
 }
 
 void pass(QtMsgType type, const QMessageLogContext &context, const QString &message)

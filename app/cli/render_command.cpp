@@ -30,12 +30,16 @@ bool isDrawable(const Canvas &canvas)
            checkPictureSize(canvas.pixelSize(), bytesPerPixel);
 }
 
+/// Whether the value of --out stands for a file and not for a folder.
+bool isPngFile(const QString &out)
+{
+    return out.endsWith(".png"_L1, Qt::CaseInsensitive) && !QFileInfo(out).isDir();
+}
+
 /// The file that each slide goes to.
 Result<QStringList> chooseFiles(const PictureArguments &pictures, const QString &out)
 {
-    const bool isFile = pictures.files.size() == 1 && !pictures.hasFolder && !QFileInfo(out).isDir() &&
-                        out.endsWith(".png"_L1, Qt::CaseInsensitive);
-    if (isFile) {
+    if (isPngFile(out)) {
         const QString picture = QFileInfo(pictures.files.first()).canonicalFilePath();
         if (!picture.isEmpty() && picture == QFileInfo(out).canonicalFilePath())
             return fail(u"“%1” is the picture itself, which is never replaced."_s.arg(out));
@@ -103,6 +107,8 @@ int render(const Arguments &arguments)
         return wrongUsage(u"--size and --pixel-ratio: expected fewer pixels");
 
     const PictureArguments pictures = pictureArguments(arguments.positionals());
+    if (isPngFile(out) && (arguments.positionals().size() > 1 || pictures.hasFolder))
+        return wrongUsage(u"--out: expected a folder for several pictures, not “%1”"_s.arg(out));
     for (const Error &problem : pictures.problems)
         report(problem.message);
     if (pictures.files.isEmpty())
@@ -147,11 +153,12 @@ std::vector<Command> renderCommands()
         .summary = "draw one text on pictures, without a library"_L1,
         .details =
             "Draws the same text on every picture, or every picture of a folder, and prints the PNG files. "
-            "In "
-            "a folder each is called like its picture. Files of the same names are replaced, but never one "
-            "of the pictures. A picture that cannot be read is reported; the others are drawn."_L1,
+            "In a folder each is called like its picture. "
+            "Files of the same names are replaced, but never one of the pictures. "
+            "A picture that cannot be read is reported; the others are drawn."_L1,
         .options = renderOptions(),
         .usesLibrary = false,
+        .takesPictures = true,
         .draws = true,
         .run = render,
     }};

@@ -32,7 +32,8 @@ private slots:
             const Outcome outcome = m_tool->run(QStringList{u"render"_s, u"--shape"_s, u"1:1"_s, u"--out"_s,
                                                             u"out.png"_s, u"in.png"_s, u"--text"_s, u"M"_s} +
                                                 options);
-            return outcome.status == 0 ? QImage(m_tool->path(u"out.png"_s)) : QImage();
+            return outcome.status == 0 && outcome.err.isEmpty() ? QImage(m_tool->path(u"out.png"_s))
+                                                                : QImage();
         };
         const auto count = [](const QImage &image, QRgb color, const QRect &area) {
             int pixels = 0;
@@ -41,6 +42,7 @@ private slots:
                     pixels += image.pixel(x, y) == color;
             return pixels;
         };
+        QVERIFY(!draw({u"--subtitle"_s, u"नमस्ते"_s}).isNull());
         const QRect upper(0, 0, 240, 120);
         const QRect lower(0, 120, 240, 120);
         const QImage boxed =
@@ -55,6 +57,15 @@ private slots:
 
     void severalFiles()
     {
+        for (const QString &pictures : {u"a.png b.png"_s, u"."_s}) {
+            const Outcome misused =
+                m_tool->run(u"render --text t --out out.png "_s.append(pictures).split(u' '));
+            QCOMPARE(misused.status, 2);
+            QVERIFY2(misused.hasOneErrorLine() && misused.error().contains(u"--out: expected a folder"_s),
+                     misused.err.constData());
+            QVERIFY(m_tool->files(u"."_s).isEmpty());
+        }
+
         m_tool->writePicture(u"a/photo.jpg"_s, Qt::red);
         m_tool->writePicture(u"b/Photo.png"_s, Qt::green);
         m_tool->writePicture(u"out/photo-2.png"_s, Qt::blue);
