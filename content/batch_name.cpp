@@ -10,13 +10,28 @@ namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
-QString defaultBatchName(const QDateTime &now, const QString &locale)
+namespace {
+
+/// Null when the name of the locale makes no sense.
+std::unique_ptr<icu::DateFormat> numericFormat(const icu::Locale &locale)
 {
+    if (locale.isBogus()) // ICU would crash
+        return nullptr;
     UErrorCode status = U_ZERO_ERROR;
     // "j" is the hour as the locale counts it, from 12 or from 24.
-    const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createInstanceForSkeleton(
-        u"yMdjm", icu::Locale::createCanonical(qPrintable(locale)), status));
-    Q_ASSERT(U_SUCCESS(status));
+    std::unique_ptr<icu::DateFormat> format(
+        icu::DateFormat::createInstanceForSkeleton(u"yMdjm", locale, status));
+    return U_SUCCESS(status) ? std::move(format) : nullptr;
+}
+
+} // namespace
+
+QString defaultBatchName(const QDateTime &now, const QString &locale)
+{
+    std::unique_ptr<icu::DateFormat> format = numericFormat(icu::Locale::createCanonical(qPrintable(locale)));
+    if (!format)
+        format = numericFormat(icu::Locale::getUS());
+    Q_ASSERT(format);
     // The clock's reading is formatted as it is, so that no idea of ICU about the zone comes in.
     format->setTimeZone(*icu::TimeZone::getGMT());
     const QDateTime reading(now.date(), now.time(), QTimeZone::utc());
