@@ -1,5 +1,7 @@
 #include "model/aspect_ratio.h"
 
+#include "model/raw_text.h"
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -19,11 +21,7 @@ QString rawText(AspectRatio ratio)
 
 std::optional<AspectRatio> aspectRatioFromRawText(QStringView text)
 {
-    for (const AspectRatio ratio : allAspectRatios) {
-        if (text == rawText(ratio))
-            return ratio;
-    }
-    return std::nullopt;
+    return valueWithRawText(allAspectRatios, text);
 }
 
 QString displayName(AspectRatio ratio)

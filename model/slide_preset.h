@@ -8,9 +8,9 @@
 
 namespace mosslantern {
 
-/// A style of slides, saved under a name.
 class Slide;
 
+/// A style of slides, saved under a name.
 class SlidePreset : public StyledRecord
 {
     Q_OBJECT
@@ -23,6 +23,7 @@ public:
     SlidePreset(const StoredIdentity &identity, const SlideStyle &style, const QString &name,
                 const QDateTime &createdAt);
 
+    /// The name for people; need not be unique.
     QString name() const { return m_name; }
 
     /// In UTC, to the millisecond.

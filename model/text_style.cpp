@@ -1,5 +1,7 @@
 #include "model/text_style.h"
 
+#include "model/raw_text.h"
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -21,11 +23,7 @@ QString rawText(TextStyle style)
 
 std::optional<TextStyle> textStyleFromRawText(QStringView text)
 {
-    for (const TextStyle style : allTextStyles) {
-        if (text == rawText(style))
-            return style;
-    }
-    return std::nullopt;
+    return valueWithRawText(allTextStyles, text);
 }
 
 } // namespace mosslantern
