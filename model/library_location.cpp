@@ -1,7 +1,8 @@
 #include "model/library_location.h"
 
+#include "model/standard_folder.h"
+
 #include <QtCore/QDir>
-#include <QtCore/QStandardPaths>
 
 namespace mosslantern {
 
@@ -25,9 +26,8 @@ constexpr auto storeFileName = "library.sqlite"_L1;
 
 LibraryLocation LibraryLocation::standard()
 {
-    const QDir data(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
-    return {data.filePath(storeFileName),
-            QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)};
+    return {below(standardFolder(QStandardPaths::AppDataLocation), storeFileName),
+            standardFolder(QStandardPaths::DocumentsLocation)};
 }
 
 LibraryLocation LibraryLocation::inFolder(const QString &folder)

@@ -15,9 +15,10 @@ public:
     /// A library that has everything inside one folder.
     static LibraryLocation inFolder(const QString &folder);
 
-    /// Both as absolute paths; `documentsFolder` is empty when the platform reports none.
+    /// Both are made absolute; either is empty when the platform reports no folder for it.
     LibraryLocation(const QString &storeFile, const QString &documentsFolder);
 
+    /// The file of the records.
     QString storeFile() const { return m_storeFile; }
 
     /// The folder "Assets" of the documents folder, one file per imported asset; empty when there is no

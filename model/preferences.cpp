@@ -1,9 +1,15 @@
 #include "model/preferences.h"
 
+#include "model/standard_folder.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
-#include <QtCore/QStandardPaths>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
 
 namespace mosslantern {
 
@@ -13,11 +19,6 @@ namespace {
 
 constexpr auto apiKeyName = "openAiApiKey"_L1;
 constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner;
-
-std::unexpected<Error> cannotBeWritten(const QString &path)
-{
-    return fail(u"The preferences “%1” cannot be written."_s.arg(path));
-}
 
 bool makePrivateFolder(const QString &folder)
 {
@@ -39,28 +40,50 @@ bool makePrivateFile(const QString &path)
 
 QString Preferences::standardFile()
 {
-    return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation))
-        .filePath(u"preferences.ini"_s);
+    const QString folder = standardFolder(QStandardPaths::AppConfigLocation);
+    return folder.isEmpty() ? folder : QDir(folder).filePath(u"preferences.ini"_s);
 }
 
 Preferences::Preferences(const QString &file)
-    : m_file(QDir::current().absoluteFilePath(file))
+    : m_file(file.isEmpty() ? file : QDir::current().absoluteFilePath(file))
 {}
 
 QString Preferences::openAiApiKey() const
 {
-    return QSettings(m_file, QSettings::IniFormat).value(apiKeyName).toString();
+    return readOpenAiApiKey().value_or(QString());
+}
+
+Result<QString> Preferences::readOpenAiApiKey() const
+{
+    const auto cannotBeRead = fail(u"The preferences “%1” cannot be read."_s.arg(m_file));
+    if (::faccessat(AT_FDCWD, QFile::encodeName(m_file).constData(), R_OK, AT_EACCESS) != 0) {
+        if (errno == ENOENT || errno == ENOTDIR)
+            return QString();
+        return cannotBeRead;
+    }
+    if (!QFileInfo(m_file).isFile())
+        return cannotBeRead;
+    QFile::setPermissions(m_file, QFile::permissions(m_file) & ownerOnly);
+    const QSettings settings(m_file, QSettings::IniFormat);
+    const QString key = settings.value(apiKeyName).toString();
+    if (settings.status() == QSettings::AccessError)
+        return cannotBeRead;
+    return key;
 }
 
 Result<> Preferences::setOpenAiApiKey(const QString &key)
 {
+    if (m_file.isEmpty())
+        return fail(u"There is no home folder to keep the preferences in."_s);
+    const auto cannotBeWritten = fail(u"The preferences “%1” cannot be written."_s.arg(m_file));
     if (!makePrivateFolder(QFileInfo(m_file).path()) || !makePrivateFile(m_file))
-        return cannotBeWritten(m_file);
+        return cannotBeWritten;
     QSettings settings(m_file, QSettings::IniFormat);
     settings.setValue(apiKeyName, key);
     settings.sync();
-    if (settings.status() != QSettings::NoError)
-        return cannotBeWritten(m_file);
+    // A FormatError speaks of lines that made no sense; they are gone now.
+    if (settings.status() == QSettings::AccessError)
+        return cannotBeWritten;
     return {};
 }
 

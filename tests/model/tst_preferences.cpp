@@ -32,7 +32,7 @@ private slots:
     void keepsKey_data();
     void keepsKey();
     void keepsFilePrivate();
-    void keepsOtherValues();
+    void keepsWhatMakesSense();
     void reportsFailure();
 
 private:
@@ -91,17 +91,24 @@ void TestPreferences::keepsFilePrivate()
     QVERIFY(sightings > 0);
     QCOMPARE(tooOpen.load(), 0);
 
-    QVERIFY(QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
-                                            QFile::ReadOther));
+    QCOMPARE(::chmod(qPrintable(file), 0666), 0);
     QVERIFY(preferences.setOpenAiApiKey(u"x"_s));
+    QCOMPARE(modeOf(file), 0600u);
+    QCOMPARE(::chmod(qPrintable(file), 0666), 0);
+    QCOMPARE(preferences.openAiApiKey(), u"x"_s);
     QCOMPARE(modeOf(file), 0600u);
 }
 
-void TestPreferences::keepsOtherValues()
+void TestPreferences::keepsWhatMakesSense()
 {
     const QString file = m_folder.filePath(u"others.ini"_s);
-    QSettings(file, QSettings::IniFormat).setValue(u"window/width"_s, 5);
+    QFile damaged(file);
+    QVERIFY(damaged.open(QIODevice::WriteOnly));
+    damaged.write("[General]\nnonsense\n[window]\nwidth=5\nheig");
+    damaged.close();
+    QCOMPARE(Preferences(file).readOpenAiApiKey(), QString());
     QVERIFY(Preferences(file).setOpenAiApiKey(u"sk"_s));
+    QCOMPARE(Preferences(file).readOpenAiApiKey(), u"sk"_s);
     QCOMPARE(QSettings(file, QSettings::IniFormat).value(u"window/width"_s).toInt(), 5);
     QVERIFY(readFile(file).contains("openAiApiKey=sk\n"));
 }
@@ -115,7 +122,10 @@ void TestPreferences::reportsFailure()
         QCOMPARE(Preferences(file).setOpenAiApiKey(u"sk"_s).error().message,
                  u"The preferences “%1” cannot be written."_s.arg(file));
         QCOMPARE(Preferences(file).openAiApiKey(), QString());
+        QCOMPARE(Preferences(file).readOpenAiApiKey().has_value(), file == inFile);
     }
+    QVERIFY(!Preferences(QString()).setOpenAiApiKey(u"sk"_s));
+    QCOMPARE(Preferences(QString()).readOpenAiApiKey(), QString());
     QCOMPARE(modeOf(isFolder), 0700u);
 }
 
