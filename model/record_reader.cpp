@@ -8,6 +8,8 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <limits>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,15 @@ public:
         , m_table(table)
     {}
 
+    /// The place in the store's order; the last ones are left for records that follow.
+    qint64 place()
+    {
+        const qint64 row = integer();
+        if (row < 1 || row > std::numeric_limits<qint64>::max() / 2)
+            throw damage(u"the impossible row %1"_s.arg(row));
+        return row;
+    }
+
     qint64 integer() { return next().getInt64(); }
     double real() { return next().getDouble(); }
 
@@ -47,6 +58,14 @@ public:
         return std::nullopt;
     }
 
+    QString filename() { return checkedFilename(text()); }
+
+    std::optional<QString> optionalFilename()
+    {
+        const std::optional<QString> name = optionalText();
+        return name ? std::optional(checkedFilename(*name)) : name;
+    }
+
     QUuid uuid()
     {
         const SQLite::Column column = next();
@@ -63,7 +82,14 @@ public:
         return {};
     }
 
-    QDateTime time() { return QDateTime::fromMSecsSinceEpoch(integer(), Qt::UTC); }
+    QDateTime time()
+    {
+        const qint64 milliseconds = integer();
+        const QDateTime time = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        if (const int year = time.date().year(); year < 1 || year > 9999)
+            throw damage(u"the impossible time %1"_s.arg(milliseconds));
+        return time;
+    }
 
     SlideStyle style()
     {
@@ -117,6 +143,14 @@ private:
     bool isNull() const { return m_statement.isColumnNull(m_column); }
     SQLite::Column next() { return m_statement.getColumn(m_column++); }
 
+    QString checkedFilename(const QString &name) const
+    {
+        if (name.isEmpty() || name == "."_L1 || name == ".."_L1 || name.contains(u'/') ||
+            name.contains(QChar::Null))
+            throw damage(u"“%1” as the name of a file"_s.arg(name));
+        return name;
+    }
+
     Damage damage(const QString &what) const
     {
         return {u"the table “%1” holds %2"_s.arg(QLatin1StringView(m_table), what)};
@@ -143,7 +177,7 @@ public:
             m_found.collections.push_back(std::make_unique<Collection>(identity, name, row.time()));
         });
         forEach(RecordKind::asset, [this](Row &row, const StoredIdentity &identity) {
-            const QString filename = row.text();
+            const QString filename = row.filename();
             const QString name = row.text();
             auto *const collection = row.optionallyRelated<Collection>(m_found.collections);
             m_found.assets.push_back(std::make_unique<Asset>(identity, filename, name, collection));
@@ -174,8 +208,8 @@ private:
         SQLite::Statement statement(m_database, selectStatement(kind));
         while (statement.executeStep()) {
             Row row(statement, tableOf(kind));
-            const qint64 number = row.integer();
-            read(row, StoredIdentity(row.uuid(), number));
+            const qint64 place = row.place();
+            read(row, StoredIdentity(row.uuid(), place));
         }
     }
 
@@ -193,7 +227,7 @@ private:
     {
         auto *const slideshow = row.related<Slideshow>(m_found.slideshows);
         auto *const asset = row.optionallyRelated<Asset>(m_found.assets);
-        const std::optional<QString> imageFilename = row.optionalText();
+        const std::optional<QString> imageFilename = row.optionalFilename();
         const QString text = row.text();
         const QString subtitle = row.text();
         const qint64 order = row.integer();

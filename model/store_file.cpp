@@ -157,8 +157,13 @@ QString sentence(const SQLite::Exception &exception)
 
 } // namespace
 
-Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &path)
+Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &storeFile)
 {
+    if (storeFile.isEmpty())
+        return fail(u"There is no home folder to keep the library in."_s);
+    // SQLite's file layer opens no link, and keeps its log beside the file that a link points to.
+    const QString canonical = QFileInfo(storeFile).canonicalFilePath();
+    const QString path = canonical.isEmpty() ? storeFile : canonical;
     if (const Result<> created = createMissingFile(path); !created)
         return std::unexpected(created.error());
     const Result<FileKind> atFirst = peek(path);

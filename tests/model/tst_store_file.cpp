@@ -1,8 +1,10 @@
+#include "model/preferences.h"
 #include "model/schema.h"
 #include "tests/model/test_library.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QScopeGuard>
 #include <QtCore/QStandardPaths>
 #include <QtTest/QTest>
 
@@ -10,10 +12,13 @@
 #include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 
 using namespace mosslantern;
@@ -95,8 +100,8 @@ private slots:
                 QCOMPARE(file.write(bytes), bytes.size());
             };
         };
-        const auto executing = [](const char *sql) {
-            return [sql](const QString &path) { execute(path, sql); };
+        const auto executing = [](const QByteArray &sql) {
+            return [sql](const QString &path) { execute(path, sql.constData()); };
         };
         const QString foreign = u"it is not a Mosslantern library."_s;
         const QString newer = u"it was written by a newer version of Mosslantern."_s;
@@ -133,6 +138,21 @@ private slots:
             executing("UPDATE slideshow SET aspectRatio = '16:9'"));
         row("short id", u"the table “asset” holds an id that is not a UUID"_s,
             executing("UPDATE asset SET id = x'1234'"));
+        row("row before the first", u"the table “asset” holds the impossible row 0"_s,
+            executing("UPDATE asset SET row = 0"));
+        row("last row there can be", u"the table “asset” holds the impossible row 9223372036854775807"_s,
+            executing("UPDATE asset SET row = 9223372036854775807"));
+        for (const char *name : {"", ".", "..", "/x", "../x", "x/"}) {
+            row(qPrintable(u"asset's file “%1”"_s.arg(QLatin1StringView(name))),
+                u"the table “asset” holds “%1” as the name of a file"_s.arg(QLatin1StringView(name)),
+                executing(QByteArray("UPDATE asset SET filename = '") + name + "'"));
+        }
+        row("slide's file", u"the table “slide” holds “../x” as the name of a file"_s,
+            executing("UPDATE slide SET imageFilename = '../x'"));
+        for (const char *time : {"-9223372036854775808", "9223372036854775807", "253402300800000"}) {
+            row(time, u"the table “slideshow” holds the impossible time %1"_s.arg(QLatin1StringView(time)),
+                executing(QByteArray("UPDATE slideshow SET createdAt = ") + time));
+        }
         row("slide of no slideshow", u"the table “slide” holds a relation to a record that does not exist"_s,
             executing("PRAGMA foreign_keys = OFF; DELETE FROM slideshow"));
         row("same id twice", u"two records have the same id"_s,
@@ -267,7 +287,11 @@ private slots:
         store->reset();
         QVERIFY(QFile::setPermissions(location.storeFile(), QFile::ReadOther | QFile::WriteOther |
                                                                 QFile::ReadOwner | QFile::WriteOwner));
-        QVERIFY(Store::open(location));
+        const QString link = library.path(u"link"_s);
+        QVERIFY(QFile::link(location.storeFile(), link));
+        store = Store::open(LibraryLocation(link, QString()));
+        QVERIFY2(store, "a library behind a link");
+        QCOMPARE((*store)->all<Asset>().size(), 1U);
         QCOMPARE(modeOf(location.storeFile()), 0600);
     }
 
@@ -310,12 +334,43 @@ private slots:
         ::close(ready[1]);
     }
 
+    void standardPlaces_data()
+    {
+        QTest::addColumn<QByteArray>("home");
+        QTest::addColumn<QByteArray>("xdg");
+        QTest::addColumn<QString>("usedHome");
+        const QString ownHome = QFile::decodeName(::getpwuid(::getuid())->pw_dir);
+        QTest::newRow("HOME alone") << QByteArray("/h") << QByteArray() << u"/h"_s;
+        QTest::newRow("HOME and XDG") << QByteArray("/h") << QByteArray("/x") << u"/h"_s;
+        QTest::newRow("relative XDG") << QByteArray("/h") << QByteArray("x") << u"/h"_s;
+        QTest::newRow("nothing") << QByteArray() << QByteArray() << ownHome;
+        QTest::newRow("only XDG") << QByteArray() << QByteArray("/x") << ownHome;
+        QTest::newRow("all relative") << QByteArray("h") << QByteArray("x") << ownHome;
+    }
+
     void standardPlaces()
     {
+        QFETCH(QByteArray, home);
+        QFETCH(QByteArray, xdg);
+        QFETCH(QString, usedHome);
+        const std::array variables{"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"};
+        std::array<QByteArray, 3> before;
+        std::ranges::transform(variables, before.begin(), [](const char *name) { return qgetenv(name); });
+        const auto restore = qScopeGuard([&] {
+            for (size_t i = 0; i < variables.size(); ++i)
+                before[i].isNull() ? qunsetenv(variables[i]) : qputenv(variables[i], before[i]);
+        });
+        qputenv("HOME", home);
+        qputenv("XDG_DATA_HOME", xdg);
+        qputenv("XDG_CONFIG_HOME", xdg);
+
         const LibraryLocation location = LibraryLocation::standard();
+        const QString data = xdg.startsWith('/') ? u"/x"_s : usedHome + u"/.local/share"_s;
+        const QString config = xdg.startsWith('/') ? u"/x"_s : usedHome + u"/.config"_s;
+        QCOMPARE(location.storeFile(), data + u"/tst_store_file/library.sqlite"_s);
+        QCOMPARE(Preferences::standardFile(), config + u"/tst_store_file/preferences.ini"_s);
+        QCOMPARE(QDir::homePath(), usedHome);
         const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        QVERIFY(location.storeFile().startsWith(QDir::homePath() + u"/."_s));
-        QCOMPARE(QFileInfo(location.storeFile()).fileName(), u"library.sqlite"_s);
         QCOMPARE(location.assetFolder(), documents + u"/Assets"_s);
         QCOMPARE(location.slideImageFolder(), documents + u"/Slideshows"_s);
         QCOMPARE(LibraryLocation::inFolder(u"."_s), LibraryLocation::inFolder(QDir::currentPath()));
