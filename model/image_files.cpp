@@ -7,6 +7,8 @@
 
 #include <QtCore/QFileInfo>
 
+#include <climits>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -18,7 +20,10 @@ Result<QString> copyToFreshName(const QUrl &file, const QString &folder)
     if (!file.isLocalFile())
         return fail(u"“%1” is not a file on this computer."_s.arg(file.toDisplayString()));
     const QString path = file.toLocalFile();
-    const QString name = uniqueNameLike(QFileInfo(path).fileName());
+    const QString original = QFileInfo(path).fileName();
+    const QString name = uniqueNameLike(original);
+    if (QFile::encodeName(name).size() > NAME_MAX)
+        return fail(u"The extension of “%1” is too long."_s.arg(original));
     if (const Result<> copied = copyIntoFolder(path, folder, name); !copied)
         return std::unexpected(copied.error());
     return name;

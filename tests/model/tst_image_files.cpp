@@ -91,6 +91,9 @@ private slots:
         QTest::newRow("folder") << QUrl(u"file:///tmp"_s) << u"“/tmp” could not be read: Is a directory"_s;
         QTest::newRow("device") << QUrl(u"file:///dev/null"_s)
                                 << u"“/dev/null” could not be read: Invalid argument"_s;
+        const QString longName = u"x."_s + QString(240, u'j');
+        QTest::newRow("long extension") << QUrl::fromLocalFile(u"/"_s + longName)
+                                        << u"The extension of “%1” is too long."_s.arg(longName);
         QTest::newRow("remote") << QUrl(u"https://example.org/x.png"_s)
                                 << u"“https://example.org/x.png” is not a file on this computer."_s;
     }
