@@ -121,7 +121,6 @@ Result<> Store::flush()
         record->m_isSaved = true;
     m_unsaved.clear();
     m_removedRows.clear();
-    emit saved();
     return {};
 }
 

@@ -38,6 +38,7 @@ public:
     static Result<std::unique_ptr<Store>> open(const LibraryLocation &location);
     ~Store() override;
 
+    /// Where the library was opened.
     const LibraryLocation &location() const { return m_location; }
 
     /// Takes over a new record; a slideshow brings its slides with it.
@@ -89,9 +90,6 @@ public:
     Result<> flush();
 
 signals:
-    /// All changes made so far are in the file.
-    void saved();
-
     /// Changes could not be written; they are kept and tried again, with the next change or a while later.
     void saveFailed(const QString &message);
 

@@ -5,6 +5,7 @@
 #include "tests/model/test_library.h"
 
 #include <QtCore/QMetaProperty>
+#include <QtCore/QtEndian>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -58,6 +59,18 @@ QVariantMap everything(const Store &store)
         {u"assets"_s, allFields<Asset>(store)},         {u"collections"_s, allFields<Collection>(store)},
         {u"slideshows"_s, allFields<Slideshow>(store)}, {u"slides"_s, allFields<Slide>(store)},
         {u"presets"_s, allFields<SlidePreset>(store)},  {u"templates"_s, allFields<ContentTemplate>(store)}};
+}
+
+/// How many transactions the log beside the store's file holds. A frame of it is 24 bytes and a page; its
+/// second number is not 0 when a transaction ends with it.
+int savesIn(const TestLibrary &library)
+{
+    const QByteArray log = readFile(library.storeFile() + u"-wal"_s);
+    const qsizetype pageSize = log.size() < 32 ? 0 : qFromBigEndian<int>(log.data() + 8);
+    int saves = 0;
+    for (qsizetype frame = 32; frame < log.size(); frame += 24 + pageSize)
+        saves += qFromBigEndian<int>(log.data() + frame + 4) != 0 ? 1 : 0;
+    return saves;
 }
 
 /// Lets the event loop turn until it has nothing left to do.
@@ -157,19 +170,18 @@ private slots:
     {
         TestLibrary library;
         Slideshow *const slideshow = library.addSlideshow(library.addAsset(u"a"_s), {u"x"_s, u"y"_s});
-        const QSignalSpy saved(&library.store(), &Store::saved);
-        QCOMPARE(saved.count(), 0);
+        const int before = savesIn(library);
         finishTurn();
-        QCOMPARE(saved.count(), 1);
+        QCOMPARE(savesIn(library), before + 1);
         for (int i = 1; i < 100; ++i)
             slideshow->slides()[0]->setTextX(i);
         library.store().remove(slideshow->slides()[1]);
-        QCOMPARE(saved.count(), 1);
+        QCOMPARE(savesIn(library), before + 1);
         finishTurn();
-        QCOMPARE(saved.count(), 2);
+        QCOMPARE(savesIn(library), before + 2);
         slideshow->slides()[0]->setTextX(99); // as it is
         finishTurn();
-        QCOMPARE(saved.count(), 2);
+        QCOMPARE(savesIn(library), before + 2);
     }
 
     /// What a turn makes and removes again never reaches the file.
@@ -215,7 +227,6 @@ private slots:
         Slideshow *const slideshow = library.addSlideshow(asset, {u"before"_s});
         library.addSlideshow(asset, {u"to be removed"_s});
         QVERIFY(library.store().flush());
-        const QSignalSpy saved(&library.store(), &Store::saved);
         const QSignalSpy failed(&library.store(), &Store::saveFailed);
 
         // Like a full disk: no file may grow.
@@ -235,10 +246,8 @@ private slots:
         QVERIFY2(failed[0][0].toString().startsWith(u"The library could not be saved: "_s),
                  qPrintable(failed[0][0].toString()));
         QVERIFY(!again);
-        QCOMPARE(saved.count(), 0);
         QCOMPARE(slideshow->slides()[0]->text(), u"after"_s);
         QVERIFY(library.store().flush());
-        QCOMPARE(saved.count(), 1);
 
         QStringList texts;
         for (const Slide *slide : library.reopen().all<Slide>())
