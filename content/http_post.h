@@ -14,9 +14,11 @@ struct HttpAnswer
 {
     /// 0 when what answered did not speak HTTP.
     int status = 0;
+    /// What follows the header, as it came.
     QByteArray body;
 };
 
+/// What an answer may take; more is a failure.
 struct HttpLimits
 {
     /// From the start to the last byte of the answer.

@@ -10,11 +10,13 @@ class JsonValue
 public:
     using Kind = JsonKind;
 
+    /// Fails where readJson() does.
     static Result<JsonValue> parse(QByteArrayView utf8);
 
     /// What stands at the top.
     Kind kind() const { return m_kind; }
 
+    /// The whole text.
     QByteArrayView source() const { return m_source; }
 
 private:

@@ -8,6 +8,7 @@
 
 namespace mosslantern {
 
+/// The kinds of JSON values.
 enum class JsonKind { object, array, string, number, boolean, null };
 
 /// "an object", "a number", … for messages.
@@ -23,8 +24,10 @@ public:
     /// A string's characters in UTF-8, or a number or word as it is to be written.
     virtual Result<> scalar(JsonKind kind, const std::string &text) = 0;
 
-    /// An object or array begins and ends.
+    /// An object or array begins.
     virtual Result<> begin(JsonKind kind) = 0;
+
+    /// The object or array that began last ends.
     virtual Result<> end(JsonKind kind) = 0;
 
     /// The name of the object's member that comes next.

@@ -15,6 +15,7 @@ public:
         : m_limit(limit)
     {}
 
+    /// What is written so far.
     const QByteArray &text() const { return m_text; }
 
     Result<> scalar(JsonKind kind, const std::string &text) override;

@@ -10,10 +10,12 @@ namespace mosslantern {
 /// The part of a chat-completions answer that is read. Each member is required and must not be null.
 struct OpenAIResponse
 {
+    /// What the service says.
     struct Message
     {
         QString content;
     };
+    /// One of the answers that were asked for.
     struct Choice
     {
         Message message;
@@ -21,6 +23,7 @@ struct OpenAIResponse
 
     QList<Choice> choices;
 
+    /// Fails on anything but strict JSON of this form; other members are ignored.
     static Result<OpenAIResponse> decode(QByteArrayView body);
 };
 

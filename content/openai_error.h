@@ -9,6 +9,7 @@ namespace mosslantern {
 /// A failure that the AI content service itself finds.
 struct OpenAIError
 {
+    /// What failed.
     enum class Case {
         /// A status outside 200 to 299; `text` is the answer's body, or its status code.
         apiError,

@@ -9,10 +9,11 @@ namespace mosslantern {
 
 class Slideshow;
 
-/// The slideshows that share a batch name, newest first; those without one are called "Uncategorized".
+/// The slideshows that share a batch name; those without one are called "Uncategorized".
 struct BatchGroup
 {
     QString name;
+    /// In the order of newestFirst().
     QList<Slideshow *> slideshows;
 };
 

@@ -21,10 +21,12 @@ class Collection : public Record
 public:
     static constexpr RecordKind recordKind = RecordKind::collection;
 
+    /// A new, empty collection.
     explicit Collection(const QString &name);
     Collection(const StoredIdentity &identity, const QString &name, const QDateTime &createdAt);
     ~Collection() override;
 
+    /// The name for people; need not be unique.
     QString name() const { return m_name; }
     void setName(const QString &name);
 
@@ -36,6 +38,7 @@ public:
 
     /// The assets whose `collection` this is, in the store's order.
     const QList<Asset *> &assets() const { return m_assets.records(); }
+    /// Number of assets.
     int assetCount() const { return static_cast<int>(assets().size()); }
 
 signals:

@@ -17,11 +17,15 @@ class ContentTemplate : public Record
 public:
     static constexpr RecordKind recordKind = RecordKind::contentTemplate;
 
+    /// A new template.
     ContentTemplate(const QString &name, const QString &content);
     ContentTemplate(const StoredIdentity &identity, const QString &name, const QString &content,
                     const QDateTime &createdAt);
 
+    /// The name for people; need not be unique.
     QString name() const { return m_name; }
+
+    /// The text as it was saved; not necessarily one that can be read.
     QString content() const { return m_content; }
 
     /// In UTC, to the millisecond.

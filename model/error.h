@@ -18,6 +18,7 @@ struct Error
 template <typename T = void>
 using Result = std::expected<T, Error>;
 
+/// The result of an operation that failed for this reason.
 inline std::unexpected<Error> fail(QString message)
 {
     return std::unexpected(Error{std::move(message)});

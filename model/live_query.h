@@ -23,6 +23,7 @@ public:
 
     ~LiveQueryBase() override;
 
+    /// Number of rows.
     int count() const { return static_cast<int>(m_rows.size()); }
 
     /// Place of a record in the list, -1 when it is not in it.
@@ -83,6 +84,7 @@ template <std::derived_from<Record> T>
 class LiveQuery : public LiveQueryBase
 {
 public:
+    /// Whether a record is in the list.
     using Filter = std::function<bool(const T &)>;
     /// Whether the first record comes before the second: a strict weak ordering.
     using Order = std::function<bool(const T &, const T &)>;
@@ -91,8 +93,10 @@ public:
         : LiveQueryBase(store, T::recordKind, untyped(std::move(filter)), untyped(std::move(order)), parent)
     {}
 
+    /// The record at a row of the list.
     T *at(int row) const { return static_cast<T *>(rows()[static_cast<size_t>(row)]); }
 
+    /// The whole list.
     std::vector<T *> records() const
     {
         std::vector<T *> all;
@@ -102,6 +106,8 @@ public:
         return all;
     }
 
+    /// Shows what passes another filter, with the row signals of what comes and goes, or a reset when that is
+    /// many runs of rows.
     void setFilter(Filter filter) { setRecordFilter(untyped(std::move(filter))); }
 
 private:

@@ -12,6 +12,8 @@ class Store;
 
 /// The record types, in the order in which they are saved: each after those that it points to.
 enum class RecordKind { collection, asset, slideshow, slide, slidePreset, contentTemplate };
+
+/// How many record types there are.
 inline constexpr int recordKindCount = 6;
 
 /// Identity of a record that is read back from its store; only the reader of the store's file makes one.

@@ -15,14 +15,17 @@ template <typename T>
 class RecordList
 {
 public:
+    /// The list.
     const QList<T *> &records() const { return m_records; }
 
+    /// Puts a record in its place.
     void add(T *record)
     {
         const auto place = std::upper_bound(m_records.cbegin(), m_records.cend(), record, comesBefore);
         m_records.insert(place - m_records.cbegin(), record);
     }
 
+    /// Takes out a record, which must be in the list.
     void remove(T *record)
     {
         const auto [first, last] =
@@ -39,6 +42,7 @@ public:
         add(record);
     }
 
+    /// Gives all records away.
     QList<T *> takeAll() { return std::exchange(m_records, {}); }
 
 private:

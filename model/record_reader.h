@@ -11,7 +11,8 @@ class Database;
 
 namespace mosslantern {
 
-/// All records of a file, by kind, in the store's order. The slides belong to their slideshows.
+/// All records of a file, by kind, in the store's order, related to each other. The slides belong to their
+/// slideshows.
 struct StoredRecords
 {
     std::vector<std::unique_ptr<Record>> collections;

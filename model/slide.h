@@ -35,6 +35,7 @@ public:
           const QString &subtitle, qint64 order, const std::optional<QString> &imageFilename, Asset *asset);
     ~Slide() override;
 
+    /// The main text.
     QString text() const { return m_text; }
     void setText(const QString &text);
 

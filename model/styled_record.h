@@ -20,6 +20,7 @@ class StyledRecord : public Record
     Q_PROPERTY(QString boxColorHex READ boxColorHex WRITE setBoxColorHex NOTIFY boxColorHexChanged)
 
 public:
+    /// All eight values.
     const SlideStyle &style() const { return m_style; }
 
     double textX() const { return m_style.textX; }
