@@ -15,6 +15,7 @@ fail() {
 
 [ $# -le 2 ] || fail 'usage: ./run demo [DIR]'
 [ -d "$pictures" ] || fail "“$pictures” is not a folder"
+pictures=$(realpath -- "$pictures")
 
 rm -rf "$out"
 mkdir -p "$out"
@@ -24,7 +25,8 @@ tool() { "$cli" --library "$library" "$@"; }
 
 # Pictures that cannot be read are named by the tool; the others will do.
 status=0
-find -L "$pictures" -type f \( -iname '*.jpg' -o -iname '*.jpeg' -o -iname '*.png' \) -print0 | sort -z |
+LC_ALL=C find -L "$pictures" -regextype posix-extended -type f \
+  -iregex '.*\.(jpe?g|png|webp|gif|bmp|tiff?|hei[cf]|avif)' -print0 | sort -z |
   xargs -0 -r "$cli" --library "$library" import -- >/dev/null || status=1
 count=$({ tool list assets 2>/dev/null || true; } | wc -l)
 [ "$count" -gt 0 ] || fail "there are no photographs in “$pictures”"

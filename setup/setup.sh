@@ -46,7 +46,20 @@ install_assets() {
   cp "$root/package-lock.json" "$to/.installed"
 }
 
-# build_preset PRESET [TARGET...]: configures once, builds what changed; prints the log only when it fails.
+# Keeps what a build prints in file $1, and says once on standard error when there is something to build.
+keep_log() {
+  local line announced=
+  while IFS= read -r line; do
+    if [ -z "$announced" ] && [[ $line == '['[1-9]* ]]; then
+      announced=1
+      echo 'Building…' >&2
+    fi
+    printf '%s\n' "$line"
+  done >"$1"
+}
+
+# build_preset PRESET [TARGET...]: configures once, builds what changed. What the build prints is shown to a
+# terminal and to CI; to others only when it fails.
 build_preset() {
   local preset=$1 log="$root/build/$1.log"
   shift
@@ -58,7 +71,7 @@ build_preset() {
   if [ -t 2 ] || [ -n "${CI:-}" ]; then
     cmake --build --preset "$preset" ${1:+--target "$@"} >&2 || fail 'building failed'
   else
-    cmake --build --preset "$preset" ${1:+--target "$@"} >"$log" 2>&1 ||
+    cmake --build --preset "$preset" ${1:+--target "$@"} 2>&1 | keep_log "$log" ||
       { cat "$log" >&2; fail 'building failed'; }
   fi
 }
