@@ -1,6 +1,7 @@
 #include "app/gui/qt_file_panels.h"
 
 #include <QtCore/QStandardPaths>
+#include <QtGui/QDesktopServices>
 #include <QtGui/QWindow>
 #include <QtWidgets/QFileDialog>
 
@@ -11,7 +12,6 @@ using namespace Qt::StringLiterals;
 void QtFilePanels::openImages(Picked picked)
 {
     auto *const dialog = new QFileDialog;
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(QFileDialog::tr("Import Images"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFiles);
@@ -24,13 +24,42 @@ void QtFilePanels::openImages(Picked picked)
         globs << u"*."_s + pattern << u"*."_s + pattern.toUpper();
     dialog->setNameFilters(
         {QFileDialog::tr("Images (%1)").arg(globs.join(u' ')), QFileDialog::tr("All files (*)")});
-    dialog->winId();
-    dialog->windowHandle()->setTransientParent(m_window);
-    dialog->setWindowModality(Qt::WindowModal);
     QObject::connect(dialog, &QFileDialog::finished, dialog,
                      [dialog, picked = std::move(picked)](int result) {
                          picked(result == QFileDialog::Accepted ? dialog->selectedUrls() : QList<QUrl>());
                      });
+    open(dialog);
+}
+
+void QtFilePanels::saveFolder(const FolderRequest &request, Chosen chosen)
+{
+    auto *const dialog = new QFileDialog;
+    dialog->setWindowTitle(request.message);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, request.acceptLabel);
+    dialog->setLabelText(QFileDialog::FileName, QFileDialog::tr("Folder:"));
+    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->selectFile(request.suggestedName);
+    QObject::connect(
+        dialog, &QFileDialog::finished, dialog, [dialog, chosen = std::move(chosen)](int result) {
+            chosen(result == QFileDialog::Accepted ? dialog->selectedFiles().value(0) : QString());
+        });
+    open(dialog);
+}
+
+void QtFilePanels::openFolder(const QString &folder)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+void QtFilePanels::open(QFileDialog *dialog)
+{
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->winId();
+    dialog->windowHandle()->setTransientParent(m_window);
+    dialog->setWindowModality(Qt::WindowModal);
     dialog->open();
 }
 

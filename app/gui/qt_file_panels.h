@@ -2,6 +2,7 @@
 
 #include "ui/common/file_panels.h"
 
+class QFileDialog;
 class QWindow;
 
 namespace mosslantern {
@@ -14,8 +15,12 @@ public:
     void setWindow(QWindow *window) { m_window = window; }
 
     void openImages(Picked picked) override;
+    void saveFolder(const FolderRequest &request, Chosen chosen) override;
+    void openFolder(const QString &folder) override;
 
 private:
+    void open(QFileDialog *dialog);
+
     QWindow *m_window = nullptr;
 };
 

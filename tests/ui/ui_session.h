@@ -2,7 +2,7 @@
 
 #include "app/update/spu_updater.h"
 #include "tests/model/test_library.h"
-#include "ui/common/file_panels.h"
+#include "tests/ui/test_file_panels.h"
 #include "ui/common/screen_context.h"
 
 #include <QtQml/QQmlApplicationEngine>
@@ -10,19 +10,6 @@
 #include <QtQuick/QQuickWindow>
 
 namespace mosslantern {
-
-/// A file panel whose user is the test.
-class TestFilePanels : public FilePanels
-{
-public:
-    void openImages(Picked picked) override { m_picked = std::move(picked); }
-
-    bool isShown() const { return m_picked != nullptr; }
-    void answer(const Result<QList<QUrl>> &files) { std::exchange(m_picked, {})(files); }
-
-private:
-    Picked m_picked;
-};
 
 /// A window of the application on a library of its own.
 class UiSession

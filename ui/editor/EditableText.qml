@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Mosslantern.Common
 import Mosslantern.Editor
@@ -106,5 +104,19 @@ FocusScope {
         border.color: Theme.blue
         border.width: Theme.focusWidth * root.hairline
         radius: 8
+    }
+    Loader {
+        id: editor
+        anchors.fill: parent
+    }
+    Connections {
+        target: root.block
+
+        function onIsFocusedChanged() {
+            if (root.block.isFocused)
+                editor.setSource("TextBlockEditor.qml", {"block": root.block})
+            else
+                editor.setSource("")
+        }
     }
 }

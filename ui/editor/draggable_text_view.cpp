@@ -5,7 +5,6 @@
 #include "ui/editor/colors.h"
 
 #include <QtCore/QVariant>
-#include <QtGui/QFontMetricsF>
 
 #include <algorithm>
 #include <cmath>
@@ -34,9 +33,9 @@ void DraggableTextView::setText(const QString &text)
     setLayout(m_text, text, &DraggableTextView::textChanged);
 }
 
-void DraggableTextView::setComposedText(const QString &text)
+void DraggableTextView::setComposedText(const std::optional<QString> &text)
 {
-    if (m_composedText == text && m_composedText.isNull() == text.isNull())
+    if (m_composedText == text)
         return;
     m_composedText = text;
     m_block.reset();
@@ -113,7 +112,7 @@ void DraggableTextView::setClickLocation(std::optional<QPointF> location)
 const TextBlock &DraggableTextView::block() const
 {
     if (!m_block) {
-        m_block.emplace(m_composedText.isNull() ? m_text : m_composedText, m_style, m_isSubtitle, m_boxColor,
+        m_block.emplace(m_composedText.value_or(m_text), m_style, m_isSubtitle, m_boxColor,
                         m_containerSize.width());
     }
     return *m_block;
@@ -137,19 +136,9 @@ bool DraggableTextView::contains(QPointF point) const
     return QRectF(center() - QPointF(frame.width(), frame.height()) / 2, frame).contains(point);
 }
 
-double DraggableTextView::fontSize() const
+QFont DraggableTextView::editorFont() const
 {
-    return mosslantern::fontSize(m_style, m_containerSize.width());
-}
-
-double DraggableTextView::letterAscent() const
-{
-    return QFontMetricsF(layoutFont(m_style, fontSize())).ascent() / layoutFactor;
-}
-
-double DraggableTextView::letterHeight() const
-{
-    return QFontMetricsF(layoutFont(m_style, fontSize())).height() / layoutFactor;
+    return layoutFont(m_style, fontSize(m_style, m_containerSize.width()));
 }
 
 QColor DraggableTextView::textColor() const

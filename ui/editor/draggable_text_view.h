@@ -7,6 +7,7 @@
 #include <QtCore/QPointF>
 #include <QtCore/QSizeF>
 #include <QtGui/QColor>
+#include <QtGui/QFont>
 #include <QtQml/qqmlregistration.h>
 
 #include <optional>
@@ -37,9 +38,7 @@ class DraggableTextView : public QObject
     Q_PROPERTY(QSizeF frameSize READ frameSize NOTIFY layoutChanged)
     Q_PROPERTY(QPointF center READ center NOTIFY centerChanged)
     Q_PROPERTY(double drawnScale READ drawnScale NOTIFY drawnScaleChanged)
-    Q_PROPERTY(double fontSize READ fontSize NOTIFY layoutChanged)
-    Q_PROPERTY(double letterAscent READ letterAscent NOTIFY layoutChanged)
-    Q_PROPERTY(double letterHeight READ letterHeight NOTIFY layoutChanged)
+    Q_PROPERTY(QFont editorFont READ editorFont NOTIFY layoutChanged)
     Q_PROPERTY(QColor textColor READ textColor NOTIFY layoutChanged)
 
 public:
@@ -48,8 +47,12 @@ public:
     QString text() const { return m_text; }
     void setText(const QString &text);
 
-    /// The text with what an input method is composing in it; null while it composes nothing. Only drawn.
-    void setComposedText(const QString &text);
+    /// The text that the user has typed.
+    Q_INVOKABLE void type(const QString &text) { setText(text); }
+
+    /// While an input method composes, the text with what it composes in it is drawn instead.
+    Q_INVOKABLE void compose(const QString &text) { setComposedText(text); }
+    Q_INVOKABLE void endComposing() { setComposedText({}); }
 
     TextStyle style() const { return m_style; }
     void setStyle(TextStyle style);
@@ -107,10 +110,8 @@ public:
     /// The factor by which the block is drawn at the moment.
     double drawnScale() const { return m_scale * m_currentScale; }
 
-    /// Size, ascent and ascent + descent of the letters in points, before scaling.
-    double fontSize() const;
-    double letterAscent() const;
-    double letterHeight() const;
+    /// The font of the letters, as large as they are laid out.
+    QFont editorFont() const;
 
     QColor textColor() const;
 
@@ -158,6 +159,7 @@ private:
     QColor boxQColor() const;
     void setBoxQColor(const QColor &color);
     QVariant clickLocationOrUndefined() const;
+    void setComposedText(const std::optional<QString> &text);
     void setClickLocation(std::optional<QPointF> location);
     void moveTo(QPointF points);
 
@@ -182,7 +184,7 @@ private:
     }
 
     QString m_text;
-    QString m_composedText;
+    std::optional<QString> m_composedText;
     TextStyle m_style = TextStyle::classic;
     bool m_isSubtitle = false;
     QPointF m_position{0.5, 0.5};

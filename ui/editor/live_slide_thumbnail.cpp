@@ -15,6 +15,12 @@ LiveSlideThumbnail::LiveSlideThumbnail(QQuickItem *parent)
     : StaticSlide(parent)
 {}
 
+void LiveSlideThumbnail::setAspectRatio(const QVariant &ratio)
+{
+    set(m_aspectRatio, aspectRatioFromVariant(ratio));
+    emit canvasShapeChanged();
+}
+
 QColor LiveSlideThumbnail::boxColor() const
 {
     return toColor(m_values.boxColor);

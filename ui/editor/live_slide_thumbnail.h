@@ -6,7 +6,8 @@
 namespace mosslantern {
 
 /// A slide drawn from settings that no record holds yet.
-class LiveSlideThumbnail : public StaticSlide
+// The base is named in full for the QML type registration, which does not look into namespaces.
+class LiveSlideThumbnail : public mosslantern::StaticSlide
 {
     Q_OBJECT
     QML_ELEMENT
@@ -40,7 +41,7 @@ public:
     void setStyle(int style) { set(m_values.style, static_cast<TextStyle>(style)); }
 
     QVariant aspectRatio() const { return static_cast<int>(m_aspectRatio); }
-    void setAspectRatio(const QVariant &ratio) { set(m_aspectRatio, aspectRatioFromVariant(ratio)); }
+    void setAspectRatio(const QVariant &ratio);
 
     QColor boxColor() const;
     void setBoxColor(const QColor &color);

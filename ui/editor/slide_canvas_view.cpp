@@ -33,7 +33,10 @@ SlideCanvasView::~SlideCanvasView()
 
 void SlideCanvasView::setSlide(Slide *slide)
 {
-    Q_ASSERT(!m_slide && slide);
+    // The screen lets go of a record that is destroyed.
+    if (!slide)
+        return;
+    Q_ASSERT(!m_slide);
     m_slide = slide;
     m_local = {.text = slide->text(),
                .subtitle = slide->subtitle(),

@@ -29,6 +29,7 @@ void SlidePreviewView::setAspectRatio(const QVariant &aspectRatio)
     m_aspectRatio = shape;
     redraw();
     emit aspectRatioChanged();
+    emit canvasShapeChanged();
 }
 
 void SlidePreviewView::setPreloadedImage(const QImage &image)

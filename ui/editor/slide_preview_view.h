@@ -6,7 +6,8 @@
 namespace mosslantern {
 
 /// A stored slide, as its export shows it. Follows the record.
-class SlidePreviewView : public StaticSlide
+// The base is named in full for the QML type registration, which does not look into namespaces.
+class SlidePreviewView : public mosslantern::StaticSlide
 {
     Q_OBJECT
     QML_ELEMENT

@@ -13,8 +13,11 @@ namespace mosslantern {
 class StaticSlide : public QQuickItem
 {
     Q_OBJECT
+    QML_ANONYMOUS
     /// Whether the picture is shown, of those slides that have one.
     Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY isLoadedChanged)
+    /// Of the canvas.
+    Q_PROPERTY(double widthToHeight READ canvasShape NOTIFY canvasShapeChanged)
 
 public:
     explicit StaticSlide(QQuickItem *parent = nullptr);
@@ -26,6 +29,7 @@ public:
 
 signals:
     void isLoadedChanged();
+    void canvasShapeChanged();
 
 protected:
     /// What the slide shows at the moment.
@@ -50,6 +54,7 @@ protected:
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
 
 private:
+    double canvasShape() const { return mosslantern::widthToHeight(shape()); }
     Background background(const Content &content, const Canvas &canvas);
 
     CanvasPicture m_picture;

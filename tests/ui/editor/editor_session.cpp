@@ -104,6 +104,12 @@ QQuickItem *EditorSession::find(const QString &objectName) const
     return findIn(m_view->contentItem(), objectName);
 }
 
+void EditorSession::type(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::sendKeyEvent(QTest::Click, m_view.get(), Qt::Key_unknown, QString(character), {});
+}
+
 void EditorSession::settle()
 {
     for (int i = 0; i < 3; ++i) {

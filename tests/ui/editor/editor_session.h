@@ -30,8 +30,14 @@ public:
     /// Shows the type of this name ("SlidePreviewView") alone in a window of `size` points.
     QQuickItem *show(const QString &type, const QVariantMap &properties, QSize size);
 
+    /// Closes the window; what it worked with may go after that.
+    void close() { m_view.reset(); }
+
     /// The item with this name, as long as it is visible; null when there is none.
     QQuickItem *find(const QString &objectName) const;
+
+    /// The keyboard: one key for each character.
+    void type(const QString &text);
 
     /// Lets the window follow what has changed.
     void settle();

@@ -1,65 +1,12 @@
 // The canvas under the hands of a user: real mouse, touch, touchpad, wheel and key events.
 
-#include "tests/ui/editor/editor_session.h"
-#include "ui/editor/draggable_text_view.h"
-#include "ui/editor/slide_canvas_view.h"
+#include "tests/ui/editor/canvas_session.h"
 #include "ui/editor/text_block_item.h"
 
 #include <qpa/qwindowsysteminterface.h>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The canvas of a slide in a window of 420 by 700 points: 360 by 640 points large.
-class CanvasSession : public EditorSession
-{
-public:
-    explicit CanvasSession(const QString &subtitle = u"Subtitle"_s)
-    {
-        slideshow = addSlideshow(addPicture(u"photo.jpg"_s, {900, 1600}), {u"Main text"_s});
-        slide = slideshow->slides().constFirst();
-        slide->setSubtitle(subtitle);
-        root =
-            show(u"SlideCanvas"_s,
-                 {{u"slide"_s, QVariant::fromValue(slide)}, {u"slideshow"_s, QVariant::fromValue(slideshow)}},
-                 {420, 700});
-        static_cast<void>(
-            QTest::qWaitFor([this] { return find(u"canvasBackground"_s)->property("isLoaded").toBool(); }));
-        mainBlock = root->findChild<DraggableTextView *>(u"mainBlock"_s);
-        subtitleBlock = root->findChild<DraggableTextView *>(u"subtitleBlock"_s);
-    }
-
-    /// A place on the canvas, given in fractions of it, in the window.
-    QPoint at(double x, double y) const
-    {
-        const QQuickItem *content = find(u"canvasContent"_s);
-        return content->mapToScene({x * content->width(), y * content->height()}).toPoint();
-    }
-
-    void drag(QPoint from, QPoint by)
-    {
-        QTest::mousePress(&window(), Qt::LeftButton, {}, from);
-        for (int step = 1; step <= 10; ++step) {
-            QTest::mouseMove(&window(), from + by * step / 10);
-            settle();
-        }
-    }
-    void drop(QPoint at)
-    {
-        QTest::mouseRelease(&window(), Qt::LeftButton, {}, at);
-        settle();
-    }
-
-    Slideshow *slideshow;
-    Slide *slide;
-    QQuickItem *root;
-    DraggableTextView *mainBlock;
-    DraggableTextView *subtitleBlock;
-};
-
-} // namespace
 
 class CanvasGesturesTest : public QObject
 {

@@ -287,7 +287,7 @@ void SlideCanvasTest::growsWithItsLines()
     block.setText(u"m"_s.repeated(60));
     QVERIFY(block.frameSize().width() > 350);
     QCOMPARE(block.frameSize().width(), block.block().size().width());
-    block.setComposedText(u"ab"_s);
+    block.compose(u"ab"_s);
     QCOMPARE(block.frameSize().width(), 315.0);
 }
 

@@ -1,0 +1,290 @@
+// The text editor over the drawn text: where its caret lies, and what typing does.
+
+#include "render/text/line_layout.h"
+#include "tests/ui/editor/canvas_session.h"
+#include "ui/editor/coordinator.h"
+
+#include <QtGui/QClipboard>
+#include <QtGui/QInputMethodEvent>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double tolerance = 0.5;
+
+/// A canvas whose main text is being edited.
+class TypingSession : public CanvasSession
+{
+public:
+    explicit TypingSession(const QString &text)
+    {
+        slide->setText(text);
+        mainBlock->startEditing();
+        static_cast<void>(QTest::qWaitFor([this] { return edit() && edit()->hasActiveFocus(); }));
+    }
+
+    QQuickItem *edit() const { return find(u"textEdit"_s); }
+    QString text() const { return edit()->property("text").toString(); }
+    int caret() const { return edit()->property("cursorPosition").toInt(); }
+    void setCaret(int position) { edit()->setProperty("cursorPosition", position); }
+    QString selected() const { return edit()->property("selectedText").toString(); }
+
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(&window(), key, modifiers);
+    }
+
+    /// The bar of the caret in points of the canvas.
+    QRectF bar() const
+    {
+        const QQuickItem *const caret = find(u"caret"_s);
+        return caret->mapRectToItem(find(u"canvasContent"_s), QRectF(QPointF(), caret->size()));
+    }
+};
+
+} // namespace
+
+class TextEditorTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void measures();
+    void caretLiesOnTheLetters_data();
+    void caretLiesOnTheLetters();
+    void doubleClickPlacesTheCaret();
+    void caretGoesToTheEnd();
+    void typing();
+    void emojiAreDeletedWhole();
+    void pastedTextLosesItsFormat();
+    void dragSelects();
+    void outsideChangesKeepTheCaret();
+    void backgroundClickEndsEditing();
+    void emptySubtitleDisappears();
+    void composedTextIsDrawn();
+    void leavingTheCanvasKeepsTheText();
+};
+
+void TextEditorTest::measures()
+{
+    QCOMPARE(Coordinator::neededHeight(20), 40.0);
+    QCOMPARE(Coordinator::neededHeight(60), 68.0);
+    QCOMPARE(Coordinator::editorText(u"a\r\nb\u2028c\fd"_s), u"a\n\nb\nc\nd"_s);
+
+    Coordinator coordinator;
+    coordinator.setFont(layoutFont(TextStyle::boxed, 32));
+    const double letters = LineLayout(u"x"_s, TextStyle::boxed, 32).height();
+    QCOMPARE(coordinator.caretBar({7, 100, 0, 60}), QRectF(7, 100 + (60 - letters - 4) / 2, 9, letters + 4));
+    QCOMPARE(coordinator.caretBar({7, 100, 0, 20}), QRectF(7, 100, 4, 20));
+}
+
+void TextEditorTest::caretLiesOnTheLetters_data()
+{
+    QTest::addColumn<TextStyle>("style");
+    QTest::addColumn<double>("scale");
+    for (const TextStyle style : allTextStyles) {
+        for (const double scale : {0.4, 1.0, 2.5})
+            QTest::addRow("%s at %.1f", qPrintable(rawText(style)), scale) << style << scale;
+    }
+}
+
+void TextEditorTest::caretLiesOnTheLetters()
+{
+    QFETCH(TextStyle, style);
+    QFETCH(double, scale);
+
+    const QString line =
+        u"Wave 漢字 To 🎉 AVA 👩‍👩‍👧 ffi 日本 🇩🇪 ✓ ❤️ fill 한국 1️⃣ Ty 😀😀 ended Yo"_s;
+    QVERIFY(line.size() >= 60);
+    const QString text = QStringList(6, line).join(u'\n');
+    TypingSession s(text);
+    s.slide->setTextStyle(style);
+    s.mainBlock->setScale(scale);
+    s.settle();
+
+    const TextBlock &block = s.mainBlock->block();
+    const double size = fontSize(style, s.mainBlock->containerSize().width());
+    for (const int row : {0, 5}) {
+        const QRectF box = block.lineBox(row);
+        const auto lineStart = row * (line.size() + 1);
+        for (qsizetype i = 0; i <= line.size(); ++i) {
+            // Where a word ends, nothing after it moves its letters.
+            if (i > 0 && i < line.size() && line[i] != u' ')
+                continue;
+            s.setCaret(static_cast<int>(lineStart + i));
+            const double drawn = i == 0 ? 0 : LineLayout(line.first(i), style, size).width();
+            const double expected = s.mainBlock->center().x() + scale * (box.left() + 8 + drawn);
+            const double off = s.bar().left() - expected;
+            QVERIFY2(std::abs(off) <= tolerance,
+                     qPrintable(u"line %1, character %2: %3 points off"_s.arg(row).arg(i).arg(off)));
+        }
+        const double middle = s.mainBlock->center().y() + scale * box.center().y();
+        QVERIFY(std::abs(s.bar().center().y() - middle) <= tolerance * std::max(1.0, scale));
+    }
+}
+
+void TextEditorTest::doubleClickPlacesTheCaret()
+{
+    CanvasSession s;
+    const double left = s.mainBlock->center().x() + s.mainBlock->block().lineBox(0).left() + 8;
+    const double size = fontSize(TextStyle::classic, 360);
+    const double third = LineLayout(u"Mai"_s, TextStyle::classic, size).width();
+    const QPoint place = s.at(0, 0) + QPointF(left + third + 1, 320).toPoint();
+    QTest::mouseDClick(&s.window(), Qt::LeftButton, {}, place);
+    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
+    QCOMPARE(s.find(u"textEdit"_s)->property("cursorPosition").toInt(), 3);
+    QCOMPARE(s.mainBlock->editorHeight(), std::max(40.0, s.mainBlock->block().size().height() - 1 + 8));
+}
+
+void TextEditorTest::caretGoesToTheEnd()
+{
+    TypingSession s(u"Ab\n🇩🇪👩‍👩‍👧"_s);
+    QCOMPARE(s.caret(), s.text().size());
+}
+
+void TextEditorTest::typing()
+{
+    TypingSession s(u"One"_s);
+    const QSizeF oneLine = s.mainBlock->frameSize();
+    s.key(Qt::Key_Return);
+    QCOMPARE(s.mainBlock->text(), u"One\n"_s);
+    QVERIFY(s.mainBlock->frameSize().height() > 1.8 * oneLine.height());
+    s.type(u"two"_s);
+    s.key(Qt::Key_Escape);
+    s.key(Qt::Key_Tab);
+    s.key(Qt::Key_Backspace);
+    QVERIFY(s.mainBlock->isFocused());
+    QCOMPARE(s.mainBlock->text(), u"One\ntwo"_s);
+    QCOMPARE(s.slide->text(), u"One"_s);
+    for (int i = 0; i < 10; ++i)
+        s.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(s.mainBlock->text(), u"One"_s);
+}
+
+void TextEditorTest::emojiAreDeletedWhole()
+{
+    TypingSession s(u"a🇩🇪👩‍👩‍👧b"_s);
+    s.key(Qt::Key_Left);
+    s.key(Qt::Key_Left);
+    s.key(Qt::Key_Left);
+    QCOMPARE(s.caret(), 1);
+    s.key(Qt::Key_Right);
+    s.key(Qt::Key_Backspace);
+    QCOMPARE(s.text(), u"a👩‍👩‍👧b"_s);
+    s.key(Qt::Key_Delete);
+    QCOMPARE(s.text(), u"ab"_s);
+    s.key(Qt::Key_Z, Qt::ControlModifier);
+    s.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(s.text(), u"a🇩🇪👩‍👩‍👧b"_s);
+}
+
+void TextEditorTest::pastedTextLosesItsFormat()
+{
+    TypingSession s(u"a"_s);
+    auto *const data = new QMimeData;
+    data->setHtml(u"<b style='font-size:80px'>bold</b><br>next"_s);
+    data->setText(u"bold\nnext"_s);
+    QGuiApplication::clipboard()->setMimeData(data);
+    const double before = s.bar().height();
+    s.key(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(s.mainBlock->text(), u"abold\nnext"_s);
+    QCOMPARE(s.bar().height(), before);
+    const QRectF box = s.mainBlock->block().lineBox(1);
+    QVERIFY(std::abs(s.bar().left() - (s.mainBlock->center().x() + box.right() - 8)) <= tolerance);
+    QVERIFY(std::abs(s.bar().center().y() - (s.mainBlock->center().y() + box.center().y())) <= tolerance);
+    s.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(s.text(), u"a"_s);
+}
+
+void TextEditorTest::dragSelects()
+{
+    TypingSession s(u"Select me"_s);
+    const QPoint from = s.at(0.2, 0.5);
+    s.drag(from, {250, 0});
+    s.drop(from + QPoint(250, 0));
+    QCOMPARE(s.selected(), u"Select me"_s);
+    QCOMPARE(s.mainBlock->position(), QPointF(0.5, 0.5));
+    QVERIFY(!s.find(u"caret"_s));
+}
+
+void TextEditorTest::outsideChangesKeepTheCaret()
+{
+    TypingSession s(u"One two three"_s);
+    QMetaObject::invokeMethod(s.edit(), "select", Q_ARG(int, 4), Q_ARG(int, 7));
+    s.slide->setText(u"One TWO three!"_s);
+    QCOMPARE(s.selected(), u"TWO"_s);
+    QVERIFY(s.edit()->hasActiveFocus());
+    s.slide->setText(u"One T"_s);
+    QCOMPARE(s.selected(), u"T"_s);
+    QCOMPARE(s.caret(), 5);
+}
+
+void TextEditorTest::backgroundClickEndsEditing()
+{
+    TypingSession s(u"One"_s);
+    s.type(u"!"_s);
+    QTest::mouseClick(&s.window(), Qt::LeftButton, {}, s.at(0.5, 0.1));
+    QTRY_VERIFY(!s.mainBlock->isFocused());
+    QCOMPARE(s.slide->text(), u"One!"_s);
+    QVERIFY(!s.find(u"textEdit"_s));
+    s.drag(s.at(0.5, 0.5), {36, 0});
+    s.drop(s.at(0.5, 0.5) + QPoint(36, 0));
+    QCOMPARE(s.mainBlock->position(), QPointF(0.6, 0.5));
+}
+
+void TextEditorTest::emptySubtitleDisappears()
+{
+    CanvasSession s(u"ab"_s);
+    s.subtitleBlock->startEditing();
+    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
+    QTest::keyClick(&s.window(), Qt::Key_Backspace);
+    QVERIFY(s.find(u"subtitleDrawing"_s));
+    QTest::keyClick(&s.window(), Qt::Key_Backspace);
+    s.settle();
+    QVERIFY(!s.find(u"subtitleDrawing"_s));
+    QVERIFY(!s.find(u"textEdit"_s));
+    QCOMPARE(s.slide->subtitle(), u"ab"_s);
+    s.root->findChild<SlideCanvasView *>()->commit();
+    s.settle();
+    QCOMPARE(s.slide->subtitle(), QString());
+    s.slide->setSubtitle(u"back"_s);
+    s.settle();
+    QVERIFY(s.find(u"subtitleDrawing"_s));
+    QVERIFY(!s.find(u"textEdit"_s));
+}
+
+void TextEditorTest::composedTextIsDrawn()
+{
+    TypingSession s(u"日"_s);
+    const double before = s.mainBlock->block().size().width();
+    QInputMethodEvent composing(u"ほん"_s, {});
+    QCoreApplication::sendEvent(s.edit(), &composing);
+    QCOMPARE(s.mainBlock->text(), u"日"_s);
+    QVERIFY(s.mainBlock->block().size().width() > before + 20);
+    QInputMethodEvent committing;
+    committing.setCommitString(u"本"_s);
+    QCoreApplication::sendEvent(s.edit(), &committing);
+    QCOMPARE(s.mainBlock->text(), u"日本"_s);
+    QCOMPARE(s.mainBlock->block().lineCount(), 1);
+    QCOMPARE(s.mainBlock->block().size().width(),
+             TextBlock(u"日本"_s, TextStyle::classic, false, {}, 360).size().width());
+}
+
+void TextEditorTest::leavingTheCanvasKeepsTheText()
+{
+    QPointer<Slide> slide;
+    auto s = std::make_unique<TypingSession>(u"One"_s);
+    slide = s->slide;
+    s->type(u" more"_s);
+    delete s->root;
+    QCOMPARE(slide->text(), u"One more"_s);
+}
+
+int main(int argc, char **argv)
+{
+    return runEditorTest<TextEditorTest>(argc, argv);
+}
+
+#include "tst_text_editor.moc"

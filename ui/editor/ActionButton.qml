@@ -1,0 +1,55 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+
+/// A wide, flat button in one colour: its symbol and text on a lighter ground of it.
+T.Button {
+    id: root
+
+    required property string symbol
+    required property color tint
+    property color ground: tint
+    property real groundOpacity: 0.2
+    property int fontSize: Theme.body
+    property int symbolSize: 15
+
+    implicitHeight: contentItem.implicitHeight + 16
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    contentItem: Item {
+        implicitHeight: root.symbolSize + 2
+
+        Row {
+            anchors.centerIn: parent
+            spacing: 4
+
+            Symbol {
+                name: root.symbol
+                size: root.symbolSize
+                color: root.tint
+                anchors.verticalCenter: parent.verticalCenter
+            }
+            Text {
+                text: root.text
+                color: root.tint
+                font.family: Theme.family
+                font.pixelSize: root.fontSize
+                textFormat: Text.PlainText
+                anchors.verticalCenter: parent.verticalCenter
+            }
+        }
+    }
+    background: RoundedArea {
+        radius: 6
+        color: Qt.rgba(root.ground.r, root.ground.g, root.ground.b,
+                       root.groundOpacity * (root.enabled && root.pressed ? 1.8 : root.enabled && root.hovered ? 1.4 : 1))
+
+        FocusRing {
+            visible: root.visualFocus
+        }
+    }
+}

@@ -1,0 +1,72 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+
+/// A text field of several lines that grows with its text as far as it may, and scrolls from then on.
+FocusScope {
+    id: root
+
+    required property string placeholder
+    required property int minimumLines
+    required property int maximumLines
+    property alias text: area.text
+
+    signal textEdited(text: string)
+
+    implicitHeight: Math.ceil(Math.min(Math.max(area.contentHeight, minimumLines * metrics.lineSpacing),
+                                       maximumLines * metrics.lineSpacing)) + 12
+
+    FontMetrics {
+        id: metrics
+        font: area.font
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.textBackground
+        border.color: area.activeFocus ? Theme.blue : Theme.separator
+        border.width: area.activeFocus ? Theme.focusWidth : 1
+        radius: Theme.controlRadius
+    }
+    Flickable {
+        anchors.fill: parent
+        anchors.margins: 2
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        T.TextArea.flickable: T.TextArea {
+            id: area
+            objectName: root.objectName + "Area"
+            implicitWidth: contentWidth + leftPadding + rightPadding
+            implicitHeight: contentHeight + topPadding + bottomPadding
+            topPadding: 4
+            bottomPadding: 4
+            leftPadding: 6
+            rightPadding: 6
+            focus: true
+            color: Theme.primary
+            selectionColor: Theme.accent
+            selectedTextColor: Theme.accentText
+            font.family: Theme.family
+            font.pixelSize: Theme.body
+            selectByMouse: true
+            textFormat: TextEdit.PlainText
+            wrapMode: TextEdit.Wrap
+            KeyNavigation.priority: KeyNavigation.BeforeItem
+            KeyNavigation.tab: nextItemInFocusChain(true)
+            KeyNavigation.backtab: nextItemInFocusChain(false)
+            onTextChanged: root.textEdited(text)
+            Accessible.role: Accessible.EditableText
+            Accessible.name: root.placeholder
+
+            Text {
+                x: area.leftPadding
+                y: area.topPadding
+                visible: area.length === 0 && area.preeditText === ""
+                text: root.placeholder
+                color: Theme.placeholder
+                font: area.font
+            }
+        }
+    }
+}

@@ -1,0 +1,201 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Editor
+
+/// The panel beside the canvas: the selected slide's texts and style, and the presets.
+Rectangle {
+    id: root
+
+    required property SlideInspectorView inspector
+    readonly property color green: "#32d158"
+    readonly property color purple: "#bf5af2"
+
+    color: Theme.controlBackground
+
+    Flickable {
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: column.height + 2 * 16
+        clip: true
+        boundsBehavior: Flickable.StopAtBounds
+
+        T.ScrollBar.vertical: ScrollIndicatorBar {}
+
+        Column {
+            id: column
+            x: 16
+            y: 16
+            width: parent.width - 2 * 16
+            spacing: 16
+
+            Text {
+                width: parent.width
+                leftPadding: 4
+                rightPadding: 4
+                text: qsTr("Edit Slide")
+                color: "white"
+                font.family: Theme.family
+                font.pixelSize: Theme.headline
+                font.weight: Font.Bold
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+
+            InspectorCard {
+                width: parent.width
+                title: qsTr("Content")
+
+                Column {
+                    width: parent.width
+                    spacing: 16
+
+                    Column {
+                        width: parent.width
+                        spacing: 8
+
+                        InspectorLabel {
+                            symbol: "text.quote"
+                            text: qsTr("Main Text")
+                        }
+                        GrowingTextField {
+                            objectName: "mainField"
+                            width: parent.width
+                            placeholder: qsTr("Enter text")
+                            minimumLines: 3
+                            maximumLines: 5
+                            text: root.inspector.text
+                            onTextEdited: (text) => root.inspector.text = text
+                        }
+                    }
+                    InspectorDivider {
+                        width: parent.width
+                    }
+                    Column {
+                        width: parent.width
+                        spacing: 8
+
+                        InspectorLabel {
+                            symbol: "text.bubble"
+                            text: qsTr("Subtitle")
+                        }
+                        GrowingTextField {
+                            objectName: "subtitleField"
+                            width: parent.width
+                            placeholder: qsTr("Enter subtitle")
+                            minimumLines: 2
+                            maximumLines: 3
+                            text: root.inspector.subtitle
+                            onTextEdited: (text) => root.inspector.subtitle = text
+                        }
+                    }
+                }
+            }
+
+            InspectorCard {
+                width: parent.width
+                title: qsTr("Visual Style")
+
+                Column {
+                    width: parent.width
+                    spacing: 16
+
+                    Column {
+                        width: parent.width
+                        spacing: 8
+
+                        InspectorLabel {
+                            symbol: "textformat"
+                            text: qsTr("Text Style")
+                        }
+                        SegmentedPicker {
+                            objectName: "stylePicker"
+                            width: parent.width
+                            label: qsTr("Style")
+                            options: root.inspector.styleNames
+                            currentIndex: root.inspector.textStyle
+                            onPicked: (index) => root.inspector.textStyle = index
+                        }
+                    }
+                    InspectorDivider {
+                        width: parent.width
+                        visible: root.inspector.showsBoxColor || root.inspector.showsBorder
+                    }
+                    Item {
+                        width: parent.width
+                        height: boxPicker.height
+                        visible: root.inspector.showsBoxColor
+
+                        InspectorLabel {
+                            anchors.verticalCenter: parent.verticalCenter
+                            symbol: "paintpalette"
+                            text: qsTr("Box Color")
+                        }
+                        SegmentedPicker {
+                            id: boxPicker
+                            objectName: "boxPicker"
+                            anchors.right: parent.right
+                            width: 120
+                            label: qsTr("Box Color")
+                            options: [qsTr("White"), qsTr("Black")]
+                            currentIndex: root.inspector.colorChoice
+                            onPicked: (index) => root.inspector.chooseColor(index)
+                        }
+                    }
+                    Item {
+                        width: parent.width
+                        height: borderPicker.height
+                        visible: root.inspector.showsBorder
+
+                        InspectorLabel {
+                            anchors.verticalCenter: parent.verticalCenter
+                            symbol: "paintbrush"
+                            text: qsTr("Border")
+                        }
+                        SegmentedPicker {
+                            id: borderPicker
+                            objectName: "borderPicker"
+                            anchors.right: parent.right
+                            width: 150
+                            label: qsTr("Border")
+                            options: [qsTr("Border"), qsTr("No Border")]
+                            currentIndex: root.inspector.colorChoice
+                            onPicked: (index) => root.inspector.chooseColor(index)
+                        }
+                    }
+                    InspectorDivider {
+                        width: parent.width
+                        visible: root.inspector.hasSlideshow
+                    }
+                    ActionButton {
+                        objectName: "applyToAll"
+                        width: parent.width
+                        visible: root.inspector.hasSlideshow
+                        text: qsTr("Apply Style to All Slides")
+                        symbol: "square.on.square"
+                        tint: Theme.blue
+                        onClicked: root.inspector.applyToAllSlides()
+                    }
+                    ActionButton {
+                        objectName: "applyToBatch"
+                        width: parent.width
+                        visible: root.inspector.hasBatch
+                        text: qsTr("Apply Style to Whole Batch")
+                        symbol: "square.stack.3d.up"
+                        tint: root.purple
+                        onClicked: root.inspector.applyToBatch()
+                    }
+                }
+            }
+
+            PresetsCard {
+                width: parent.width
+                inspector: root.inspector
+                saveTint: root.green
+            }
+        }
+    }
+    SavePresetSheet {
+        inspector: root.inspector
+    }
+}

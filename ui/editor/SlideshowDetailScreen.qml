@@ -1,0 +1,172 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Editor
+
+/// The editor of one slideshow: its slides, the canvas and the inspector side by side.
+FocusScope {
+    id: root
+
+    required property ScreenContext context
+    required property Slideshow slideshow
+
+    signal dismissed
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Edit Slideshow")
+    Keys.onEscapePressed: dismissed()
+
+    SlideshowDetailView {
+        id: detail
+        objectName: "slideshowDetail"
+        context: root.context
+        slideshow: root.slideshow
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.windowBackground
+    }
+    ScreenHeader {
+        id: header
+        width: parent.width
+        title: qsTr("Edit Slideshow")
+
+        PushButton {
+            objectName: "done"
+            text: qsTr("Done")
+            onClicked: root.dismissed()
+        }
+        PushButton {
+            objectName: "export"
+            text: qsTr("Export")
+            symbol: "square.and.arrow.up"
+            isProminent: true
+            onClicked: {
+                if (preview.canvas)
+                    preview.canvas.canvas.commit()
+                detail.exportSlideshow()
+            }
+        }
+        Item {
+            width: 30
+            height: 1
+        }
+    }
+
+    T.SplitView {
+        anchors.fill: parent
+        anchors.topMargin: header.height
+        orientation: Qt.Horizontal
+        handle: SplitHandle {}
+
+        Rectangle {
+            objectName: "slideColumn"
+            T.SplitView.minimumWidth: 150
+            T.SplitView.preferredWidth: 170
+            T.SplitView.maximumWidth: 200
+            color: Theme.controlBackground
+
+            Text {
+                id: heading
+                width: parent.width
+                padding: Theme.padding
+                text: qsTr("Slides")
+                color: Theme.secondary
+                font.family: Theme.family
+                font.pixelSize: Theme.caption
+                font.weight: Font.DemiBold
+                Accessible.role: Accessible.Heading
+                Accessible.name: text
+            }
+            ListView {
+                id: list
+                objectName: "slideList"
+                anchors.fill: parent
+                anchors.topMargin: heading.height
+                topMargin: Theme.padding
+                bottomMargin: Theme.padding
+                spacing: 16
+                clip: true
+                focus: true
+                activeFocusOnTab: true
+                keyNavigationEnabled: false
+                boundsBehavior: Flickable.StopAtBounds
+                model: detail.slides
+                currentIndex: detail.selectedSlideIndex
+                highlight: null
+                Accessible.role: Accessible.List
+                Accessible.name: heading.text
+                Keys.onUpPressed: detail.select(detail.selectedSlideIndex - 1)
+                Keys.onDownPressed: detail.select(detail.selectedSlideIndex + 1)
+                T.ScrollBar.vertical: ScrollIndicatorBar {}
+
+                delegate: SlideListEntry {
+                    width: ListView.view.width
+                    aspectRatio: root.slideshow ? root.slideshow.aspectRatio : undefined
+                    isSelected: index === detail.selectedSlideIndex
+                    onChosen: {
+                        list.forceActiveFocus(Qt.MouseFocusReason)
+                        detail.select(index)
+                    }
+                }
+            }
+        }
+        SlideshowDetailPreviewView {
+            id: preview
+            T.SplitView.minimumWidth: 400
+            T.SplitView.fillWidth: true
+            slideshow: root.slideshow
+            selectedSlideIndex: detail.selectedSlideIndex
+            slide: detail.selectedSlide
+        }
+        SlideInspector {
+            objectName: "inspectorColumn"
+            T.SplitView.minimumWidth: 320
+            T.SplitView.preferredWidth: 320
+            T.SplitView.maximumWidth: 320
+            visible: detail.selectedSlide !== null
+            inspector: detail.inspector
+        }
+    }
+
+    T.Button {
+        id: close
+        objectName: "close"
+        anchors.top: parent.top
+        anchors.right: parent.right
+        anchors.margins: 20
+        implicitWidth: Theme.title2
+        implicitHeight: Theme.title2
+        focusPolicy: Qt.TabFocus
+        text: qsTr("Close")
+        Accessible.name: text
+        onClicked: root.dismissed()
+
+        contentItem: Symbol {
+            name: "xmark.circle.fill"
+            size: Theme.title2
+            color: close.hovered ? Theme.primary : Theme.secondary
+        }
+        FocusRing {
+            visible: close.visualFocus
+        }
+    }
+
+    Rectangle {
+        anchors.fill: parent
+        visible: detail.isExporting
+        color: Theme.scrim
+
+        Text {
+            anchors.centerIn: parent
+            text: qsTr("Exporting slide %1 of %2…").arg(Math.min(detail.exportedSlides + 1, detail.slides.length))
+                                                   .arg(detail.slides.length)
+            color: "white"
+            font.family: Theme.family
+            font.pixelSize: Theme.headline
+        }
+    }
+}

@@ -1,0 +1,194 @@
+#include "ui/editor/coordinator.h"
+
+#include "model/line_breaks.h"
+#include "render/text/emoji_runs.h"
+#include "render/text/fonts.h"
+#include "ui/editor/emoji_highlighter.h"
+
+#include <QtCore/QScopedValueRollback>
+#include <QtGui/QFontMetricsF>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QStyleHints>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+
+#include <algorithm>
+
+namespace mosslantern {
+
+namespace {
+
+constexpr double leastHeight = 40;
+constexpr double heightMargin = 8;
+
+/// Qt puts the baseline of a line of fixed height there, whatever its font.
+constexpr double baselineShare = 0.8;
+
+} // namespace
+
+Coordinator::Coordinator(QObject *parent)
+    : QObject(parent)
+{}
+
+Coordinator::~Coordinator() = default;
+
+QTextDocument *Coordinator::document() const
+{
+    return m_textDocument ? m_textDocument->textDocument() : nullptr;
+}
+
+void Coordinator::setTextDocument(QQuickTextDocument *textDocument)
+{
+    if (m_textDocument == textDocument)
+        return;
+    Q_ASSERT(!m_textDocument);
+    m_textDocument = textDocument;
+    m_highlighter = std::make_unique<EmojiHighlighter>(document());
+    connect(document(), &QTextDocument::contentsChange, this, [this](int position, int, int added) {
+        if (!m_isFormatting)
+            formatBlocks(position, position + added, true);
+    });
+    formatAll();
+    emit textDocumentChanged();
+}
+
+void Coordinator::setFont(const QFont &font)
+{
+    if (m_font == font)
+        return;
+    m_font = font;
+    formatAll();
+    emit fontChanged();
+}
+
+void Coordinator::setLineSpacing(double spacing)
+{
+    if (m_lineSpacing == spacing)
+        return;
+    m_lineSpacing = spacing;
+    formatAll();
+    emit fontChanged();
+}
+
+double Coordinator::factor()
+{
+    return layoutFactor;
+}
+
+int Coordinator::blinkInterval()
+{
+    return QGuiApplication::styleHints()->cursorFlashTime() / 2;
+}
+
+double Coordinator::lineHeight() const
+{
+    return QFontMetricsF(m_font).height() / layoutFactor + m_lineSpacing;
+}
+
+double Coordinator::baselineShift() const
+{
+    return QFontMetricsF(m_font).ascent() / layoutFactor - baselineShare * lineHeight();
+}
+
+QString Coordinator::editorText(const QString &text)
+{
+    QString lines = text;
+    for (QChar &character : lines) {
+        if (isLineBreak(character.unicode()))
+            character = u'\n';
+    }
+    return lines;
+}
+
+void Coordinator::replaceText(const QString &text)
+{
+    if (!document())
+        return;
+    const QScopedValueRollback formatting(m_isFormatting, true);
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(editorText(text));
+    document()->setUndoRedoEnabled(true);
+    formatAll();
+}
+
+void Coordinator::formatAll()
+{
+    if (!document() || m_font.pixelSize() <= 0)
+        return;
+    const QScopedValueRollback formatting(m_isFormatting, true);
+    m_highlighter->setFontSize(m_font.pixelSize() / layoutFactor);
+    document()->setUndoRedoEnabled(false);
+    formatBlocks(0, document()->characterCount(), false);
+    document()->setUndoRedoEnabled(true);
+}
+
+void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
+{
+    const double height = lineHeight() * layoutFactor;
+    const QScopedValueRollback formatting(m_isFormatting, true);
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        if (format.lineHeightType() == QTextBlockFormat::FixedHeight && format.lineHeight() == height)
+            continue;
+        format.setLineHeight(height, QTextBlockFormat::FixedHeight);
+        QTextCursor cursor(block);
+        if (joinsTyping)
+            cursor.joinPreviousEditBlock();
+        cursor.setBlockFormat(format);
+        if (joinsTyping)
+            cursor.endEditBlock();
+    }
+}
+
+double Coordinator::neededHeight(double laidOut)
+{
+    return std::max(leastHeight, laidOut + heightMargin);
+}
+
+QRectF Coordinator::caretBar(const QRectF &place) const
+{
+    const QFontMetricsF metrics(m_font);
+    const double letters = (metrics.ascent() + metrics.descent()) / layoutFactor;
+    const double width = std::max(0.15 * place.height(), 4.0);
+    const double height = std::min(letters + 4, place.height());
+    return {place.left(), place.top() + (place.height() - height) / 2, width, height};
+}
+
+QString Coordinator::text() const
+{
+    return document() ? document()->toPlainText() : QString();
+}
+
+int Coordinator::startOfEmojiBefore(int position) const
+{
+    for (const TextRun &run : emojiRuns(text())) {
+        if (run.start + run.length == position)
+            return static_cast<int>(run.start);
+    }
+    return position;
+}
+
+int Coordinator::endOfEmojiAfter(int position) const
+{
+    for (const TextRun &run : emojiRuns(text())) {
+        if (run.start == position)
+            return static_cast<int>(run.start + run.length);
+    }
+    return position;
+}
+
+int Coordinator::caretPosition(int from, int to) const
+{
+    for (const TextRun &run : emojiRuns(text())) {
+        const auto start = static_cast<int>(run.start);
+        const auto end = static_cast<int>(run.start + run.length);
+        if (to > start && to < end)
+            return from <= start ? end : start;
+    }
+    return to;
+}
+
+} // namespace mosslantern

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QtCore/QPointer>
+#include <QtCore/QRectF>
+#include <QtGui/QFont>
+#include <QtGui/QTextDocument>
+#include <QtQuick/QQuickTextDocument>
+
+#include <memory>
+
+namespace mosslantern {
+
+class EmojiHighlighter;
+
+/// Keeps the document of a text editor laid out like the lines of a text block: ten times their size, all
+/// lines equally high, emoji in the emoji font, whatever is typed or pasted.
+class Coordinator : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QQuickTextDocument *textDocument READ textDocument WRITE setTextDocument NOTIFY
+                   textDocumentChanged REQUIRED)
+    /// As large as the document is laid out.
+    Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY fontChanged REQUIRED)
+    /// Between lines, in points.
+    Q_PROPERTY(double lineSpacing READ lineSpacing WRITE setLineSpacing NOTIFY fontChanged REQUIRED)
+    Q_PROPERTY(double factor READ factor CONSTANT)
+    /// Half a blink of the caret in milliseconds; 0: it does not blink.
+    Q_PROPERTY(int blinkInterval READ blinkInterval CONSTANT)
+    Q_PROPERTY(double lineHeight READ lineHeight NOTIFY fontChanged)
+    Q_PROPERTY(double baselineShift READ baselineShift NOTIFY fontChanged)
+
+public:
+    explicit Coordinator(QObject *parent = nullptr);
+    ~Coordinator() override;
+
+    QQuickTextDocument *textDocument() const { return m_textDocument; }
+    void setTextDocument(QQuickTextDocument *document);
+
+    QFont font() const { return m_font; }
+    void setFont(const QFont &font);
+
+    double lineSpacing() const { return m_lineSpacing; }
+    void setLineSpacing(double spacing);
+
+    /// Units of the document to a point.
+    static double factor();
+
+    static int blinkInterval();
+
+    /// From one line to the next, in points.
+    double lineHeight() const;
+
+    /// How much lower, in points, letters stand on a text block than in the document.
+    double baselineShift() const;
+
+    /// The text as the document holds it: every line break of a text block is a line feed.
+    Q_INVOKABLE static QString editorText(const QString &text);
+
+    /// Replaces the whole text; nothing of that can be undone.
+    Q_INVOKABLE void replaceText(const QString &text);
+
+    /// The height in points that an editor needs whose text is `laidOut` points high.
+    Q_INVOKABLE static double neededHeight(double laidOut);
+
+    /// The bar that stands for a caret whose place in the text is `place` (points).
+    Q_INVOKABLE QRectF caretBar(const QRectF &place) const;
+
+    /// The start of the emoji that ends at `position`, and the end of the one that starts there; `position`
+    /// itself where there is none.
+    Q_INVOKABLE int startOfEmojiBefore(int position) const;
+    Q_INVOKABLE int endOfEmojiAfter(int position) const;
+
+    /// Where a caret belongs that came from `from` to `to`: never inside an emoji.
+    Q_INVOKABLE int caretPosition(int from, int to) const;
+
+signals:
+    void textDocumentChanged();
+    void fontChanged();
+
+private:
+    QTextDocument *document() const;
+    QString text() const;
+    void formatBlocks(int from, int to, bool joinsTyping);
+    void formatAll();
+
+    QPointer<QQuickTextDocument> m_textDocument;
+    std::unique_ptr<EmojiHighlighter> m_highlighter;
+    QFont m_font;
+    double m_lineSpacing = 0;
+    bool m_isFormatting = false;
+};
+
+} // namespace mosslantern

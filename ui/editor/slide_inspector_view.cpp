@@ -1,0 +1,225 @@
+#include "ui/editor/slide_inspector_view.h"
+
+#include <array>
+
+namespace mosslantern {
+
+namespace {
+
+constexpr RgbaColor white{1, 1, 1, 1};
+constexpr RgbaColor black{0, 0, 0, 1};
+constexpr RgbaColor clear{0, 0, 0, 0};
+constexpr std::array boxChoices{white, black};
+constexpr std::array borderChoices{black, clear};
+
+void copyStyle(const Slide &from, Slide &to)
+{
+    to.setTextStyle(from.textStyle());
+    to.setBoxColorHex(from.boxColorHex());
+    to.setTextX(from.textX());
+    to.setTextY(from.textY());
+    to.setTextScale(from.textScale());
+    to.setSubtitleX(from.subtitleX());
+    to.setSubtitleY(from.subtitleY());
+    to.setSubtitleScale(from.subtitleScale());
+}
+
+} // namespace
+
+SlideInspectorView::SlideInspectorView(Store &store, QObject *parent)
+    : QObject(parent)
+    , m_store(store)
+    , m_presets(store, nullptr, newestFirst<SlidePreset>)
+{
+    connect(this, &SlideInspectorView::boxColorChanged, this, &SlideInspectorView::colorChoiceChanged);
+    connect(this, &SlideInspectorView::styleChanged, this, &SlideInspectorView::colorChoiceChanged);
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(&m_presets, signal, this, &SlideInspectorView::presetsChanged);
+    connect(&m_presets, &QAbstractItemModel::modelReset, this, &SlideInspectorView::presetsChanged);
+}
+
+void SlideInspectorView::setSlide(Slide *slide)
+{
+    if (m_slide == slide)
+        return;
+    if (m_slide)
+        m_slide->disconnect(this);
+    m_slide = slide;
+    if (slide) {
+        connect(slide, &Slide::textChanged, this, &SlideInspectorView::textChanged);
+        connect(slide, &Slide::subtitleChanged, this, &SlideInspectorView::subtitleChanged);
+        connect(slide, &Slide::textStyleChanged, this, &SlideInspectorView::styleChanged);
+        connect(slide, &Record::removed, this, [this] { setSlide(nullptr); });
+    }
+    emit textChanged();
+    emit subtitleChanged();
+    emit styleChanged();
+}
+
+void SlideInspectorView::setSlideshow(Slideshow *slideshow)
+{
+    m_slideshow = slideshow;
+    emit slideshowChanged();
+}
+
+void SlideInspectorView::setBoxColor(const RgbaColor &color)
+{
+    if (m_boxColor == color)
+        return;
+    showBoxColor(color);
+    if (showsBoxColor() || showsBorder())
+        m_slide->setBoxColorHex(hexFromColor(color));
+}
+
+void SlideInspectorView::showBoxColor(const RgbaColor &color)
+{
+    if (m_boxColor == color)
+        return;
+    m_boxColor = color;
+    emit boxColorChanged();
+}
+
+void SlideInspectorView::setText(const QString &text)
+{
+    if (m_slide)
+        m_slide->setText(text);
+}
+
+void SlideInspectorView::setSubtitle(const QString &subtitle)
+{
+    if (m_slide)
+        m_slide->setSubtitle(subtitle);
+}
+
+QStringList SlideInspectorView::styleNames()
+{
+    QStringList names;
+    for (const TextStyle style : allTextStyles) {
+        QString name = rawText(style);
+        name[0] = name[0].toUpper();
+        names.append(name);
+    }
+    return names;
+}
+
+void SlideInspectorView::setTextStyle(int style)
+{
+    if (m_slide && style >= 0 && style < static_cast<int>(allTextStyles.size()))
+        m_slide->setTextStyle(allTextStyles[static_cast<size_t>(style)]);
+}
+
+int SlideInspectorView::colorChoice() const
+{
+    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
+    const auto found = std::ranges::find(choices, m_boxColor);
+    return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
+}
+
+void SlideInspectorView::chooseColor(int choice)
+{
+    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
+    setBoxColor(choices.at(static_cast<size_t>(choice)));
+}
+
+void SlideInspectorView::setSelectedPreset(SlidePreset *preset)
+{
+    if (m_selectedPreset == preset)
+        return;
+    disconnect(m_presetRemoved);
+    m_selectedPreset = preset;
+    if (preset)
+        m_presetRemoved = connect(preset, &Record::removed, this, [this] { setSelectedPreset(nullptr); });
+    emit presetsChanged();
+}
+
+QStringList SlideInspectorView::presetNames() const
+{
+    QStringList names{tr("None")};
+    for (const SlidePreset *preset : m_presets.records())
+        names.append(preset->name());
+    return names;
+}
+
+int SlideInspectorView::presetChoice() const
+{
+    return m_selectedPreset ? m_presets.indexOf(m_selectedPreset) + 1 : 0;
+}
+
+void SlideInspectorView::choosePreset(int choice)
+{
+    setSelectedPreset(choice > 0 && choice <= m_presets.count() ? m_presets.at(choice - 1) : nullptr);
+}
+
+void SlideInspectorView::setShowingSaveDialog(bool isShown)
+{
+    if (m_showingSaveDialog == isShown)
+        return;
+    m_showingSaveDialog = isShown;
+    emit showingSaveDialogChanged();
+}
+
+void SlideInspectorView::setNewPresetName(const QString &name)
+{
+    if (m_newPresetName == name)
+        return;
+    m_newPresetName = name;
+    emit newPresetNameChanged();
+}
+
+void SlideInspectorView::applyStyleToAllSlides(const Slideshow &slideshow)
+{
+    if (!m_slide)
+        return;
+    for (Slide *slide : slideshow.slides()) {
+        if (slide->id() != m_slide->id())
+            copyStyle(*m_slide, *slide);
+    }
+}
+
+void SlideInspectorView::applyStyleToBatch(const QUuid &batchId)
+{
+    if (!m_slide)
+        return;
+    for (const Slideshow *slideshow : m_store.fetch<Slideshow>(
+             [&](const Slideshow &candidate) { return candidate.batchId() == batchId; })) {
+        for (Slide *slide : slideshow->slides())
+            copyStyle(*m_slide, *slide);
+    }
+}
+
+void SlideInspectorView::applyToAllSlides()
+{
+    if (m_slideshow)
+        applyStyleToAllSlides(*m_slideshow);
+}
+
+void SlideInspectorView::applyToBatch()
+{
+    if (hasBatch())
+        applyStyleToBatch(m_slideshow->batchId());
+}
+
+void SlideInspectorView::applyPresetToSlide()
+{
+    if (!m_selectedPreset || !m_slide)
+        return;
+    m_slide->applyPreset(*m_selectedPreset);
+    setBoxColor(colorFromHex(m_selectedPreset->boxColorHex()));
+}
+
+void SlideInspectorView::deleteSelectedPreset()
+{
+    SlidePreset *const preset = m_selectedPreset;
+    if (!preset)
+        return;
+    setSelectedPreset(nullptr);
+    m_store.remove(preset);
+}
+
+void SlideInspectorView::savePreset()
+{
+    if (m_slide)
+        setSelectedPreset(m_store.insert(presetFromSlide(m_newPresetName.trimmed(), *m_slide)));
+}
+
+} // namespace mosslantern

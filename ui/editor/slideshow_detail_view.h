@@ -1,0 +1,89 @@
+#pragma once
+
+#include "render/export/bulk_exporter.h"
+#include "ui/common/screen_context.h"
+#include "ui/editor/slide_inspector_view.h"
+
+#include <functional>
+#include <memory>
+
+namespace mosslantern {
+
+/// The editor of one slideshow: its slides, which of them is selected, and the export.
+class SlideshowDetailView : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(
+        mosslantern::ScreenContext *context READ context WRITE setContext NOTIFY contextChanged REQUIRED)
+    Q_PROPERTY(
+        mosslantern::Slideshow *slideshow READ slideshow WRITE setSlideshow NOTIFY slideshowChanged REQUIRED)
+    /// In the order in which they are shown.
+    Q_PROPERTY(QVariantList slides READ slideList NOTIFY slidesChanged)
+    Q_PROPERTY(int selectedSlideIndex READ selectedSlideIndex NOTIFY selectedSlideIndexChanged)
+    /// Null when the index is that of no slide.
+    Q_PROPERTY(mosslantern::Slide *selectedSlide READ selectedSlide NOTIFY selectedSlideChanged)
+    Q_PROPERTY(mosslantern::SlideInspectorView *inspector READ inspector NOTIFY contextChanged)
+    Q_PROPERTY(bool isExporting READ isExporting NOTIFY exportProgressed)
+    Q_PROPERTY(int exportedSlides READ exportedSlides NOTIFY exportProgressed)
+
+public:
+    explicit SlideshowDetailView(QObject *parent = nullptr);
+
+    ScreenContext *context() const { return m_context; }
+    /// Once, before the slideshow.
+    void setContext(ScreenContext *context);
+
+    /// Null once it is removed.
+    Slideshow *slideshow() const { return m_slideshow; }
+    /// Once; the screen appears with it: missing places of slides are given, and the pickers show the colour
+    /// of the first slide as stored.
+    void setSlideshow(Slideshow *slideshow);
+
+    QList<Slide *> slides() const;
+
+    int selectedSlideIndex() const { return m_selectedSlideIndex; }
+    Slide *selectedSlide() const;
+
+    /// The colour that the inspector's pickers show.
+    RgbaColor boxColor() const { return m_inspector->boxColor(); }
+
+    SlideInspectorView *inspector() const { return m_inspector.get(); }
+
+    /// Selects the slide at a place in the list.
+    Q_INVOKABLE void select(int index);
+
+    /// Asks for a folder and writes the slides into it, in their stored order.
+    Q_INVOKABLE void exportSlideshow();
+
+    bool isExporting() const { return m_isExporting; }
+    int exportedSlides() const { return m_exportedSlides; }
+
+    /// The time that the proposed folder is named after; the system's unless it is replaced.
+    void setClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
+
+signals:
+    void contextChanged();
+    void slideshowChanged();
+    void slidesChanged();
+    void selectedSlideIndexChanged();
+    void selectedSlideChanged();
+    void exportProgressed();
+
+private:
+    QVariantList slideList() const;
+    void followSlides();
+    void showSelection();
+    void exportTo(const QString &folder);
+
+    ScreenContext *m_context = nullptr;
+    QPointer<Slideshow> m_slideshow;
+    std::unique_ptr<SlideInspectorView> m_inspector;
+    int m_selectedSlideIndex = 0;
+    Slide *m_shownSlide = nullptr;
+    bool m_isExporting = false;
+    int m_exportedSlides = 0;
+    std::function<QDateTime()> m_clock;
+};
+
+} // namespace mosslantern
