@@ -64,8 +64,8 @@ FocusScope {
                 objectName: root.objectName + index
                 width: (root.width - 4) / root.options.length
                 height: root.height
-                leftPadding: 6
-                rightPadding: 6
+                leftPadding: 3
+                rightPadding: 3
                 text: modelData
                 color: !root.enabled ? Theme.disabled : index === root.currentIndex ? Theme.primary : Theme.secondary
                 font.weight: index === root.currentIndex ? Font.DemiBold : Font.Normal

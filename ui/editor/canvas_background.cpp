@@ -18,7 +18,7 @@ QImage plain(const RgbaColor &color)
 
 CanvasBackground::CanvasBackground(QQuickItem *parent)
     : QQuickItem(parent)
-    , m_picture(*this)
+    , m_picture(*this, CanvasPicture::Turn::first)
 {
     setFlag(ItemHasContents);
     connect(&m_picture, &CanvasPicture::changed, this, [this] {

@@ -20,8 +20,9 @@ bool isOpaque(const QImage &image)
 
 } // namespace
 
-CanvasPicture::CanvasPicture(QQuickItem &item)
+CanvasPicture::CanvasPicture(QQuickItem &item, Turn turn)
     : m_item(item)
+    , m_turn(turn)
 {}
 
 CanvasPicture::~CanvasPicture()
@@ -51,7 +52,17 @@ void CanvasPicture::show(const QString &path, QSize pixels)
         take(image);
         return;
     }
-    m_loader->request(wanted, this, [this, wanted](const QImage &image) {
+    if (m_turn == Turn::first)
+        request();
+    else
+        QMetaObject::invokeMethod(this, &CanvasPicture::request, Qt::QueuedConnection);
+}
+
+void CanvasPicture::request()
+{
+    if (m_isLoaded || m_wanted.path.isEmpty())
+        return;
+    m_loader->request(m_wanted, this, [this, wanted = m_wanted](const QImage &image) {
         if (wanted != m_wanted)
             return;
         take(image);

@@ -13,8 +13,11 @@ class CanvasPicture : public QObject
     Q_OBJECT
 
 public:
-    /// `item`: whose engine's loader is used, and who is told by changed().
-    explicit CanvasPicture(QQuickItem &item);
+    /// When a picture is asked for: the canvas's before those of the small slides around it.
+    enum class Turn { first, later };
+
+    /// `item`: whose engine's loader is used.
+    CanvasPicture(QQuickItem &item, Turn turn);
     ~CanvasPicture() override;
 
     /// Wants the file at `path`, filling a canvas of this many pixels. What is at hand of the same file is
@@ -31,9 +34,11 @@ signals:
     void changed();
 
 private:
+    void request();
     void take(const QImage &image);
 
     QQuickItem &m_item;
+    Turn m_turn;
     QPointer<ThumbnailLoader> m_loader;
     ThumbnailRequest m_wanted;
     QImage m_image;

@@ -23,7 +23,7 @@ AspectRatio aspectRatioFromVariant(const QVariant &value)
 
 StaticSlide::StaticSlide(QQuickItem *parent)
     : QQuickItem(parent)
-    , m_picture(*this)
+    , m_picture(*this, CanvasPicture::Turn::later)
 {
     setFlag(ItemHasContents);
     connect(&m_picture, &CanvasPicture::changed, this, [this] {

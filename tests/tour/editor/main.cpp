@@ -174,6 +174,8 @@ void EditorTour::texts()
 void EditorTour::presets()
 {
     open(addSlideshow(AspectRatio::tiktok));
+    m_session.window().resize(1200, 960);
+    wait();
     click(u"savePreset"_s);
     picture(u"preset-dialog-empty"_s);
     m_session.type(u"My look"_s);

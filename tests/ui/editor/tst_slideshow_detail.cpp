@@ -54,7 +54,7 @@ public:
         root = show(
             u"SlideshowDetailScreen"_s,
             {{u"context"_s, QVariant::fromValue(&context)}, {u"slideshow"_s, QVariant::fromValue(slideshow)}},
-            {1200, 800});
+            {1200, 960});
     }
 
     ~ScreenSession() { close(); }
