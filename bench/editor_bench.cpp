@@ -1,6 +1,7 @@
 // The slideshow editor on five slides with photographs of 24 megapixels, in a window of 1200 by 800 points:
 // how long it takes to open, how long from a mouse move or a key to the frame that shows it, and its memory.
 
+#include "content/openai_service.h"
 #include "tests/ui/editor/editor_session.h"
 #include "tests/ui/test_file_panels.h"
 #include "ui/editor/draggable_text_view.h"
@@ -73,7 +74,8 @@ int main(int argc, char **argv)
     prepareEditorTest();
     EditorSession session;
     TestFilePanels panels;
-    ScreenContext context(session.store(), panels);
+    OpenAIService service;
+    ScreenContext context(session.store(), panels, service, Preferences(QString()));
     Slideshow *const slideshow = session.addSlideshow(
         photograph(session.library()), {u"First"_s, u"Second"_s, u"Third"_s, u"Fourth"_s, u"Fifth"_s});
     const double before = memory("VmRSS");

@@ -65,7 +65,7 @@ Window {
         }
         TextEdit {
             width: parent.width
-            visible: root.file !== ""
+            visible: root.file !== "" && !root.message.includes(root.file)
             text: root.file
             color: Theme.primary
             selectionColor: Theme.accent

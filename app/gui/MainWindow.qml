@@ -67,6 +67,11 @@ T.ApplicationWindow {
         }
     }
 
+    /// The editor of one slideshow.
+    function showSlideshowEditor(slideshow: Slideshow) {
+        sheets.setSource("../Editor/SlideshowDetailSheet.qml", {"context": context, "slideshow": slideshow, "visible": true})
+    }
+
     /// What showContentLibrary() works on.
     property string contentText
 

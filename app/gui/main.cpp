@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto contentLibrary = "content-library"_L1;
+constexpr auto slideshowEditor = "slideshow-editor"_L1;
 
 QUrl updateFeed()
 {
@@ -45,7 +46,8 @@ StartOptions readOptions()
     parser.addVersionOption();
     const QCommandLineOption library(u"library"_s, u"Keep records and pictures in this folder."_s,
                                      u"folder"_s);
-    QCommandLineOption show(u"show"_s, u"Open a sheet (%1)."_s.arg(contentLibrary), u"name"_s);
+    QCommandLineOption show(u"show"_s, u"Open a sheet (%1 or %2)."_s.arg(contentLibrary, slideshowEditor),
+                            u"name"_s);
     show.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({library, show});
     parser.process(QCoreApplication::arguments());
@@ -53,7 +55,8 @@ StartOptions readOptions()
                                               : LibraryLocation::standard(),
             .stateFile = stateFile(),
             .updateFeed = updateFeed(),
-            .showsContentLibrary = parser.value(show) == contentLibrary};
+            .showsContentLibrary = parser.value(show) == contentLibrary,
+            .showsSlideshowEditor = parser.value(show) == slideshowEditor};
 }
 
 } // namespace

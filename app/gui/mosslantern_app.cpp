@@ -1,9 +1,11 @@
 #include "app/gui/mosslantern_app.h"
 
 #include "app/gui/window_memory.h"
+#include "model/slideshow.h"
 #include "ui/common/interface_fonts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QProcessEnvironment>
 
 namespace mosslantern {
 
@@ -15,6 +17,7 @@ MosslanternApp::MosslanternApp(const StartOptions &options)
                                                  .version = QCoreApplication::applicationVersion(),
                                                  .stateFile = options.stateFile})
     , m_singleInstance(options.location)
+    , m_service(OpenAIService::baseUrlFrom(QProcessEnvironment::systemEnvironment()))
 {
     QObject::connect(&m_singleInstance, &SingleInstance::raiseRequested, &m_singleInstance,
                      [this](const QByteArray &token) { raiseWindow(token); });
@@ -51,7 +54,7 @@ bool MosslanternApp::start()
 
 bool MosslanternApp::openMainWindow()
 {
-    m_context.emplace(*m_store, m_filePanels);
+    m_context.emplace(*m_store, m_filePanels, m_service, Preferences());
     m_window = load(u"MainWindow"_s, {{u"context"_s, QVariant::fromValue(&*m_context)},
                                       {u"updater"_s, QVariant::fromValue(&updater())}});
     if (!m_window)
@@ -65,6 +68,10 @@ bool MosslanternApp::openMainWindow()
     m_window->setVisible(true);
     if (m_options.showsContentLibrary)
         QMetaObject::invokeMethod(m_window, "showContentLibrary");
+    if (const auto slideshows = m_store->all<Slideshow>();
+        m_options.showsSlideshowEditor && !slideshows.empty())
+        QMetaObject::invokeMethod(m_window, "showSlideshowEditor",
+                                  Q_ARG(mosslantern::Slideshow *, slideshows.front()));
     return true;
 }
 

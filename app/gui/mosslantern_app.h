@@ -3,6 +3,7 @@
 #include "app/gui/qt_file_panels.h"
 #include "app/gui/single_instance.h"
 #include "app/update/spu_standard_updater_controller.h"
+#include "content/openai_service.h"
 #include "model/store.h"
 #include "ui/common/screen_context.h"
 
@@ -20,6 +21,7 @@ struct StartOptions
     QString stateFile; // an INI file for the window's place and the like
     QUrl updateFeed;   // invalid for none
     bool showsContentLibrary = false;
+    bool showsSlideshowEditor = false; // on the first slideshow, if there is one
 };
 
 /// The application: its updater, its store and its window.
@@ -47,6 +49,7 @@ private:
     SingleInstance m_singleInstance;
     std::unique_ptr<Store> m_store;
     QtFilePanels m_filePanels;
+    OpenAIService m_service;
     std::optional<ScreenContext> m_context;
     std::optional<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_window = nullptr;

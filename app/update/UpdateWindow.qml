@@ -12,9 +12,9 @@ Window {
     readonly property bool isChecking: updater.status === SPUUpdater.Checking
 
     width: 460
-    height: hasUpdate && updater.notes !== "" ? 400 : 180
+    height: hasUpdate && updater.notes !== "" ? 360 : 140
     minimumWidth: 380
-    minimumHeight: 160
+    minimumHeight: 140
     title: qsTr("Software Update")
     color: Theme.windowBackground
     visible: updater.isShown

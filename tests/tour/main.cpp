@@ -35,6 +35,7 @@ private:
     void collections();
     void contentLibrary();
     void menus();
+    void controls();
     void updates();
     void failure();
     void save(QQuickWindow *window, const QString &name);
@@ -196,6 +197,44 @@ void Tour::save(QQuickWindow *window, const QString &name)
         qFatal("%s cannot be written", qPrintable(file));
 }
 
+/// Every shared control that no screen shows yet, in its states.
+void Tour::controls()
+{
+    QQmlEngine engine;
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    QQmlComponent component(&engine);
+    component.setData(R"(
+        import QtQuick
+        import Mosslantern.Common
+        Window {
+            width: 420; height: 330; visible: true; color: Theme.windowBackground
+            InspectorCard {
+                x: 20; y: 20; width: 380; title: "Style"
+                Column {
+                    width: parent.width; spacing: 14
+                    SegmentedPicker { objectName: "segments"; label: "Shape"; width: parent.width; options: ["9:16", "4:5", "1:1"]; onPicked: (index) => currentIndex = index }
+                    SegmentedPicker { label: "Disabled"; width: parent.width; enabled: false; options: ["One", "A text that is too long for it"] }
+                    MenuPicker { objectName: "menu"; label: "Images"; width: parent.width; model: ["All Assets", "Flowers", "A collection whose name is far too long for a menu of this width"] }
+                    Row { spacing: 8
+                        PushButton { text: "Plain" } PushButton { text: "Prominent"; isProminent: true; symbol: "sparkles" }
+                        PushButton { text: "Delete"; isDestructive: true; symbol: "trash" } PushButton { text: "Off"; enabled: false }
+                    }
+                }
+            }
+        }
+    )",
+                      {});
+    const std::unique_ptr<QObject> object(component.create());
+    auto *const window = qobject_cast<QQuickWindow *>(object.get());
+    if (!window || !QTest::qWaitForWindowExposed(window))
+        qFatal("%s", qPrintable(component.errorString()));
+    window->requestActivate();
+    QTest::mouseClick(window, Qt::LeftButton, {}, {210, 80});
+    QTest::mouseClick(window, Qt::LeftButton, {}, {210, 165});
+    waitForPopup();
+    save(window, u"controls"_s);
+}
+
 void Tour::updates()
 {
     const QByteArray feed =
@@ -255,6 +294,7 @@ void Tour::run()
     m_session.window()->resize(1200, 730);
     waitForThumbnails();
     picture(u"assets-smallest"_s);
+    controls();
     updates();
     failure();
 }
@@ -265,6 +305,7 @@ int main(int argc, char **argv)
 {
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     const QApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(u"1.2"_s);
     if (argc != 2)
         qFatal("usage: tour FOLDER");
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)

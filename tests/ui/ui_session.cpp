@@ -41,7 +41,8 @@ UiSession::~UiSession()
 
 QQuickWindow *UiSession::open()
 {
-    m_context = std::make_unique<ScreenContext>(store(), m_panels);
+    m_service = std::make_unique<OpenAIService>(m_serviceUrl);
+    m_context = std::make_unique<ScreenContext>(store(), m_panels, *m_service, preferences());
     m_engine = std::make_unique<QQmlApplicationEngine>();
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
     m_updater =

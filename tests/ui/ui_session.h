@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/update/spu_updater.h"
+#include "content/openai_service.h"
 #include "tests/model/test_library.h"
 #include "tests/ui/test_file_panels.h"
 #include "ui/common/screen_context.h"
@@ -25,6 +26,10 @@ public:
     /// Where updates are looked for, before the window opens; nowhere at first.
     void setFeed(const QUrl &feed) { m_feed = feed; }
     SPUUpdater &updater() { return *m_updater; }
+
+    /// Where the AI service is, before the window opens; nowhere at first.
+    void setServiceUrl(const QString &url) { m_serviceUrl = url; }
+    Preferences preferences() const { return Preferences(m_library.path(QStringLiteral("preferences.ini"))); }
 
     /// Opens the main window; waits until it shows its first frame.
     QQuickWindow *open();
@@ -52,6 +57,8 @@ private:
     TestFilePanels m_panels;
     QUrl m_feed{QString(), QUrl::StrictMode};
     std::unique_ptr<SPUUpdater> m_updater;
+    QString m_serviceUrl = QStringLiteral("http://127.0.0.1:9");
+    std::unique_ptr<OpenAIService> m_service;
     std::unique_ptr<ScreenContext> m_context;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     QQuickWindow *m_window = nullptr;

@@ -61,6 +61,7 @@ FocusScope {
             objectName: "deleteAsset"
             text: qsTr("Delete")
             isDestructive: true
+            shortcutText: qsTr("Del")
             onTriggered: library.deleteAsset(menu.asset)
         }
     }

@@ -1,5 +1,6 @@
 // The slideshow editor and its inspector: first their operations on records, then the window.
 
+#include "content/openai_service.h"
 #include "model/slide_preset.h"
 #include "tests/ui/editor/editor_session.h"
 #include "tests/ui/test_file_panels.h"
@@ -17,7 +18,7 @@ namespace {
 struct Fixture
 {
     explicit Fixture(const QUuid &batch = {})
-        : context(session.store(), panels)
+        : context(session.store(), panels, service, Preferences(QString()))
         , slideshow(addSlideshow(batch))
     {
         detail.setContext(&context);
@@ -35,6 +36,7 @@ struct Fixture
     EditorSession session;
     QString picture = session.addPicture(u"photo.jpg"_s, {300, 300});
     TestFilePanels panels;
+    OpenAIService service;
     ScreenContext context;
     Slideshow *slideshow;
     SlideshowDetailView detail;
@@ -48,7 +50,7 @@ class ScreenSession : public EditorSession
 {
 public:
     ScreenSession()
-        : context(store(), panels)
+        : context(store(), panels, service, Preferences(QString()))
         , slideshow(addSlideshow(addPicture(u"photo.jpg"_s, {400, 700}), {u"One"_s, u"Two"_s, u"Three"_s}))
     {
         root = show(
@@ -78,6 +80,7 @@ public:
     }
 
     TestFilePanels panels;
+    OpenAIService service;
     ScreenContext context;
     Slideshow *slideshow;
     QQuickItem *root;
