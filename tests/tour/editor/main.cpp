@@ -1,6 +1,7 @@
 // Opens the slideshow editor in each of its states and writes a picture of each into a folder:
 // editor_tour FOLDER.
 
+#include "content/openai_service.h"
 #include "model/image_files.h"
 #include "tests/ui/editor/editor_session.h"
 #include "tests/ui/test_file_panels.h"
@@ -19,7 +20,7 @@ class EditorTour
 public:
     explicit EditorTour(const QString &folder)
         : m_folder(folder)
-        , m_context(m_session.store(), m_panels)
+        , m_context(m_session.store(), m_panels, m_service, Preferences(QString()))
     {
         m_folder.mkpath(u"."_s);
     }
@@ -44,6 +45,7 @@ private:
     EditorSession m_session;
     QDir m_folder;
     TestFilePanels m_panels;
+    OpenAIService m_service;
     ScreenContext m_context;
     SlideshowDetailView *m_detail = nullptr;
 };
