@@ -1,31 +1,10 @@
 #include "ui/editor/canvas_background.h"
 
-#include "render/pixels/pixels.h"
-#include "ui/editor/image_layer.h"
-
 namespace mosslantern {
 
-namespace {
-
-QImage plain(const RgbaColor &color)
-{
-    QImage image(1, 1, QImage::Format_ARGB32_Premultiplied);
-    image.fill(toColor(color));
-    return image;
-}
-
-} // namespace
-
 CanvasBackground::CanvasBackground(QQuickItem *parent)
-    : QQuickItem(parent)
-    , m_picture(*this, CanvasPicture::Turn::first)
-{
-    setFlag(ItemHasContents);
-    connect(&m_picture, &CanvasPicture::changed, this, [this] {
-        reload();
-        emit isLoadedChanged();
-    });
-}
+    : PictureBackground(parent)
+{}
 
 void CanvasBackground::setSlide(Slide *slide)
 {
@@ -40,62 +19,14 @@ void CanvasBackground::setSlide(Slide *slide)
     emit slideChanged();
 }
 
-void CanvasBackground::setCanvasSize(QSizeF size)
+QString CanvasBackground::picturePath() const
 {
-    if (m_canvasSize == size)
-        return;
-    m_canvasSize = size;
-    reload();
-    emit canvasSizeChanged();
+    return m_slide ? m_slide->imageURL().toLocalFile() : QString();
 }
 
-void CanvasBackground::componentComplete()
+RgbaColor CanvasBackground::noPicture() const
 {
-    QQuickItem::componentComplete();
-    reload();
-}
-
-void CanvasBackground::itemChange(ItemChange change, const ItemChangeData &value)
-{
-    QQuickItem::itemChange(change, value);
-    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
-        reload();
-}
-
-void CanvasBackground::reload()
-{
-    if (isComponentComplete() && window())
-        polish();
-}
-
-void CanvasBackground::updatePolish()
-{
-    if (m_canvasSize.isEmpty())
-        return;
-    const QString path = m_slide ? m_slide->imageURL().toLocalFile() : QString();
-    const bool wasLoaded = isLoaded();
-    m_picture.show(path, Canvas{m_canvasSize, window()->effectiveDevicePixelRatio()}.pixelSize());
-    const auto fill = m_picture.fill();
-    m_image = fill ? fill->image : plain(path.isEmpty() ? noPictureColor : missingPictureColor);
-    m_imageIsNew = true;
-    update();
-    if (wasLoaded != isLoaded())
-        emit isLoadedChanged();
-}
-
-QSGNode *CanvasBackground::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
-{
-    auto *imageNode = static_cast<QSGImageNode *>(node);
-    if (m_image.isNull())
-        return imageNode;
-    if (!imageNode || m_imageIsNew) {
-        delete imageNode;
-        imageNode = makeImageNode(window(), m_image, {}, 1);
-        imageNode->setFiltering(QSGTexture::Linear);
-        m_imageIsNew = false;
-    }
-    imageNode->setRect(boundingRect());
-    return imageNode;
+    return noPictureColor;
 }
 
 } // namespace mosslantern

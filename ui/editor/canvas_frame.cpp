@@ -15,14 +15,14 @@ namespace {
 
 constexpr double cornerRadius = 12;
 
-const std::vector<Shadow> &frameShadow()
+std::vector<Shadow> frameShadow(double strength)
 {
-    static const std::vector<Shadow> shadow{{{0, 0, 0, 0.3}, 30, {0, 10}}};
-    return shadow;
+    return {{{0, 0, 0, strength}, 30, {0, 10}}};
 }
 
 /// A canvas of `canvas` pixels, `margin` away from the edges: its shadow on the backdrop, and nothing inside.
-QImage drawFrame(QSize canvas, int margin, double pixelRatio, const QColor &backdrop)
+QImage drawFrame(QSize canvas, int margin, double pixelRatio, const QColor &backdrop,
+                 const std::vector<Shadow> &shadows)
 {
     QImage mask(canvas.grownBy({margin, margin, margin, margin}), QImage::Format_Alpha8);
     mask.fill(0);
@@ -35,7 +35,7 @@ QImage drawFrame(QSize canvas, int margin, double pixelRatio, const QColor &back
     }
     QImage shadow(mask.size(), QImage::Format_RGBA8888_Premultiplied);
     shadow.fill(Qt::transparent);
-    castShadows(shadow, alphaPlane(mask), frameShadow(), pixelRatio);
+    castShadows(shadow, alphaPlane(mask), shadows, pixelRatio);
 
     QImage frame(mask.size(), QImage::Format_ARGB32_Premultiplied);
     frame.fill(backdrop);
@@ -64,6 +64,15 @@ void CanvasFrame::setBackdrop(const QColor &color)
     emit backdropChanged();
 }
 
+void CanvasFrame::setShadowStrength(double strength)
+{
+    if (m_shadowStrength == strength)
+        return;
+    m_shadowStrength = strength;
+    polish();
+    emit shadowStrengthChanged();
+}
+
 void CanvasFrame::itemChange(ItemChange change, const ItemChangeData &value)
 {
     QQuickItem::itemChange(change, value);
@@ -83,8 +92,9 @@ void CanvasFrame::updatePolish()
     if (!window() || size().isEmpty())
         return;
     m_pixelRatio = window()->effectiveDevicePixelRatio();
-    m_margin = static_cast<int>(std::ceil(shadowReach(frameShadow(), m_pixelRatio)));
-    m_image = drawFrame((size() * m_pixelRatio).toSize(), m_margin, m_pixelRatio, m_backdrop);
+    const std::vector<Shadow> shadows = frameShadow(m_shadowStrength);
+    m_margin = static_cast<int>(std::ceil(shadowReach(shadows, m_pixelRatio)));
+    m_image = drawFrame((size() * m_pixelRatio).toSize(), m_margin, m_pixelRatio, m_backdrop, shadows);
     m_imageIsNew = true;
     update();
 }

@@ -14,6 +14,8 @@ class CanvasFrame : public QQuickItem
     QML_ELEMENT
     /// Around the canvas.
     Q_PROPERTY(QColor backdrop READ backdrop WRITE setBackdrop NOTIFY backdropChanged REQUIRED)
+    /// Opacity of the shadow.
+    Q_PROPERTY(double shadowStrength READ shadowStrength WRITE setShadowStrength NOTIFY shadowStrengthChanged)
 
 public:
     explicit CanvasFrame(QQuickItem *parent = nullptr);
@@ -21,8 +23,12 @@ public:
     QColor backdrop() const { return m_backdrop; }
     void setBackdrop(const QColor &color);
 
+    double shadowStrength() const { return m_shadowStrength; }
+    void setShadowStrength(double strength);
+
 signals:
     void backdropChanged();
+    void shadowStrengthChanged();
 
 protected:
     void itemChange(ItemChange change, const ItemChangeData &value) override;
@@ -32,6 +38,7 @@ protected:
 
 private:
     QColor m_backdrop;
+    double m_shadowStrength = 0.3;
     QImage m_image;
     int m_margin = 0;
     double m_pixelRatio = 1;
