@@ -10,6 +10,30 @@ Window {
     required property SPUUpdater updater
     readonly property bool hasUpdate: updater.status === SPUUpdater.UpdateFound
     readonly property bool isChecking: updater.status === SPUUpdater.Checking
+    readonly property string heading: {
+        switch (updater.status) {
+        case SPUUpdater.Checking:
+            return qsTr("Checking for updates…")
+        case SPUUpdater.UpdateFound:
+            return qsTr("A new version of Mosslantern is available")
+        case SPUUpdater.UpToDate:
+            return qsTr("Mosslantern is up to date")
+        case SPUUpdater.Failed:
+            return qsTr("The update check failed")
+        }
+        return ""
+    }
+    readonly property string details: {
+        switch (updater.status) {
+        case SPUUpdater.UpdateFound:
+            return qsTr("Version %1 can be downloaded. You have %2.").arg(updater.newVersion).arg(updater.currentVersion)
+        case SPUUpdater.UpToDate:
+            return qsTr("Version %1 is the newest there is.").arg(updater.currentVersion)
+        case SPUUpdater.Failed:
+            return updater.message
+        }
+        return ""
+    }
 
     width: 460
     height: hasUpdate && updater.notes !== "" ? 360 : 140
@@ -35,10 +59,7 @@ Window {
             id: heading
             objectName: "updateHeading"
             width: parent.width - 40
-            text: root.isChecking ? qsTr("Checking for updates…")
-                : root.hasUpdate ? qsTr("A new version of Mosslantern is available")
-                : root.updater.status === SPUUpdater.Failed ? qsTr("The update check failed")
-                : qsTr("Mosslantern is up to date")
+            text: root.heading
             color: Theme.primary
             font.family: Theme.family
             font.pixelSize: Theme.title3
@@ -52,10 +73,7 @@ Window {
             anchors.top: heading.bottom
             anchors.topMargin: 6
             width: parent.width
-            text: root.isChecking ? "" : root.hasUpdate
-                  ? qsTr("Version %1 can be downloaded. You have %2.").arg(root.updater.newVersion).arg(root.updater.currentVersion)
-                : root.updater.status === SPUUpdater.Failed ? root.updater.message
-                : qsTr("Version %1 is the newest there is.").arg(root.updater.currentVersion)
+            text: root.details
             color: Theme.secondary
             font.family: Theme.family
             font.pixelSize: Theme.body
@@ -104,6 +122,12 @@ Window {
             anchors.right: parent.right
             spacing: Theme.spacing
 
+            PushButton {
+                objectName: "openReleaseNotes"
+                visible: root.hasUpdate && root.updater.notes === "" && root.updater.hasNotesPage
+                text: qsTr("Release Notes")
+                onClicked: root.updater.openReleaseNotes()
+            }
             PushButton {
                 objectName: "dismissUpdate"
                 text: root.hasUpdate ? qsTr("Not Now") : root.isChecking ? qsTr("Hide") : qsTr("OK")

@@ -23,6 +23,17 @@ struct Draft
     bool isForOthers = false;
 };
 
+/// An element of RSS itself, which has no namespace.
+bool isRss(const QXmlStreamReader &reader, QLatin1StringView name)
+{
+    return reader.namespaceUri().isEmpty() && reader.name() == name;
+}
+
+QUrl httpsOnly(const QUrl &url)
+{
+    return url.scheme() == "https"_L1 ? url : QUrl();
+}
+
 void readEnclosure(const QXmlStreamAttributes &attributes, Draft &draft)
 {
     draft.enclosure = QUrl(attributes.value("url"_L1).toString());
@@ -41,6 +52,8 @@ void readSparkleElement(QXmlStreamReader &reader, Draft &draft)
         draft.item.version = reader.readElementText().trimmed();
     else if (reader.name() == "shortVersionString"_L1)
         draft.item.shownVersion = reader.readElementText().trimmed();
+    else if (reader.name() == "releaseNotesLink"_L1)
+        draft.item.notesPage = httpsOnly(QUrl(reader.readElementText().trimmed()));
     else if (reader.name() == "channel"_L1) {
         draft.isForOthers = true;
         reader.skipCurrentElement();
@@ -54,12 +67,12 @@ Draft readItem(QXmlStreamReader &reader)
     while (reader.readNextStartElement()) {
         if (reader.namespaceUri() == sparkle) {
             readSparkleElement(reader, draft);
-        } else if (reader.name() == "enclosure"_L1) {
+        } else if (isRss(reader, "enclosure"_L1)) {
             readEnclosure(reader.attributes(), draft);
             reader.skipCurrentElement();
-        } else if (reader.name() == "link"_L1) {
+        } else if (isRss(reader, "link"_L1)) {
             draft.link = QUrl(reader.readElementText().trimmed());
-        } else if (reader.name() == "description"_L1) {
+        } else if (isRss(reader, "description"_L1)) {
             const QString notes = reader.readElementText(QXmlStreamReader::IncludeChildElements);
             draft.item.notes = QTextDocumentFragment::fromHtml(notes).toPlainText().trimmed();
         } else {
@@ -71,8 +84,8 @@ Draft readItem(QXmlStreamReader &reader)
 
 std::optional<AppcastItem> finished(Draft draft)
 {
-    const QUrl page = draft.link.isEmpty() ? draft.enclosure : draft.link;
-    if (draft.isForOthers || draft.item.version.isEmpty() || page.scheme() != "https"_L1)
+    const QUrl page = httpsOnly(draft.link.isEmpty() ? draft.enclosure : draft.link);
+    if (draft.isForOthers || draft.item.version.isEmpty() || page.isEmpty())
         return std::nullopt;
     draft.item.downloadPage = page;
     if (draft.item.shownVersion.isEmpty())
@@ -86,15 +99,15 @@ Result<QList<AppcastItem>> parseAppcast(const QByteArray &xml)
 {
     QList<AppcastItem> items;
     QXmlStreamReader reader(xml);
-    if (!reader.readNextStartElement() || reader.name() != "rss"_L1)
+    if (!reader.readNextStartElement() || !isRss(reader, "rss"_L1))
         return fail(u"The list of updates could not be read."_s);
     while (reader.readNextStartElement()) {
-        if (reader.name() != "channel"_L1) {
+        if (!isRss(reader, "channel"_L1)) {
             reader.skipCurrentElement();
             continue;
         }
         while (reader.readNextStartElement()) {
-            if (reader.name() != "item"_L1)
+            if (!isRss(reader, "item"_L1))
                 reader.skipCurrentElement();
             else if (const std::optional<AppcastItem> item = finished(readItem(reader)))
                 items.append(*item);

@@ -54,11 +54,10 @@ void SPUUpdater::checkForUpdates()
 {
     if (!canCheckForUpdates())
         return;
-    setShown(true);
-    if (m_isChecking)
-        return;
     setStatus(Status::Checking);
-    check(Occasion::asked);
+    setShown(true);
+    if (!m_isChecking)
+        check();
 }
 
 void SPUUpdater::checkIfDue()
@@ -69,10 +68,10 @@ void SPUUpdater::checkIfDue()
     const bool isDue =
         !last.isValid() || passed < 0 || passed >= std::chrono::seconds(shortestInterval).count();
     if (isDue && !m_isChecking && !m_isShown)
-        check(Occasion::scheduled);
+        check();
 }
 
-QCoro::Task<> SPUUpdater::check(Occasion occasion)
+QCoro::Task<> SPUUpdater::check()
 {
     m_isChecking = true;
     QSettings(m_settings.stateFile, QSettings::IniFormat)
@@ -92,12 +91,10 @@ QCoro::Task<> SPUUpdater::check(Occasion occasion)
 
     m_isChecking = false;
     const bool failed = reply->error() != QNetworkReply::NoError;
-    // Whoever asks while a scheduled check is under way is shown its outcome.
-    finish(m_isShown ? Occasion::asked : occasion,
-           failed ? fail(reply->errorString()) : Result<QByteArray>(reply->readAll()));
+    finish(failed ? fail(reply->errorString()) : Result<QByteArray>(reply->readAll()));
 }
 
-void SPUUpdater::finish(Occasion occasion, const Result<QByteArray> &feed)
+void SPUUpdater::finish(const Result<QByteArray> &feed)
 {
     const auto releases = feed ? parseAppcast(*feed) : std::unexpected(feed.error());
     const auto update = releases ? newestUpdate(*releases, m_settings.version) : std::optional<AppcastItem>();
@@ -105,9 +102,12 @@ void SPUUpdater::finish(Occasion occasion, const Result<QByteArray> &feed)
         m_found = *update;
         setStatus(Status::UpdateFound);
         setShown(true);
-    } else if (occasion == Occasion::asked) {
+    } else if (m_isShown) {
         m_message = releases ? QString() : releases.error().message;
         setStatus(releases ? Status::UpToDate : Status::Failed);
+    } else {
+        // Nobody asked, or whoever asked no longer waits.
+        setStatus(Status::Idle);
     }
 }
 
@@ -120,6 +120,11 @@ void SPUUpdater::openDownloadPage()
 {
     QDesktopServices::openUrl(m_found.downloadPage);
     dismiss();
+}
+
+void SPUUpdater::openReleaseNotes()
+{
+    QDesktopServices::openUrl(m_found.notesPage);
 }
 
 void SPUUpdater::setStatus(Status status)

@@ -35,6 +35,7 @@ class SPUUpdater : public QObject
     Q_PROPERTY(QString currentVersion READ currentVersion CONSTANT)
     Q_PROPERTY(QString newVersion READ newVersion NOTIFY statusChanged)
     Q_PROPERTY(QString notes READ notes NOTIFY statusChanged)
+    Q_PROPERTY(bool hasNotesPage READ hasNotesPage NOTIFY statusChanged)
     Q_PROPERTY(bool isShown READ isShown NOTIFY isShownChanged)
 
 public:
@@ -47,7 +48,7 @@ public:
     /// Begins the checks in the background, after a moment in which the first window can be made.
     void start(std::chrono::milliseconds delay = std::chrono::seconds(5));
 
-    /// Looks now, and shows the progress and the outcome.
+    /// Shows the progress and the outcome of a check that begins now or is under way already.
     Q_INVOKABLE void checkForUpdates();
 
     /// False without a feed.
@@ -60,11 +61,17 @@ public:
     /// Of the newer version that was found.
     QString newVersion() const { return m_found.shownVersion; }
     QString notes() const { return m_found.notes; }
+    QUrl notesPage() const { return m_found.notesPage; }
+    bool hasNotesPage() const { return !m_found.notesPage.isEmpty(); }
     QUrl downloadPage() const { return m_found.downloadPage; }
 
     /// Whether the window of the updater is shown.
     bool isShown() const { return m_isShown; }
+    /// Hides it. A check that is under way goes on, but speaks up only about a newer version.
     Q_INVOKABLE void dismiss();
+
+    /// Opens the page of the release notes in the browser.
+    Q_INVOKABLE void openReleaseNotes();
 
     /// Opens the download page in the browser and dismisses.
     Q_INVOKABLE void openDownloadPage();
@@ -74,11 +81,9 @@ signals:
     void isShownChanged();
 
 private:
-    enum class Occasion { asked, scheduled };
-
     void checkIfDue();
-    QCoro::Task<> check(Occasion occasion);
-    void finish(Occasion occasion, const Result<QByteArray> &feed);
+    QCoro::Task<> check();
+    void finish(const Result<QByteArray> &feed);
     void setStatus(Status status);
     void setShown(bool isShown);
 

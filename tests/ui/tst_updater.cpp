@@ -13,7 +13,8 @@ namespace {
 QByteArray feedOf(const QByteArray &items)
 {
     return "<?xml version=\"1.0\"?><rss version=\"2.0\" "
-           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel><title>t</title>" +
+           "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\" "
+           "xmlns:atom=\"http://www.w3.org/2005/Atom\"><channel><title>t</title>" +
            items + "</channel></rss>";
 }
 
@@ -94,6 +95,10 @@ private slots:
         QTest::newRow("no safe page")
             << QByteArray("<item><sparkle:version>3</sparkle:version><link>javascript:x</link></item>")
             << QString();
+        QTest::newRow("elements of another namespace")
+            << QByteArray("<item><sparkle:version>3</sparkle:version><link>https://e.org/f</link>"
+                          "<atom:link href='https://e.org/feed'/></item>")
+            << u"3"_s;
         QTest::newRow("not newer") << item("<sparkle:version>1.2</sparkle:version>") << QString();
     }
     void readsAppcasts()
@@ -113,6 +118,8 @@ private slots:
         QTest::addColumn<Status>("status");
         QTest::newRow("newer") << response(feedOf(
                                       item("<sparkle:version>2</sparkle:version>"
+                                           "<sparkle:releaseNotesLink>https://example.org/notes"
+                                           "</sparkle:releaseNotesLink>"
                                            "<description>&lt;b&gt;New&lt;/b&gt; things</description>")))
                                << Status::UpdateFound;
         QTest::newRow("same") << response(feedOf(item("<sparkle:version>1.2</sparkle:version>")))
@@ -136,6 +143,7 @@ private slots:
         QCOMPARE(updater.message().isEmpty(), status != SPUUpdater::Status::Failed);
         if (status == SPUUpdater::Status::UpdateFound) {
             QCOMPARE(updater.notes(), u"New things"_s);
+            QCOMPARE(updater.notesPage(), QUrl(u"https://example.org/notes"_s));
             QCOMPARE(updater.downloadPage(), QUrl(u"https://example.org/get"_s));
         }
     }
@@ -167,6 +175,41 @@ private slots:
         QTest::qWait(300);
         QCOMPARE(server.requests().size(), requests);
         QCOMPARE(updater.isShown(), isShown);
+    }
+
+    void showsACheckThatIsUnderWayAlready_data()
+    {
+        using Status = SPUUpdater::Status;
+        QTest::addColumn<QByteArray>("version");
+        QTest::addColumn<bool>("isHidden");
+        QTest::addColumn<Status>("outcome");
+        QTest::addColumn<bool>("isShown");
+        QTest::newRow("nothing new") << QByteArray("1") << false << Status::UpToDate << true;
+        QTest::newRow("nothing new, hidden meanwhile") << QByteArray("1") << true << Status::Idle << false;
+        QTest::newRow("newer, hidden meanwhile") << QByteArray("2") << true << Status::UpdateFound << true;
+    }
+    void showsACheckThatIsUnderWayAlready()
+    {
+        QFETCH(const QByteArray, version);
+        QFETCH(const bool, isHidden);
+        QFETCH(const SPUUpdater::Status, outcome);
+        QFETCH(const bool, isShown);
+        QPointer<QTcpSocket> waiting;
+        const TestServer server([&waiting](QTcpSocket *socket) { waiting = socket; });
+        SPUUpdater updater(settings(server));
+        updater.start(std::chrono::milliseconds(0));
+        QTRY_VERIFY(waiting);
+        QCOMPARE(updater.status(), SPUUpdater::Status::Idle);
+        updater.checkForUpdates();
+        QVERIFY(updater.isShown());
+        QCOMPARE(updater.status(), SPUUpdater::Status::Checking);
+        if (isHidden)
+            updater.dismiss();
+        TestServer::always(response(feedOf(item("<sparkle:version>" + version + "</sparkle:version>"))))(
+            waiting);
+        QTRY_COMPARE(updater.status(), outcome);
+        QCOMPARE(updater.isShown(), isShown);
+        QCOMPARE(server.requests().size(), 1);
     }
 
     void survivesBeingDestroyedDuringACheck()
