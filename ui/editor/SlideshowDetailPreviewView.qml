@@ -15,9 +15,17 @@ Rectangle {
     color: Theme.windowBackground
     clip: true
     onSlideChanged: showSlide()
-    Component.onCompleted: showSlide()
+    Component.onCompleted: {
+        isComplete = true
+        showSlide()
+    }
+
+    property bool isComplete: false
 
     function showSlide() {
+        // Setting a source a second time makes a second canvas.
+        if (!isComplete)
+            return
         if (slide)
             loader.setSource("SlideCanvas.qml", {"slide": slide, "slideshow": slideshow, "backdrop": color})
         else

@@ -1,0 +1,112 @@
+// The slideshow editor as a sheet of the main window.
+
+#include "tests/ui/ui_session.h"
+#include "ui/common/interface_fonts.h"
+#include "ui/editor/draggable_text_view.h"
+
+#include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SheetSession : public UiSession
+{
+public:
+    SheetSession()
+        : slideshow(library().addSlideshow(library().addAsset(u"a.jpg"_s), {u"One"_s, u"Two"_s}))
+    {
+        open();
+    }
+
+    bool openEditor()
+    {
+        QMetaObject::invokeMethod(window(), "showSlideshowEditor",
+                                  Q_ARG(mosslantern::Slideshow *, slideshow));
+        return QTest::qWaitFor([this] {
+            const QQuickItem *const list = find(u"slideList"_s);
+            return list && list->hasActiveFocus();
+        });
+    }
+    DraggableTextView *block() const
+    {
+        return find(u"canvasLoader"_s)->findChild<DraggableTextView *>(u"mainBlock"_s);
+    }
+
+    Slideshow *slideshow;
+};
+
+} // namespace
+
+class SlideshowSheetTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void escapeDoesNotEndEditing();
+    void closingWritesWhatIsEdited_data();
+    void closingWritesWhatIsEdited();
+    void outlivesItsSlideshow();
+};
+
+void SlideshowSheetTest::escapeDoesNotEndEditing()
+{
+    SheetSession s;
+    QVERIFY(s.openEditor());
+    s.block()->startEditing();
+    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
+    s.key(Qt::Key_Escape);
+    QTest::qWait(200);
+    QVERIFY(s.find(u"textEdit"_s));
+    QVERIFY(s.click(u"slideEntry1"_s));
+    s.key(Qt::Key_Escape);
+    QTRY_VERIFY(!s.find(u"slideList"_s));
+}
+
+void SlideshowSheetTest::closingWritesWhatIsEdited_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::newRow("Done") << u"done"_s;
+    QTest::newRow("close button") << u"close"_s;
+}
+
+void SlideshowSheetTest::closingWritesWhatIsEdited()
+{
+    QFETCH(QString, button);
+    SheetSession s;
+    QVERIFY(s.openEditor());
+    QVERIFY(s.click(u"slideEntry1"_s));
+    QTRY_COMPARE(s.block()->text(), u"Two"_s);
+    s.block()->startEditing();
+    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
+    s.type(u"!"_s);
+    QVERIFY(s.click(button));
+    QTRY_COMPARE(s.slideshow->slides()[1]->text(), u"Two!"_s);
+    QTRY_VERIFY(!s.find(u"slideList"_s));
+    QVERIFY(s.openEditor());
+    QCOMPARE(s.block()->text(), u"One"_s);
+}
+
+void SlideshowSheetTest::outlivesItsSlideshow()
+{
+    SheetSession s;
+    QVERIFY(s.openEditor());
+    s.store().remove(s.slideshow);
+    s.settle();
+    QVERIFY(!s.find(u"mainText"_s));
+    QVERIFY(s.click(u"done"_s));
+    QTRY_VERIFY(!s.find(u"slideList"_s));
+}
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+        qFatal("%s", qPrintable(fonts.error().message));
+    SlideshowSheetTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_slideshow_sheet.moc"
