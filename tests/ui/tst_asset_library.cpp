@@ -115,10 +115,14 @@ private slots:
         session().key(Qt::Key_F10, Qt::ShiftModifier);
         QVERIFY(session().find(u"deleteAsset"_s));
         session().key(Qt::Key_Escape);
-        session().key(Qt::Key_Right);
-        session().key(Qt::Key_Right);
+        session().hold(Qt::Key_Delete);
+        QCOMPARE(assetNames(), QStringList(u"1"_s));
+        session().key(Qt::Key_End);
         session().key(Qt::Key_Return);
         QVERIFY(session().panels().isShown());
+        session().key(Qt::Key_Home);
+        session().key(Qt::Key_Backspace);
+        QCOMPARE(assetNames(), QStringList());
     }
 
     void laysOutAdaptiveColumns_data()

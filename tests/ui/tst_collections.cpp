@@ -49,6 +49,23 @@ private slots:
         QVERIFY(session().findText(u"Select a Collection"_s));
     }
 
+    void createsOneHoweverOftenItIsAsked()
+    {
+        openCollections();
+        QVERIFY(session().click(u"newCollection"_s));
+        QVERIFY(session().doubleClick(u"createCollection"_s));
+        QTRY_VERIFY(!session().find(u"createCollection"_s));
+        QCOMPARE(store().all<Collection>().size(), 1u);
+
+        // A key that opens the alert and is held does not accept it as well.
+        session().find(u"newCollection"_s)->forceActiveFocus();
+        session().hold(Qt::Key_Return);
+        QTRY_VERIFY(session().find(u"newCollectionName"_s)->hasActiveFocus());
+        session().hold(Qt::Key_Return);
+        QTRY_VERIFY(!session().find(u"createCollection"_s));
+        QCOMPARE(store().all<Collection>().size(), 2u);
+    }
+
     void cancellingForgetsTheName()
     {
         openCollections();
@@ -129,6 +146,36 @@ private slots:
         QVERIFY(session().click(u"collectionRow"_s, 0, Qt::RightButton));
         QVERIFY(session().click(u"deleteCollection"_s));
         QVERIFY(store().all<Collection>().empty());
+    }
+
+    void worksByKeyboard()
+    {
+        Collection *const collection = add(u"0"_s);
+        session().library().addAsset(u"a"_s, collection);
+        session().library().addAsset(u"b"_s, collection);
+        for (int i = 1; i < 40; ++i)
+            add(QString::number(i));
+        openCollections();
+        session().key(Qt::Key_Tab);
+        session().key(Qt::Key_Tab);
+        session().key(Qt::Key_PageDown);
+        QVERIFY(!session().findText(u"Select a Collection"_s));
+        session().key(Qt::Key_Space, Qt::ControlModifier);
+        QVERIFY(session().findText(u"Select a Collection"_s));
+        session().hold(Qt::Key_Delete);
+        QCOMPARE(store().all<Collection>().size(), 40u);
+        session().key(Qt::Key_Home);
+        session().hold(Qt::Key_Delete);
+        QCOMPARE(store().all<Collection>().size(), 39u);
+        QCOMPARE(store().all<Collection>().back()->name(), u"38"_s);
+        session().key(Qt::Key_Home);
+        session().key(Qt::Key_F10, Qt::ShiftModifier);
+        QVERIFY(session().find(u"deleteCollection"_s));
+        session().key(Qt::Key_Escape);
+        session().key(Qt::Key_End);
+        session().key(Qt::Key_Return);
+        session().hold(Qt::Key_Delete);
+        QCOMPARE(collection->assetCount(), 1);
     }
 
     void isMadeAfreshEachTime()

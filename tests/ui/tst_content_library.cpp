@@ -79,7 +79,7 @@ private slots:
         QVERIFY(!session().find(u"saveTemplate"_s)->isEnabled());
         session().key(Qt::Key_Tab);
         session().type(u"\t{}"_s);
-        QVERIFY(session().click(u"saveTemplate"_s));
+        QVERIFY(session().doubleClick(u"saveTemplate"_s));
         QCOMPARE(store().all<ContentTemplate>().size(), 1u);
         QCOMPARE(store().all<ContentTemplate>().front()->content(), u"{}"_s);
         QTRY_VERIFY(!session().find(u"templateName"_s));
@@ -107,6 +107,9 @@ private slots:
         QMetaObject::invokeMethod(session().window(), "showContentLibrary");
         QTRY_VERIFY(session().find(u"templateRow"_s));
         QTest::qWait(150);
+        QVERIFY(session().findText(u"Select a Template"_s));
+        QVERIFY(session().click(u"templateRow"_s));
+        QVERIFY(session().click(u"templateRow"_s, 0, Qt::LeftButton, Qt::ControlModifier));
         QVERIFY(session().findText(u"Select a Template"_s));
         QVERIFY(session().click(u"templateRow"_s));
         QVERIFY(session().click(u"loadTemplate"_s));

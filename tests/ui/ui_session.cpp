@@ -80,8 +80,7 @@ QQuickItem *UiSession::findText(const QString &text) const
         .value(0);
 }
 
-bool UiSession::click(const QString &objectName, int nth, Qt::MouseButton button,
-                      Qt::KeyboardModifiers modifiers)
+QQuickItem *UiSession::waitFor(const QString &objectName, int nth) const
 {
     QQuickItem *item = nullptr;
     const bool isThere = QTest::qWaitFor(
@@ -90,14 +89,44 @@ bool UiSession::click(const QString &objectName, int nth, Qt::MouseButton button
             return item && item->isEnabled() && !item->size().isEmpty();
         },
         2000);
-    if (!isThere) {
+    if (!isThere)
         qWarning("%s cannot be clicked", qPrintable(objectName));
+    return isThere ? item : nullptr;
+}
+
+bool UiSession::click(const QString &objectName, int nth, Qt::MouseButton button,
+                      Qt::KeyboardModifiers modifiers)
+{
+    const QQuickItem *const item = waitFor(objectName, nth);
+    if (!item)
         return false;
-    }
     const QPointF middle = item->mapToScene(item->boundingRect().center());
     QTest::mouseClick(m_window, button, modifiers, middle.toPoint());
     settle();
     return true;
+}
+
+bool UiSession::doubleClick(const QString &objectName)
+{
+    const QQuickItem *const item = waitFor(objectName, 0);
+    if (!item)
+        return false;
+    QTest::mouseDClick(m_window, Qt::LeftButton, {},
+                       item->mapToScene(item->boundingRect().center()).toPoint());
+    settle();
+    return true;
+}
+
+void UiSession::hold(Qt::Key key)
+{
+    const QString text = key == Qt::Key_Return ? u"\r"_s : QString();
+    for (const bool isRepeated : {false, true, true, true}) {
+        QKeyEvent press(QEvent::KeyPress, key, {}, text, isRepeated);
+        QCoreApplication::sendEvent(m_window, &press);
+        settle();
+    }
+    QKeyEvent release(QEvent::KeyRelease, key, {}, text);
+    QCoreApplication::sendEvent(m_window, &release);
 }
 
 void UiSession::key(Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -45,7 +45,10 @@ public:
     /// The mouse on the middle of an item; false, and a failure, when it is not there or disabled.
     bool click(const QString &objectName, int nth = 0, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = {});
+    bool doubleClick(const QString &objectName);
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// A key that is held down so long that it repeats.
+    void hold(Qt::Key key);
     void type(const QString &text);
 
     /// Lets the window draw what has changed.
@@ -53,6 +56,8 @@ public:
     QImage grab();
 
 private:
+    QQuickItem *waitFor(const QString &objectName, int nth) const;
+
     TestLibrary m_library;
     TestFilePanels m_panels;
     QUrl m_feed{QString(), QUrl::StrictMode};

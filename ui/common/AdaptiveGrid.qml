@@ -3,10 +3,12 @@ import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A lazy grid with as many columns as fit, centred and scrolled downwards. Its delegates are GridCells. The
-/// arrow keys move from cell to cell.
+/// arrow keys, Home, End and the keys for pages move from cell to cell.
 GridView {
     id: root
 
+    /// What it holds, for those who do not see it.
+    required property string label
     required property real minimumColumnWidth
     property real maximumColumnWidth: Infinity
     required property real columnSpacing
@@ -14,19 +16,26 @@ GridView {
     required property real rowHeight
     property real gridPadding: Theme.padding
 
+    /// Whether the current cell can be removed, by the Delete key and by the command of that name.
+    property bool canRemove: false
+
     readonly property real available: width - 2 * gridPadding
     readonly property int columns: Math.max(1, Math.floor((available + columnSpacing) / (minimumColumnWidth + columnSpacing)))
     readonly property real columnWidth: Math.min(maximumColumnWidth, (available - (columns - 1) * columnSpacing) / columns)
     /// Where the first column begins; the view itself lays its cells out from its left edge.
     readonly property real firstColumn: gridPadding + (available - columns * columnWidth - (columns - 1) * columnSpacing) / 2
-    /// Whether the pointer was used last: then the current cell is not marked.
-    property bool usesPointer: false
-    readonly property bool marksCurrent: activeFocus && !usesPointer
+    readonly property bool marksCurrent: activeFocus && InputMode.usesKeyboard
 
+    /// The current cell is to be removed.
+    signal removalRequested
+
+    /// A pointer chose a cell.
     function point(index: int) {
         currentIndex = index
-        usesPointer = true
         forceActiveFocus(Qt.MouseFocusReason)
+    }
+    function moveBy(cells: int) {
+        currentIndex = Math.max(0, Math.min(count - 1, currentIndex + cells))
     }
 
     cellWidth: columnWidth + columnSpacing
@@ -46,10 +55,23 @@ GridView {
     // A cell that takes the place of a removed one does not get the focus of its own accord.
     Keys.forwardTo: currentItem ? [currentItem] : []
     Keys.onPressed: (event) => {
-        usesPointer = false
-        event.accepted = false
+        const page = columns * Math.max(1, Math.floor(height / cellHeight))
+        if (event.key === Qt.Key_Home)
+            moveBy(-count)
+        else if (event.key === Qt.Key_End)
+            moveBy(count)
+        else if (event.key === Qt.Key_PageUp)
+            moveBy(-page)
+        else if (event.key === Qt.Key_PageDown)
+            moveBy(page)
+        else if (![Qt.Key_Delete, Qt.Key_Backspace].includes(event.key))
+            return
+        else if (canRemove && !event.isAutoRepeat)
+            removalRequested()
+        event.accepted = true
     }
     Accessible.role: Accessible.List
+    Accessible.name: label
 
     T.ScrollBar.vertical: ScrollIndicatorBar {}
 }

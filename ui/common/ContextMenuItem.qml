@@ -5,6 +5,7 @@ import Mosslantern.Common
 T.MenuItem {
     id: root
 
+    property string symbol
     property bool isDestructive: false
     /// The keys that do the same, for people.
     property string shortcutText
@@ -19,7 +20,15 @@ T.MenuItem {
     Accessible.name: text
 
     contentItem: Item {
+        Symbol {
+            anchors.verticalCenter: parent.verticalCenter
+            visible: root.symbol !== ""
+            name: root.symbol
+            size: 16
+            color: root.contentColor
+        }
         Text {
+            x: root.symbol !== "" ? 22 : 0
             anchors.verticalCenter: parent.verticalCenter
             text: root.text
             color: root.contentColor
@@ -37,7 +46,7 @@ T.MenuItem {
         }
     }
     background: Rectangle {
-        color: !root.highlighted || !root.enabled ? "transparent" : root.isDestructive ? "#d0433c" : Theme.accent
+        color: !root.highlighted || !root.enabled ? "transparent" : root.isDestructive ? Theme.destructive : Theme.accent
         radius: Theme.controlRadius - 1
     }
 }

@@ -22,6 +22,6 @@ Text {
     Loader {
         active: hover.hovered && root.truncated
         source: "ToolTipView.qml"
-        onLoaded: (item as ToolTipView).showFor(root)
+        onLoaded: (item as ToolTipView).showFor(root, root.text)
     }
 }

@@ -31,13 +31,13 @@ Column {
             anchors.fill: parent
             color: Theme.controlBackground
             opacity: 0.5
-            radius: 10
+            radius: Theme.cardRadius
         }
         Rectangle {
             anchors.fill: parent
             color: "transparent"
             border.color: Theme.separator
-            radius: 10
+            radius: Theme.cardRadius
         }
         Item {
             id: holder

@@ -43,7 +43,7 @@ T.ComboBox {
             color: root.hovered ? Theme.hovered : "transparent"
         }
         FocusRing {
-            visible: root.visualFocus
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
     }
     delegate: T.ItemDelegate {

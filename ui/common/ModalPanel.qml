@@ -6,6 +6,8 @@ import Mosslantern.Common
 T.Popup {
     id: root
 
+    property bool isClosing: false
+
     parent: T.Overlay.overlay
     x: parent ? Math.round((parent.width - width) / 2) : 0
     y: parent ? Math.round((parent.height - height) / 2) : 0
@@ -16,6 +18,10 @@ T.Popup {
     modal: true
     focus: true
     closePolicy: T.Popup.CloseOnEscape
+    // What is fading away takes no more clicks.
+    enabled: !isClosing
+    onAboutToShow: isClosing = false
+    onAboutToHide: isClosing = true
 
     background: Rectangle {
         color: Theme.windowBackground

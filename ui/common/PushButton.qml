@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 
-/// A button with a text and, if it has one, a symbol before it.
+/// A button with a text and, if it has one, a symbol before it. A text that does not fit shows whole in a tool tip.
 T.Button {
     id: root
 
@@ -19,8 +19,14 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
+    Keys.onEnterPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
 
     contentItem: SymbolLabel {
         symbol: root.symbol
@@ -41,7 +47,14 @@ T.Button {
             color: root.pressed ? Theme.pressed : root.hovered ? Theme.hovered : "transparent"
         }
         FocusRing {
-            visible: root.visualFocus
+            distance: root.isProminent ? 4 : 2
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
+    }
+
+    Loader {
+        active: root.implicitWidth > root.width && (root.hovered || root.activeFocus && InputMode.usesKeyboard)
+        source: "ToolTipView.qml"
+        onLoaded: (item as ToolTipView).showFor(root, root.text)
     }
 }

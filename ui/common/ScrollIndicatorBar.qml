@@ -16,7 +16,7 @@ T.ScrollBar {
     contentItem: Rectangle {
         implicitWidth: 6
         implicitHeight: 6
-        radius: 3
-        color: root.pressed ? "#80ffffff" : root.hovered ? "#60ffffff" : "#38ffffff"
+        radius: Math.min(width, height) / 2
+        color: root.pressed ? Theme.scrollThumbPressed : root.hovered ? Theme.scrollThumbHovered : Theme.scrollThumb
     }
 }

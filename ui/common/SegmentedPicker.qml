@@ -86,6 +86,6 @@ FocusScope {
         }
     }
     FocusRing {
-        visible: root.activeFocus
+        visible: root.activeFocus && InputMode.usesKeyboard
     }
 }

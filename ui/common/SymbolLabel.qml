@@ -11,7 +11,9 @@ Item {
     required property color color
     property int weight: Font.Medium
 
-    implicitWidth: row.implicitWidth
+    readonly property real symbolWidth: symbol !== "" ? symbolSize + row.spacing : 0
+
+    implicitWidth: symbolWidth + label.implicitWidth
     implicitHeight: row.implicitHeight
 
     Row {
@@ -27,6 +29,9 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
         }
         Text {
+            id: label
+            width: Math.min(implicitWidth, root.width - root.symbolWidth)
+            elide: Text.ElideRight
             text: root.text
             color: root.color
             font.family: Theme.family

@@ -8,16 +8,20 @@ FocusScope {
 
     required property string label
     property alias text: area.text
+    property alias textDocument: area.textDocument
     property alias font: area.font
+    property alias padding: area.padding
+    property string placeholder
+    property color borderColor: Theme.separator
     property color color: Theme.textBackground
-    property real radius: 6
+    property real radius: Theme.controlRadius
 
     signal textEdited(text: string)
 
     Rectangle {
         anchors.fill: parent
         color: root.color
-        border.color: area.activeFocus ? Theme.blue : Theme.separator
+        border.color: area.activeFocus ? Theme.blue : root.borderColor
         border.width: area.activeFocus ? Theme.focusWidth : 1
         radius: root.radius
     }
@@ -50,6 +54,18 @@ FocusScope {
             onTextChanged: root.textEdited(text)
             Accessible.role: Accessible.EditableText
             Accessible.name: root.label
+
+            Text {
+                x: area.leftPadding
+                y: area.topPadding
+                width: area.width - 2 * x
+                visible: area.length === 0 && area.preeditText === ""
+                text: root.placeholder
+                color: Theme.placeholder
+                font: area.font
+                textFormat: Text.PlainText
+                wrapMode: Text.Wrap
+            }
         }
     }
 }

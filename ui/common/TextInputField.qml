@@ -20,6 +20,9 @@ T.TextField {
     selectByMouse: true
     Accessible.role: Accessible.EditableText
     Accessible.name: placeholderText
+    // A key that is still held from what opened the field accepts nothing.
+    Keys.onReturnPressed: (event) => event.accepted = event.isAutoRepeat
+    Keys.onEnterPressed: (event) => event.accepted = event.isAutoRepeat
 
     Text {
         anchors.fill: parent

@@ -16,26 +16,39 @@ QtObject {
     readonly property color primary: "#eceeec"
     readonly property color secondary: "#9da4a3"
     readonly property color placeholder: "#737a7a"
+    readonly property color faintLine: "#1affffff"
+    readonly property color material: "#d92a2f31"
     readonly property color disabled: "#5e6566"
     readonly property color accentText: "#ffffff"
 
     // Meaning.
-    readonly property color accent: "#3f82f0"
-    readonly property color accentHovered: "#5491f4"
-    readonly property color accentPressed: "#3573db"
+    // White text on the accent, and on its red counterpart, has a contrast of at least 4.5.
+    readonly property color accent: "#2f6fe0"
+    readonly property color accentHovered: "#2863cd"
+    readonly property color accentPressed: "#2259ba"
+    readonly property color destructive: "#d0433c"
     readonly property color blue: "#4c8ff7"
     readonly property color red: "#ff6961"
+    readonly property color green: "#32d158"
+    readonly property color orange: "#ff9f0a"
+    readonly property color tickBackground: "#ffffff"
     readonly property color lantern: "#e8b85c"
+    readonly property color purpleGround: "#9a3fd0"
 
     // States laid over a surface.
     readonly property color hovered: "#0fffffff"
     readonly property color pressed: "#1cffffff"
     readonly property color selected: "#24ffffff"
     readonly property color scrim: "#80000000"
+    readonly property color dropTarget: "#142f6fe0"
+    readonly property color scrollThumb: "#38ffffff"
+    readonly property color scrollThumbHovered: "#60ffffff"
+    readonly property color scrollThumbPressed: "#80ffffff"
 
     // Font sizes in points of the screen.
     readonly property string family: "Inter"
     readonly property string monospaced: "JetBrains Mono"
+    readonly property int caption2: 10
     readonly property int caption: 11
     readonly property int body: 13
     readonly property int headline: 13
@@ -48,7 +61,11 @@ QtObject {
     readonly property int spacing: 8
     readonly property int controlHeight: 28
     readonly property int headerHeight: 52
+    readonly property int captionHeight: 14
     readonly property int controlRadius: 6
+    readonly property int thumbnailRadius: 8
+    readonly property int cardRadius: 10
+    readonly property int tileRadius: 12
     readonly property int sheetRadius: 12
     readonly property int focusWidth: 2
     readonly property int quick: 120

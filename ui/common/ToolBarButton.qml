@@ -7,6 +7,7 @@ T.ToolButton {
     id: root
 
     required property string symbol
+    readonly property bool isMarked: activeFocus && InputMode.usesKeyboard
 
     implicitWidth: 34
     implicitHeight: Theme.controlHeight + 2
@@ -14,8 +15,14 @@ T.ToolButton {
     display: T.AbstractButton.IconOnly
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
+    Keys.onEnterPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
 
     contentItem: Item {
         Symbol {
@@ -31,12 +38,12 @@ T.ToolButton {
 
         FocusRing {
             distance: 0
-            visible: root.visualFocus
+            visible: root.isMarked
         }
     }
 
     ToolTipView {
         text: root.text
-        visible: root.hovered || root.visualFocus
+        visible: root.hovered || root.isMarked
     }
 }

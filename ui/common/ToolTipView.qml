@@ -5,9 +5,9 @@ import Mosslantern.Common
 T.ToolTip {
     id: root
 
-    function showFor(label: Text) {
-        parent = label
-        text = label.text
+    function showFor(item: Item, tip: string) {
+        parent = item
+        text = tip
         visible = true
     }
 

@@ -29,7 +29,7 @@ SheetView {
         objectName: "pickGrid"
         anchors.fill: parent
         visible: count > 0
-        usesPointer: true
+        label: qsTr("Available assets")
         model: root.detail.picks
         minimumColumnWidth: 100
         columnSpacing: 10

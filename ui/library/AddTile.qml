@@ -6,11 +6,7 @@ import Mosslantern.Common
 T.AbstractButton {
     id: root
 
-    property bool isMarked: false
-
     objectName: "addTile"
-    implicitWidth: 150
-    implicitHeight: 150
     focusPolicy: Qt.NoFocus
     text: qsTr("Import Images")
     Accessible.ignored: true
@@ -24,17 +20,11 @@ T.AbstractButton {
         }
     }
     background: RoundedArea {
-        radius: 12
+        radius: Theme.tileRadius
         color: root.pressed ? Theme.pressed : root.hovered ? Theme.hovered : "transparent"
         borderColor: root.hovered ? Theme.primary : Theme.secondary
         borderWidth: 2
         dashes: [5, 5]
-
-        FocusRing {
-            distance: 3
-            radius: 15
-            visible: root.isMarked
-        }
     }
 
     ToolTipView {

@@ -31,17 +31,22 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         focus: true
+        label: header.title
         model: library.cells
         minimumColumnWidth: 150
         maximumColumnWidth: 200
         columnSpacing: 20
         rowSpacing: 20
-        rowHeight: 150 + Theme.spacing + 14
+        rowHeight: 150 + Theme.spacing + Theme.captionHeight
+        canRemove: currentAsset !== null
+        onRemovalRequested: library.deleteAsset(currentAsset)
+
+        readonly property AssetCell currentCell: currentItem as AssetCell
+        readonly property Asset currentAsset: currentCell ? currentCell.record : null
 
         delegate: AssetCell {
             grid: grid
             onMenuRequested: (position) => menu.openFor(this, position)
-            onDeletionRequested: library.deleteAsset(record)
             onImportRequested: library.isImporterPresented = true
         }
     }
@@ -54,7 +59,8 @@ FocusScope {
 
         function openFor(cell: AssetCell, position: point) {
             asset = cell.record
-            popup(cell, position)
+            if (asset)
+                popup(cell, position)
         }
 
         ContextMenuItem {
@@ -79,8 +85,8 @@ FocusScope {
             anchors.fill: parent
             anchors.margins: 8
             visible: parent.containsDrag
-            radius: 12
-            color: "#143f82f0"
+            radius: Theme.tileRadius
+            color: Theme.dropTarget
             borderColor: Theme.accent
             borderWidth: 2
         }

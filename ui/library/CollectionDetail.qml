@@ -11,6 +11,12 @@ FocusScope {
     required property ScreenContext context
     required property Collection collection
 
+    /// Gives the keyboard to the assets, if there are any.
+    function focusAssets() {
+        if (grid.visible)
+            grid.forceActiveFocus(Qt.TabFocusReason)
+    }
+
     CollectionDetailView {
         id: detail
         context: root.context
@@ -48,16 +54,20 @@ FocusScope {
         anchors.bottom: parent.bottom
         width: parent.width
         visible: count > 0
+        label: qsTr("Assets in %1").arg(header.title)
         model: detail.members
         minimumColumnWidth: 150
         columnSpacing: 20
         rowSpacing: 20
-        rowHeight: 150 + 8 + 14
+        rowHeight: 150 + Theme.spacing + Theme.captionHeight
+        canRemove: currentCell !== null
+        onRemovalRequested: detail.removeFromCollection(currentCell.record)
+
+        readonly property MemberCell currentCell: currentItem as MemberCell
 
         delegate: MemberCell {
             grid: grid
             onMenuRequested: (position) => menu.openFor(this, position)
-            onRemovalRequested: detail.removeFromCollection(record)
         }
     }
 

@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Library
 
@@ -10,6 +9,9 @@ FocusScope {
     id: root
 
     required property CollectionsView collections
+
+    /// The Return key on the selected collection.
+    signal activated
 
     ScreenHeader {
         id: header
@@ -24,7 +26,7 @@ FocusScope {
         }
     }
 
-    ListView {
+    RecordList {
         id: list
         objectName: "collectionList"
         anchors.top: header.bottom
@@ -32,38 +34,13 @@ FocusScope {
         width: parent.width
         leftMargin: 10
         rightMargin: 10
-        topMargin: 8
-        bottomMargin: 8
-        clip: true
-        focus: true
-        activeFocusOnTab: true
-        reuseItems: true
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: false
+        label: header.title
         model: root.collections.collections
-        currentIndex: -1
-        Accessible.role: Accessible.List
-        Accessible.name: header.title
-
-        Keys.onUpPressed: moveSelection(-1)
-        Keys.onDownPressed: moveSelection(1)
-        Keys.onDeletePressed: deleteSelected()
-        Keys.onPressed: (event) => {
-            if (event.key !== Qt.Key_Backspace)
-                return
-            deleteSelected()
-            event.accepted = true
-        }
-
-        function moveSelection(by: int) {
-            root.collections.moveSelection(by)
-            positionViewAtIndex(root.collections.rowOf(root.collections.selectedCollection), ListView.Contain)
-        }
-        function deleteSelected() {
-            root.collections.deleteCollections([root.collections.rowOf(root.collections.selectedCollection)])
-        }
-
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        selection: root.collections.selection
+        hasSelection: root.collections.selectedCollection !== null
+        onRemovalRequested: root.collections.deleteCollections([selection.row()])
+        onActivated: root.activated()
+        onMenuRequested: (row) => menu.openFor(row as CollectionRow, Qt.point(row.width / 2, row.height / 2))
 
         delegate: CollectionRow {
             width: list.width - 20
@@ -73,13 +50,8 @@ FocusScope {
                 list.forceActiveFocus(Qt.MouseFocusReason)
                 root.collections.selectedCollection = record
             }
-            onLetGo: root.collections.selectedCollection = null
+            onLetGo: root.collections.selection.letGo()
             onMenuRequested: (position) => menu.openFor(this, position)
-        }
-
-        FocusRing {
-            distance: -3
-            visible: list.activeFocus && root.collections.selectedCollection === null
         }
     }
 

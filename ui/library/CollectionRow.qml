@@ -1,35 +1,18 @@
 import QtQuick
 import Mosslantern.Common
+import Mosslantern.Library
 
-Item {
+/// A collection: its name and the number of its assets.
+RecordRow {
     id: root
 
     required property Collection record
-    required property bool isSelected
-    required property bool isFocused
-    readonly property bool isLit: isSelected && isFocused
-
-    signal chosen
-    signal letGo
-    signal menuRequested(position: point)
 
     objectName: "collectionRow"
     implicitHeight: 34
-    Accessible.role: Accessible.ListItem
     Accessible.name: name.text
     Accessible.description: count.text
-    Accessible.selectable: true
-    Accessible.selected: isSelected
-    Accessible.onPressAction: chosen()
 
-    RowBackground {
-        anchors.fill: parent
-        anchors.topMargin: 1
-        anchors.bottomMargin: 1
-        isSelected: root.isSelected
-        isFocused: root.isFocused
-        isHovered: hover.hovered
-    }
     Symbol {
         id: icon
         x: 10
@@ -58,25 +41,5 @@ Item {
         color: root.isLit ? Theme.accentText : Theme.secondary
         font.family: Theme.family
         font.pixelSize: Theme.body
-    }
-    HoverHandler {
-        id: hover
-    }
-    TapHandler {
-        acceptedModifiers: Qt.NoModifier
-        onTapped: root.chosen()
-    }
-    TapHandler {
-        acceptedModifiers: Qt.ControlModifier
-        onTapped: {
-            if (root.isSelected)
-                root.letGo()
-            else
-                root.chosen()
-        }
-    }
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (event) => root.menuRequested(event.position)
     }
 }

@@ -33,6 +33,7 @@ FocusScope {
         CollectionList {
             collections: collections
             focus: true
+            onActivated: (detail.item as CollectionDetail).focusAssets()
             T.SplitView.preferredHeight: root.height / 2
             T.SplitView.minimumHeight: 160
         }

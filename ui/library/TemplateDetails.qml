@@ -73,7 +73,7 @@ Flickable {
                 color: Theme.textBackground
                 border.color: text.activeFocus ? Theme.blue : Theme.separator
                 border.width: text.activeFocus ? Theme.focusWidth : 1
-                radius: 8
+                radius: Theme.thumbnailRadius
 
                 TextEdit {
                     id: text

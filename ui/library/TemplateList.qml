@@ -1,7 +1,6 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Library
 
@@ -38,46 +37,17 @@ FocusScope {
         title: qsTr("No Templates")
         description: qsTr("Save your JSON content to reuse later")
     }
-    ListView {
+    RecordList {
         id: list
         objectName: "templateList"
         anchors.fill: parent
-        topMargin: 8
-        bottomMargin: 8
         visible: count > 0
-        clip: true
-        focus: true
-        activeFocusOnTab: true
-        reuseItems: true
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: false
+        label: qsTr("Templates")
         model: root.library.templates
-        currentIndex: -1
-        Accessible.role: Accessible.List
-        Accessible.name: qsTr("Templates")
-
-        Keys.onUpPressed: moveSelection(-1)
-        Keys.onDownPressed: moveSelection(1)
-        Keys.onReturnPressed: root.library.loadTemplate()
-        Keys.onEnterPressed: root.library.loadTemplate()
-        Keys.onDeletePressed: askToDelete()
-        Keys.onPressed: (event) => {
-            if (event.key !== Qt.Key_Backspace)
-                return
-            askToDelete()
-            event.accepted = true
-        }
-
-        function moveSelection(by: int) {
-            root.library.moveSelection(by)
-            positionViewAtIndex(root.library.rowOf(root.library.selectedTemplate), ListView.Contain)
-        }
-        function askToDelete() {
-            if (root.library.selectedTemplate)
-                root.library.showingDeleteConfirmation = true
-        }
-
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        selection: root.library.selection
+        hasSelection: root.library.selectedTemplate !== null
+        onRemovalRequested: root.library.showingDeleteConfirmation = true
+        onActivated: root.library.loadTemplate()
 
         delegate: TemplateRow {
             width: list.width
@@ -87,10 +57,7 @@ FocusScope {
                 list.forceActiveFocus(Qt.MouseFocusReason)
                 root.library.selectedTemplate = record
             }
+            onLetGo: root.library.selection.letGo()
         }
-    }
-    FocusRing {
-        distance: -3
-        visible: list.activeFocus && list.visible && root.library.selectedTemplate === null
     }
 }

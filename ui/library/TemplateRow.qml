@@ -1,33 +1,19 @@
 import QtQuick
 import Mosslantern.Common
+import Mosslantern.Library
 
-Item {
+/// A template: its name and its day.
+RecordRow {
     id: root
 
     required property ContentTemplate record
-    required property bool isSelected
-    required property bool isFocused
-    readonly property bool isLit: isSelected && isFocused
-
-    signal chosen
 
     objectName: "templateRow"
     implicitHeight: column.implicitHeight + 2 * (4 + 4)
-    Accessible.role: Accessible.ListItem
+    sideMargin: 10
     Accessible.name: name.text
     Accessible.description: day.text
-    Accessible.selectable: true
-    Accessible.selected: isSelected
-    Accessible.onPressAction: chosen()
 
-    RowBackground {
-        anchors.fill: parent
-        anchors.leftMargin: 10
-        anchors.rightMargin: 10
-        isSelected: root.isSelected
-        isFocused: root.isFocused
-        isHovered: hover.hovered
-    }
     Column {
         id: column
         x: 20
@@ -50,11 +36,5 @@ Item {
             color: root.isLit ? Theme.accentText : Theme.secondary
             font.pixelSize: Theme.caption
         }
-    }
-    HoverHandler {
-        id: hover
-    }
-    TapHandler {
-        onTapped: root.chosen()
     }
 }

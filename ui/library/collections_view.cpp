@@ -1,7 +1,5 @@
 #include "ui/library/collections_view.h"
 
-#include "ui/library/list_selection.h"
-
 namespace mosslantern {
 
 CollectionsView::CollectionsView(QObject *parent)
@@ -13,25 +11,14 @@ void CollectionsView::setContext(ScreenContext *context)
     Q_ASSERT(!m_context && context);
     m_context = context;
     m_collections.emplace(context->store(), nullptr, newestFirst<Collection>);
+    m_selection.emplace(*m_collections);
+    connect(&*m_selection, &ListSelection::changed, this, &CollectionsView::selectedCollectionChanged);
     emit contextChanged();
 }
 
-void CollectionsView::setSelectedCollection(Collection *collection)
+Collection *CollectionsView::selectedCollection() const
 {
-    if (m_selectedCollection == collection)
-        return;
-    disconnect(m_selectedRemoved);
-    m_selectedCollection = collection;
-    if (collection) {
-        m_selectedRemoved =
-            connect(collection, &Record::removed, this, [this] { setSelectedCollection(nullptr); });
-    }
-    emit selectedCollectionChanged();
-}
-
-void CollectionsView::moveSelection(int by)
-{
-    setSelectedCollection(movedSelection(*m_collections, m_selectedCollection, by));
+    return m_selection ? static_cast<Collection *>(m_selection->record()) : nullptr;
 }
 
 int CollectionsView::rowOf(const Collection *collection) const
@@ -57,6 +44,8 @@ void CollectionsView::setNewCollectionName(const QString &name)
 
 void CollectionsView::createCollection()
 {
+    if (!m_isCreatingCollection)
+        return;
     m_context->store().insert(std::make_unique<Collection>(m_newCollectionName));
     cancelCreation();
 }

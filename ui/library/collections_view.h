@@ -3,6 +3,7 @@
 #include "model/collection.h"
 #include "model/live_query.h"
 #include "ui/common/screen_context.h"
+#include "ui/library/list_selection.h"
 
 #include <optional>
 
@@ -18,6 +19,7 @@ class CollectionsView : public QObject
     Q_PROPERTY(QAbstractItemModel *collections READ collectionsModel NOTIFY contextChanged)
     Q_PROPERTY(mosslantern::Collection *selectedCollection READ selectedCollection WRITE setSelectedCollection
                    NOTIFY selectedCollectionChanged)
+    Q_PROPERTY(mosslantern::ListSelection *selection READ selection NOTIFY contextChanged)
     Q_PROPERTY(bool isCreatingCollection READ isCreatingCollection WRITE setIsCreatingCollection NOTIFY
                    isCreatingCollectionChanged)
     Q_PROPERTY(QString newCollectionName READ newCollectionName WRITE setNewCollectionName NOTIFY
@@ -34,11 +36,11 @@ public:
     const LiveQuery<Collection> &collections() const { return *m_collections; }
 
     /// The collection that is shown below the list, or null. Null again when it is removed.
-    Collection *selectedCollection() const { return m_selectedCollection; }
-    void setSelectedCollection(Collection *collection);
+    Collection *selectedCollection() const;
+    void setSelectedCollection(Collection *collection) { m_selection->select(collection); }
+    ListSelection *selection() { return m_selection ? &*m_selection : nullptr; }
 
-    /// Selects the collection `by` rows further down, or the first one when none is selected.
-    Q_INVOKABLE void moveSelection(int by);
+    /// Its place in the list, -1 when it is not there.
     Q_INVOKABLE int rowOf(const mosslantern::Collection *collection) const;
 
     /// Whether the alert is shown that asks for a name.
@@ -49,8 +51,9 @@ public:
     QString newCollectionName() const { return m_newCollectionName; }
     void setNewCollectionName(const QString &name);
 
-    /// Closes the alert; "Create" makes a collection of exactly that name first.
+    /// Makes a collection of exactly that name and closes the alert; does nothing when it is closed already.
     Q_INVOKABLE void createCollection();
+    /// Closes the alert and forgets the name.
     Q_INVOKABLE void cancelCreation();
 
     /// Removes the collections in these rows of the list as it is now; their assets and slideshows stay.
@@ -67,8 +70,7 @@ private:
 
     ScreenContext *m_context = nullptr;
     std::optional<LiveQuery<Collection>> m_collections;
-    Collection *m_selectedCollection = nullptr;
-    QMetaObject::Connection m_selectedRemoved;
+    std::optional<ListSelection> m_selection;
     bool m_isCreatingCollection = false;
     QString m_newCollectionName;
 };

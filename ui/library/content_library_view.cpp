@@ -1,7 +1,5 @@
 #include "ui/library/content_library_view.h"
 
-#include "ui/library/list_selection.h"
-
 namespace mosslantern {
 
 namespace {
@@ -33,6 +31,8 @@ void ContentLibraryView::setContext(ScreenContext *context)
     Q_ASSERT(!m_context && context);
     m_context = context;
     m_templates.emplace(context->store(), nullptr, newestFirst<ContentTemplate>);
+    m_selection.emplace(*m_templates);
+    connect(&*m_selection, &ListSelection::changed, this, &ContentLibraryView::selectedTemplateChanged);
     emit contextChanged();
 }
 
@@ -44,27 +44,9 @@ void ContentLibraryView::setTextInput(const QString &text)
     emit textInputChanged();
 }
 
-void ContentLibraryView::setSelectedTemplate(ContentTemplate *contentTemplate)
+ContentTemplate *ContentLibraryView::selectedTemplate() const
 {
-    if (m_selectedTemplate == contentTemplate)
-        return;
-    disconnect(m_selectedRemoved);
-    m_selectedTemplate = contentTemplate;
-    if (contentTemplate) {
-        m_selectedRemoved =
-            connect(contentTemplate, &Record::removed, this, [this] { setSelectedTemplate(nullptr); });
-    }
-    emit selectedTemplateChanged();
-}
-
-void ContentLibraryView::moveSelection(int by)
-{
-    setSelectedTemplate(movedSelection(*m_templates, m_selectedTemplate, by));
-}
-
-int ContentLibraryView::rowOf(const ContentTemplate *contentTemplate) const
-{
-    return m_templates->indexOf(contentTemplate);
+    return m_selection ? static_cast<ContentTemplate *>(m_selection->record()) : nullptr;
 }
 
 void ContentLibraryView::setShowingSaveDialog(bool isShowing)
@@ -118,6 +100,8 @@ bool ContentLibraryView::canSave() const
 
 void ContentLibraryView::saveTemplate()
 {
+    if (!m_showingSaveDialog)
+        return;
     const QString source = m_isCreatingNew ? m_newTemplateContent : m_textInput;
     setSelectedTemplate(m_context->store().insert(
         std::make_unique<ContentTemplate>(trimmedBlanks(m_newTemplateName), trimmedBlanks(source))));
@@ -126,9 +110,10 @@ void ContentLibraryView::saveTemplate()
 
 void ContentLibraryView::loadTemplate()
 {
-    if (!m_selectedTemplate)
+    const ContentTemplate *const loaded = selectedTemplate();
+    if (!loaded)
         return;
-    setTextInput(m_selectedTemplate->content());
+    setTextInput(loaded->content());
     emit closeRequested();
 }
 
@@ -142,8 +127,8 @@ void ContentLibraryView::setShowingDeleteConfirmation(bool isShowing)
 
 void ContentLibraryView::deleteSelectedTemplate()
 {
-    if (m_selectedTemplate)
-        m_context->store().remove(m_selectedTemplate);
+    if (ContentTemplate *const unwanted = selectedTemplate())
+        m_context->store().remove(unwanted);
     setShowingDeleteConfirmation(false);
 }
 

@@ -3,6 +3,7 @@
 #include "model/content_template.h"
 #include "model/live_query.h"
 #include "ui/common/screen_context.h"
+#include "ui/library/list_selection.h"
 
 #include <optional>
 
@@ -19,6 +20,7 @@ class ContentLibraryView : public QObject
     Q_PROPERTY(QString textInput READ textInput WRITE setTextInput NOTIFY textInputChanged)
     Q_PROPERTY(mosslantern::ContentTemplate *selectedTemplate READ selectedTemplate WRITE setSelectedTemplate
                    NOTIFY selectedTemplateChanged)
+    Q_PROPERTY(mosslantern::ListSelection *selection READ selection NOTIFY contextChanged)
     Q_PROPERTY(bool showingSaveDialog READ showingSaveDialog WRITE setShowingSaveDialog NOTIFY
                    showingSaveDialogChanged)
     Q_PROPERTY(
@@ -45,11 +47,9 @@ public:
     void setTextInput(const QString &text);
 
     /// The template that is shown beside the list, or null. Null again when it is removed.
-    ContentTemplate *selectedTemplate() const { return m_selectedTemplate; }
-    void setSelectedTemplate(ContentTemplate *contentTemplate);
-    /// Selects the template `by` rows further down, or the first one when none is selected.
-    Q_INVOKABLE void moveSelection(int by);
-    Q_INVOKABLE int rowOf(const mosslantern::ContentTemplate *contentTemplate) const;
+    ContentTemplate *selectedTemplate() const;
+    void setSelectedTemplate(ContentTemplate *contentTemplate) { m_selection->select(contentTemplate); }
+    ListSelection *selection() { return m_selection ? &*m_selection : nullptr; }
 
     /// Whether the save sheet is shown; isCreatingNew() says what it saves: the text typed into it, or
     /// textInput().
@@ -99,8 +99,7 @@ private:
     ScreenContext *m_context = nullptr;
     std::optional<LiveQuery<ContentTemplate>> m_templates;
     QString m_textInput;
-    ContentTemplate *m_selectedTemplate = nullptr;
-    QMetaObject::Connection m_selectedRemoved;
+    std::optional<ListSelection> m_selection;
     bool m_showingSaveDialog = false;
     QString m_newTemplateName;
     QString m_newTemplateContent;

@@ -1,0 +1,79 @@
+import QtQuick
+import Mosslantern.Common
+
+/// One cell of an AdaptiveGrid: a frame in the middle of its column, with a ring around it while the keyboard is
+/// on the cell, and below it a caption, if there is one.
+Item {
+    id: root
+
+    required property AdaptiveGrid grid
+    required property int index
+    required property real frameWidth
+    property real frameHeight: frameWidth
+    /// Of the frame's corners.
+    required property real radius
+    property alias caption: captionText.text
+    property alias captionColor: captionText.color
+    property alias captionAlignment: captionText.horizontalAlignment
+    readonly property bool isMarked: grid.marksCurrent && GridView.isCurrentItem
+    /// What stands in the frame.
+    default property alias content: frame.data
+
+    /// A click on it.
+    signal tapped
+    /// The Return or the Space key on it.
+    signal activated
+    /// A right click on it, or the key for menus.
+    signal menuRequested(position: point)
+
+    width: grid.cellWidth
+    height: grid.cellHeight
+    Keys.onPressed: (event) => {
+        if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier))
+            menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2)))
+        else if (![Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].includes(event.key))
+            return
+        else if (!event.isAutoRepeat)
+            activated()
+        event.accepted = true
+    }
+
+    Item {
+        x: root.grid.firstColumn + (root.grid.columnWidth - width) / 2
+        width: root.frameWidth
+        height: root.grid.rowHeight
+
+        Item {
+            id: frame
+            width: parent.width
+            height: root.frameHeight
+        }
+        FocusRing {
+            anchors.fill: frame
+            distance: 3
+            radius: root.radius + distance
+            visible: root.isMarked
+        }
+        ElidedText {
+            id: captionText
+            anchors.top: frame.bottom
+            anchors.topMargin: Theme.spacing
+            width: parent.width
+            visible: text !== ""
+            font.pixelSize: Theme.caption
+        }
+        TapHandler {
+            onTapped: {
+                root.grid.point(root.index)
+                root.tapped()
+            }
+        }
+        TapHandler {
+            acceptedButtons: Qt.RightButton
+            onTapped: (event) => {
+                root.grid.point(root.index)
+                root.menuRequested(parent.mapToItem(root, event.position))
+            }
+        }
+    }
+}

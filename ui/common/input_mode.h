@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtQml/qqmlregistration.h>
+
+namespace mosslantern {
+
+/// Which kind of device was used last: what has the keyboard is marked for those who use the keyboard.
+class InputMode : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+    /// True before anything has been used.
+    Q_PROPERTY(bool usesKeyboard READ usesKeyboard NOTIFY usesKeyboardChanged)
+
+public:
+    explicit InputMode(QObject *parent = nullptr);
+
+    bool usesKeyboard() const { return m_usesKeyboard; }
+
+    bool eventFilter(QObject *receiver, QEvent *event) override;
+
+signals:
+    void usesKeyboardChanged();
+
+private:
+    void setUsesKeyboard(bool usesKeyboard);
+
+    bool m_usesKeyboard = true;
+};
+
+} // namespace mosslantern
