@@ -11,7 +11,7 @@ T.ApplicationWindow {
     required property ScreenContext context
     required property SPUUpdater updater
     /// In the order of the sidebar.
-    readonly property list<string> screens: ["../Library/AssetLibraryScreen.qml", "../Library/CollectionsScreen.qml", "SlideshowsScreen.qml"]
+    readonly property list<string> screens: ["../Library/AssetLibraryScreen.qml", "../Library/CollectionsScreen.qml", "../Generator/SlideshowsScreen.qml"]
 
     width: 1280
     height: 800 + menuBar.height

@@ -1,0 +1,71 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+
+/// A small bordered button with a symbol, a text or both. Without a text it shows its label in a tool tip.
+T.Button {
+    id: root
+
+    property string symbol
+    /// What it does, for those who do not see a text.
+    property string label: text
+    property bool isDestructive: false
+    readonly property color contentColor: !enabled ? Theme.disabled : isDestructive ? Theme.red : Theme.primary
+
+    implicitWidth: text === "" ? implicitHeight + 2 : row.implicitWidth + 2 * 8
+    implicitHeight: 24
+    focusPolicy: Qt.StrongFocus
+    Accessible.role: Accessible.Button
+    Accessible.name: label
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
+
+    contentItem: Item {
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 5
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.symbol !== ""
+                name: root.symbol
+                size: 14
+                color: root.contentColor
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                visible: root.text !== ""
+                text: root.text
+                color: root.contentColor
+                font.family: Theme.family
+                font.pixelSize: Theme.caption
+                font.weight: Font.Medium
+                textFormat: Text.PlainText
+            }
+        }
+    }
+    background: Rectangle {
+        radius: Theme.controlRadius - 1
+        color: Theme.raisedBackground
+        border.color: Theme.separator
+
+        Rectangle {
+            anchors.fill: parent
+            radius: parent.radius
+            visible: root.enabled
+            color: root.pressed ? Theme.pressed : root.hovered ? Theme.hovered : "transparent"
+        }
+        FocusRing {
+            visible: root.visualFocus
+        }
+    }
+
+    HoverHandler {
+        id: hover
+    }
+    ToolTipView {
+        text: root.label
+        visible: root.text === "" && (hover.hovered || root.visualFocus)
+    }
+}

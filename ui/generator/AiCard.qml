@@ -1,0 +1,137 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Generator
+
+/// Whether the AI service writes the texts, and what it needs for that.
+InspectorCard {
+    id: root
+
+    required property GeneratorView panel
+    readonly property SlideshowGenerator generator: panel.generator
+
+    title: qsTr("AI Generation")
+
+    Column {
+        width: parent.width
+        spacing: 12
+
+        SwitchView {
+            objectName: "aiSwitch"
+            width: parent.width
+            text: qsTr("Enable AI Generation")
+            checked: root.generator.isAiMode
+            onPicked: (isOn) => root.generator.isAiMode = isOn
+        }
+        CardDivider {
+            visible: root.generator.isAiMode
+        }
+        Column {
+            visible: root.generator.isAiMode
+            width: parent.width
+            spacing: 4
+
+            Row {
+                spacing: 4
+
+                ElidedText {
+                    anchors.verticalCenter: parent.verticalCenter
+                    text: qsTr("OpenAI API Key")
+                    color: Theme.secondary
+                    font.pixelSize: Theme.caption
+                }
+                T.Button {
+                    id: info
+                    objectName: "apiKeyInfo"
+                    implicitWidth: 20
+                    implicitHeight: 20
+                    focusPolicy: Qt.StrongFocus
+                    text: qsTr("Why do I need an API Key?")
+                    Accessible.role: Accessible.Button
+                    Accessible.name: text
+                    Keys.onReturnPressed: clicked()
+                    Keys.onEnterPressed: clicked()
+                    onClicked: root.panel.showingApiKeyInfo = true
+
+                    contentItem: Item {
+                        Symbol {
+                            anchors.centerIn: parent
+                            name: "info.circle"
+                            size: Theme.caption + 3
+                            color: info.hovered || info.activeFocus ? Theme.primary : Theme.secondary
+                        }
+                    }
+                    background: Item {
+                        FocusRing {
+                            distance: 0
+                            visible: info.visualFocus
+                        }
+                    }
+
+                    ToolTipView {
+                        text: info.text
+                        visible: info.hovered && !popover.visible
+                    }
+                    ApiKeyInfo {
+                        id: popover
+                        visible: root.panel.showingApiKeyInfo
+                        onClosed: root.panel.showingApiKeyInfo = false
+                    }
+                }
+            }
+            TextInputField {
+                objectName: "apiKey"
+                width: parent.width
+                placeholderText: qsTr("Enter API Key")
+                echoMode: TextInput.Password
+                inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhHiddenText
+                text: root.generator.openAiApiKey
+                onTextEdited: root.generator.openAiApiKey = text
+                Accessible.name: qsTr("OpenAI API Key")
+                Accessible.passwordEdit: true
+            }
+        }
+        Column {
+            visible: root.generator.isAiMode
+            width: parent.width
+            spacing: 4
+
+            ElidedText {
+                text: qsTr("Custom Prompt")
+                color: Theme.secondary
+                font.pixelSize: Theme.caption
+            }
+            TextEditor {
+                objectName: "customPrompt"
+                width: parent.width
+                height: 60
+                label: qsTr("Custom Prompt")
+                radius: 4
+                padding: 4
+                borderColor: "#338e8e93"
+                font.pixelSize: Theme.caption
+                text: root.generator.customPrompt
+                onTextEdited: (text) => root.generator.customPrompt = text
+            }
+        }
+        Column {
+            visible: root.generator.isAiMode
+            width: parent.width
+            spacing: 4
+
+            ElidedText {
+                text: qsTr("Batch Name")
+                color: Theme.secondary
+                font.pixelSize: Theme.caption
+            }
+            TextInputField {
+                objectName: "batchName"
+                width: parent.width
+                placeholderText: qsTr("e.g. Motivation Quotes")
+                text: root.generator.batchName
+                onTextEdited: root.generator.batchName = text
+                Accessible.name: qsTr("Batch Name")
+            }
+        }
+    }
+}

@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Generator
+
+/// Starts a run.
+T.Button {
+    id: root
+
+    required property GeneratorView panel
+    readonly property bool isAiMode: panel.generator.isAiMode
+    readonly property color ground: !panel.hasAssets ? "#4d8e8e93" : isAiMode ? Theme.purpleGround : Theme.accent
+
+    topPadding: 12
+    bottomPadding: 12
+    implicitHeight: row.implicitHeight + topPadding + bottomPadding
+    focusPolicy: Qt.StrongFocus
+    enabled: panel.canGenerate
+    text: panel.generateText
+    Accessible.role: Accessible.Button
+    Accessible.name: text.trim()
+    Keys.onReturnPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
+    Keys.onEnterPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
+    onClicked: panel.generate()
+
+    contentItem: Item {
+        Row {
+            id: row
+            anchors.centerIn: parent
+            spacing: 8
+            opacity: root.enabled ? 1 : 0.6
+
+            Symbol {
+                anchors.verticalCenter: parent.verticalCenter
+                name: !root.panel.hasAssets ? "exclamationmark.triangle" : root.isAiMode ? "sparkles" : "wand.and.stars"
+                size: 16
+                color: "white"
+            }
+            Text {
+                anchors.verticalCenter: parent.verticalCenter
+                text: root.text
+                color: "white"
+                font.family: Theme.family
+                font.pixelSize: Theme.body
+                font.weight: Font.DemiBold
+                textFormat: Text.PlainText
+            }
+        }
+    }
+    background: RoundedArea {
+        radius: 8
+        color: root.enabled || !root.panel.hasAssets ? root.ground : Qt.rgba(root.ground.r, root.ground.g, root.ground.b, 0.4)
+
+        RoundedArea {
+            anchors.fill: parent
+            radius: 8
+            color: !root.enabled ? "transparent" : root.pressed ? "#30000000" : root.hovered ? "#14ffffff" : "transparent"
+        }
+        FocusRing {
+            radius: 10
+            visible: root.visualFocus
+        }
+    }
+}

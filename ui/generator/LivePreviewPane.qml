@@ -1,0 +1,147 @@
+import QtQuick
+import Mosslantern.Common
+import Mosslantern.Editor
+import Mosslantern.Generator
+
+/// The large preview of one entry, whose texts can be dragged, scaled and retyped.
+FocusScope {
+    id: root
+
+    required property LivePreview preview
+    required property bool isGenerating
+    readonly property rect frame: preview.frame
+
+    clip: true
+
+    Rectangle {
+        id: backdrop
+        anchors.fill: parent
+        color: Theme.windowBackground
+    }
+    TapHandler {
+        onTapped: (tap) => {
+            const point = content.mapFromItem(root, tap.position.x, tap.position.y)
+            if (!root.preview.mainBlock.contains(point)
+                    && !(root.preview.hasSubtitle && root.preview.subtitleBlock.contains(point)))
+                content.forceActiveFocus(Qt.MouseFocusReason)
+        }
+    }
+    Item {
+        id: area
+        anchors.fill: parent
+        anchors.topMargin: heading.height
+        anchors.bottomMargin: navigation.visible ? navigation.height + 20 : 0
+        onWidthChanged: fit()
+        onHeightChanged: fit()
+        Component.onCompleted: fit()
+
+        function fit() {
+            root.preview.area = Qt.size(width, height)
+        }
+
+        FocusScope {
+            id: content
+            objectName: "livePreview"
+            x: Math.round(root.frame.x)
+            y: Math.round(root.frame.y)
+            width: Math.round(root.frame.width)
+            height: Math.round(root.frame.height)
+            clip: true
+
+            Item {
+                id: picture
+                anchors.fill: parent
+
+                Rectangle {
+                    anchors.fill: parent
+                    visible: root.preview.asset === null
+                    radius: 12
+                    color: "#268e8e93"
+
+                    Symbol {
+                        anchors.centerIn: parent
+                        name: "photo"
+                        size: 40
+                        color: Theme.secondary
+                    }
+                }
+                AssetBackground {
+                    objectName: "livePicture"
+                    anchors.fill: parent
+                    asset: root.preview.asset
+                    canvasSize: Qt.size(root.frame.width, root.frame.height)
+                }
+            }
+            TextBlockItem {
+                anchors.fill: parent
+                block: root.preview.mainBlock
+            }
+            TextBlockItem {
+                anchors.fill: parent
+                visible: root.preview.hasSubtitle
+                block: root.preview.subtitleBlock
+            }
+            EditableText {
+                objectName: "liveMainText"
+                block: root.preview.mainBlock
+                label: qsTr("Main Text")
+            }
+            EditableText {
+                objectName: "liveSubtitle"
+                visible: root.preview.hasSubtitle
+                onVisibleChanged: if (!visible) block.isFocused = false
+                block: root.preview.subtitleBlock
+                label: qsTr("Subtitle")
+            }
+        }
+        CanvasFrame {
+            anchors.fill: content
+            visible: content.width > 0
+            backdrop: backdrop.color
+            shadowStrength: 0.5
+        }
+    }
+    NumberAnimation {
+        id: appearing
+        target: content
+        property: "opacity"
+        from: 0.3
+        to: 1
+        duration: 200
+        easing.type: Easing.OutCubic
+    }
+    Connections {
+        target: root.preview
+        function onIndexChanged() {
+            appearing.restart()
+        }
+    }
+
+    Text {
+        id: heading
+        width: parent.width
+        padding: Theme.padding
+        text: qsTr("Live Preview")
+        color: Theme.secondary
+        font.family: Theme.family
+        font.pixelSize: Theme.caption
+        font.weight: Font.DemiBold
+        horizontalAlignment: Text.AlignHCenter
+        Accessible.role: Accessible.Heading
+        Accessible.name: text
+    }
+    PreviewNavigation {
+        id: navigation
+        objectName: "previewNavigation"
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 20
+        visible: root.preview.count > 1
+        preview: root.preview
+    }
+    GeneratingOverlay {
+        objectName: "generatingOverlay"
+        anchors.fill: parent
+        visible: root.isGenerating
+    }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import QtQuick.Templates as T
+import Mosslantern.Common
+import Mosslantern.Generator
+
+/// Steps from entry to entry.
+Rectangle {
+    id: root
+
+    required property LivePreview preview
+
+    implicitWidth: row.implicitWidth + 2 * 8
+    implicitHeight: row.implicitHeight + 2 * 6
+    radius: 12
+    color: Theme.material
+
+    component Step: T.AbstractButton {
+        id: step
+
+        required property string symbol
+
+        implicitWidth: 28
+        implicitHeight: 28
+        focusPolicy: Qt.StrongFocus
+        Accessible.role: Accessible.Button
+        Accessible.name: text
+        Keys.onReturnPressed: clicked()
+        Keys.onEnterPressed: clicked()
+
+        contentItem: Item {
+            Symbol {
+                anchors.centerIn: parent
+                name: step.symbol
+                size: Theme.title3 + 3
+                color: step.enabled ? Theme.primary : Theme.disabled
+            }
+        }
+        background: Rectangle {
+            radius: Theme.controlRadius
+            color: !step.enabled ? "transparent" : step.pressed ? Theme.pressed : step.hovered ? Theme.hovered : "transparent"
+
+            FocusRing {
+                distance: 0
+                visible: step.visualFocus
+            }
+        }
+
+        HoverHandler {
+            id: hover
+        }
+        ToolTipView {
+            text: step.text
+            visible: hover.hovered
+        }
+    }
+
+    Row {
+        id: row
+        anchors.centerIn: parent
+        spacing: 12
+
+        Step {
+            objectName: "previousEntry"
+            symbol: "chevron.left"
+            text: qsTr("Previous Slide")
+            enabled: root.preview.index > 0
+            onClicked: root.preview.index -= 1
+        }
+        Rectangle {
+            anchors.verticalCenter: parent.verticalCenter
+            width: counter.implicitWidth + 2 * 8
+            height: counter.implicitHeight + 2 * 4
+            radius: 6
+            color: Theme.material
+
+            DigitsText {
+                id: counter
+                objectName: "entryCounter"
+                anchors.centerIn: parent
+                text: qsTr("%1 / %2").arg(root.preview.index + 1).arg(root.preview.count)
+                color: "white"
+                fontSize: Theme.caption
+            }
+        }
+        Step {
+            objectName: "nextEntry"
+            symbol: "chevron.right"
+            text: qsTr("Next Slide")
+            enabled: root.preview.index < root.preview.count - 1
+            onClicked: root.preview.index += 1
+        }
+    }
+}

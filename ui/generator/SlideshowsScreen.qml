@@ -1,0 +1,48 @@
+import QtQuick
+import Mosslantern.Common
+import Mosslantern.Generator
+
+/// Where slideshows are made, and, in the other tab, all that have been made.
+FocusScope {
+    id: root
+
+    required property ScreenContext context
+
+    Accessible.role: Accessible.Pane
+    Accessible.name: qsTr("Slideshows")
+    Component.onCompleted: create.setSource("CreateTab.qml", {"context": context, "screen": screen})
+
+    SlideshowsView {
+        id: screen
+        objectName: "slideshowsView"
+        context: root.context
+    }
+    ScreenTabs {
+        id: tabs
+        width: parent.width
+        titles: [qsTr("Create"), qsTr("History")]
+        symbols: ["wand.and.stars", "clock"]
+        onCurrentIndexChanged: {
+            screen.preview.endEditing()
+            if (currentIndex === 1 && history.status === Loader.Null)
+                history.setSource("../Library/GalleryScreen.qml", {"context": root.context})
+        }
+    }
+    Item {
+        anchors.fill: parent
+        anchors.topMargin: tabs.height
+
+        Loader {
+            id: create
+            anchors.fill: parent
+            visible: tabs.currentIndex === 0
+            focus: visible
+        }
+        Loader {
+            id: history
+            anchors.fill: parent
+            visible: tabs.currentIndex === 1
+            focus: visible
+        }
+    }
+}

@@ -1,0 +1,40 @@
+#include "ui/generator/slideshows_view.h"
+
+#include <QtGui/QCursor>
+#include <QtGui/QGuiApplication>
+
+namespace mosslantern {
+
+SlideshowsView::SlideshowsView(QObject *parent)
+    : QObject(parent)
+{}
+
+SlideshowsView::~SlideshowsView() = default;
+
+void SlideshowsView::setContext(ScreenContext *context)
+{
+    Q_ASSERT(!m_context && context);
+    m_context = context;
+    m_generator =
+        std::make_unique<SlideshowGenerator>(context->store(), context->service(), context->preferences());
+    m_generator->updatePreviewAssetMapping();
+    m_panel = std::make_unique<GeneratorView>(*m_generator);
+    m_preview = std::make_unique<LivePreview>(*m_generator);
+    connect(m_panel.get(), &GeneratorView::onGenerate, this, &SlideshowsView::generate);
+    emit contextChanged();
+}
+
+void SlideshowsView::generate()
+{
+    QMetaObject::invokeMethod(this, &SlideshowsView::run, Qt::QueuedConnection);
+}
+
+void SlideshowsView::run()
+{
+    // Without the AI service this returns when all files are copied.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    m_generator->generateBatch();
+    QGuiApplication::restoreOverrideCursor();
+}
+
+} // namespace mosslantern
