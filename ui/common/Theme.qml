@@ -18,8 +18,6 @@ QtObject {
     readonly property color placeholder: "#737a7a"
     readonly property color faintLine: "#1affffff"
     readonly property color material: "#d92a2f31"
-    readonly property color faintLine: "#1affffff"
-    readonly property color material: "#d92a2f31"
     readonly property color disabled: "#5e6566"
     readonly property color accentText: "#ffffff"
 
@@ -34,10 +32,7 @@ QtObject {
     readonly property color green: "#32d158"
     readonly property color orange: "#ff9f0a"
     readonly property color tickBackground: "#ffffff"
-    readonly property color green: "#32d158"
-    readonly property color orange: "#ff9f0a"
     readonly property color lantern: "#e8b85c"
-    readonly property color purpleGround: "#9a3fd0"
     readonly property color purpleGround: "#9a3fd0"
 
     // States laid over a surface.
