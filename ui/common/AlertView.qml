@@ -10,7 +10,10 @@ ModalPanel {
     property string message
     property alias fields: holder.data
     property alias buttons: row.data
-    readonly property real buttonWidth: (availableWidth - (row.children.length - 1) * row.spacing) / Math.max(1, row.children.length)
+    /// Whether the buttons stand below one another, for long labels.
+    property bool stacksButtons: false
+    readonly property real buttonWidth: stacksButtons ? availableWidth
+        : (availableWidth - (row.children.length - 1) * row.spacing) / Math.max(1, row.children.length)
 
     width: 300
     padding: 20
@@ -61,9 +64,10 @@ ModalPanel {
                 width: parent.width
                 visible: children.length > 0
             }
-            Row {
+            Grid {
                 id: row
                 width: parent.width
+                columns: root.stacksButtons ? 1 : Math.max(1, row.children.length)
                 spacing: Theme.spacing
             }
         }

@@ -8,6 +8,8 @@ Item {
     id: root
 
     property color color: Theme.secondary
+    /// Goes round smoothly, also while the interface is at work on something else.
+    property bool isSmooth: false
     readonly property int spokes: 8
     property int step: 0
 
@@ -19,8 +21,17 @@ Item {
     Timer {
         interval: 110
         repeat: true
-        running: root.visible
+        running: root.visible && !root.isSmooth
         onTriggered: root.step = (root.step + 1) % root.spokes
+    }
+
+    RotationAnimator {
+        target: root
+        from: 0
+        to: 360
+        duration: 1000
+        loops: Animation.Infinite
+        running: root.visible && root.isSmooth
     }
 
     Repeater {

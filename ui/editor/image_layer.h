@@ -14,6 +14,7 @@ namespace mosslantern {
     QSGImageNode *const node = window->createImageNode();
     node->setOwnsTexture(true);
     node->setTexture(window->createTextureFromImage(image));
+    node->setFiltering(QSGTexture::Linear);
     node->setRect(QRectF(at / pixelRatio, QSizeF(image.size()) / pixelRatio));
     return node;
 }

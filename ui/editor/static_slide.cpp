@@ -1,7 +1,12 @@
 #include "ui/editor/static_slide.h"
 
 #include "render/picture/picture_geometry.h"
+#include "render/pixels/continuous_corners.h"
 #include "ui/editor/image_layer.h"
+
+#include <QtGui/QPainter>
+
+#include <cmath>
 
 namespace mosslantern {
 
@@ -12,6 +17,19 @@ PictureFill filling(const QImage &picture, QSize canvas)
     const QImage image = picture.convertToFormat(
         picture.hasAlphaChannel() ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBX8888);
     return {image, coverRegion(image.size(), canvas)};
+}
+
+/// Clears what lies outside corners of `radius` pixels at the top.
+void cutTopCorners(QImage &image, double radius)
+{
+    const int extent = static_cast<int>(std::ceil(continuousCornerExtent * radius));
+    QPainterPath outside;
+    outside.addRect(image.rect());
+    outside -= continuousRoundedRect(QRectF(image.rect()).adjusted(0, 0, 0, 2 * extent), radius);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(outside, Qt::black);
 }
 
 } // namespace
@@ -58,6 +76,15 @@ void StaticSlide::geometryChange(const QRectF &newGeometry, const QRectF &oldGeo
         redraw();
 }
 
+void StaticSlide::setTopRadius(double radius)
+{
+    if (m_topRadius == radius)
+        return;
+    m_topRadius = radius;
+    redraw();
+    emit topRadiusChanged();
+}
+
 QRectF StaticSlide::canvasRect() const
 {
     return fittedCanvas(shape(), boundingRect());
@@ -85,6 +112,8 @@ void StaticSlide::updatePolish()
     const Canvas canvas{rect.size(), m_pixelRatio};
     const Content shown = content();
     m_image = SlideComposition(canvas, background(shown, canvas), drawTexts(shown.values, canvas)).image();
+    if (m_topRadius > 0)
+        cutTopCorners(m_image, m_topRadius * m_pixelRatio);
     m_imageIsNew = true;
     update();
 }

@@ -18,6 +18,8 @@ class StaticSlide : public QQuickItem
     Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY isLoadedChanged)
     /// Of the canvas.
     Q_PROPERTY(double widthToHeight READ canvasShape NOTIFY canvasShapeChanged)
+    /// Cuts the upper corners off as those of what the slide lies on, in points; 0 does not.
+    Q_PROPERTY(double topRadius MEMBER m_topRadius WRITE setTopRadius NOTIFY topRadiusChanged)
 
 public:
     explicit StaticSlide(QQuickItem *parent = nullptr);
@@ -27,9 +29,12 @@ public:
     /// Where the canvas lies in the item, in points.
     QRectF canvasRect() const;
 
+    void setTopRadius(double radius);
+
 signals:
     void isLoadedChanged();
     void canvasShapeChanged();
+    void topRadiusChanged();
 
 protected:
     /// What the slide shows at the moment.
@@ -58,6 +63,7 @@ private:
     Background background(const Content &content, const Canvas &canvas);
 
     CanvasPicture m_picture;
+    double m_topRadius = 0;
     QImage m_image;
     double m_pixelRatio = 1;
     bool m_imageIsNew = false;

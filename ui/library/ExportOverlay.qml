@@ -1,0 +1,67 @@
+import QtQuick
+import Mosslantern.Common
+import Mosslantern.Library
+
+/// Lies over the gallery while a batch is exported and keeps the pointer and the keys away from it.
+FocusScope {
+    id: root
+
+    required property GalleryView gallery
+
+    visible: gallery.isExporting
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: label.text
+    Accessible.description: progress.text
+    Keys.onPressed: (event) => event.accepted = ![Qt.Key_Tab, Qt.Key_Backtab].includes(event.key)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.scrim
+    }
+    MouseArea {
+        anchors.fill: parent
+        acceptedButtons: Qt.AllButtons
+        hoverEnabled: true
+        onWheel: (wheel) => wheel.accepted = true
+    }
+    Column {
+        anchors.centerIn: parent
+        spacing: 16
+
+        Spinner {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 36
+            height: 36
+            isSmooth: true
+            color: "white"
+        }
+        Column {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 5
+
+            Text {
+                id: label
+                objectName: "exportingLabel"
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("Exporting...")
+                color: "white"
+                style: Text.Outline
+                styleColor: Theme.scrim
+                font.family: Theme.family
+                font.pixelSize: Theme.headline
+                font.weight: Font.DemiBold
+            }
+            Text {
+                id: progress
+                objectName: "exportProgress"
+                anchors.horizontalCenter: parent.horizontalCenter
+                text: qsTr("%1 of %2 slides").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
+                color: "white"
+                style: Text.Outline
+                styleColor: Theme.scrim
+                font.family: Theme.family
+                font.pixelSize: Theme.caption
+            }
+        }
+    }
+}
