@@ -68,7 +68,7 @@ StartOptions options(const QString &folder)
 int showFirst(const QString &folder)
 {
     MosslanternApp app(options(folder));
-    if (!app.start() || !app.window())
+    if (app.start() != StartOutcome::shown || !app.window())
         return 1;
     QObject::connect(app.window(), &QQuickWindow::frameSwapped, app.window(), printFirstFrame,
                      Qt::DirectConnection);
@@ -151,7 +151,7 @@ private:
 int scrollThrough(const QString &folder, double seconds)
 {
     MosslanternApp app(options(folder));
-    if (!app.start() || !app.window())
+    if (app.start() != StartOutcome::shown || !app.window())
         return 1;
     std::optional<Scroller> scroller;
     QTimer::singleShot(3000, app.window(), [&] { scroller.emplace(*app.window(), seconds); });

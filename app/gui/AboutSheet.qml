@@ -5,8 +5,8 @@ AlertView {
     id: root
 
     title: qsTr("Mosslantern")
-    message: qsTr("Version %1\n\nText-on-image slideshows for short videos.\n\nFonts: Inter, Nunito, JetBrains Mono. Symbols: Lucide.").arg(Qt.application.version)
-    width: 340
+    message: qsTr("Version %1\n\nText-on-image slideshows for short videos.\n\nFonts: Inter, Nunito, JetBrains Mono. Symbols: Lucide. Made with Qt, which is used under the GNU Lesser General Public License, version 3.").arg(Qt.application.version)
+    width: 380
 
     buttons: PushButton {
         objectName: "closeAbout"

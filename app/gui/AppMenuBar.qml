@@ -9,15 +9,17 @@ T.MenuBar {
 
     required property Window window
     required property SPUUpdater updater
+    required property AppCommands commands
     /// Read once: a feed is there from the start or not at all.
     readonly property bool canCheckForUpdates: updater.canCheckForUpdates()
 
     signal aboutRequested
-    signal shortcutsRequested
 
     implicitHeight: 30
     leftPadding: 8
-    delegate: AppMenuBarItem {}
+    delegate: AppMenuBarItem {
+        isBold: menu === applicationMenu
+    }
     contentItem: Row {
         Repeater {
             model: root.contentModel
@@ -38,6 +40,7 @@ T.MenuBar {
     }
 
     ContextMenu {
+        id: applicationMenu
         title: qsTr("&Mosslantern")
         width: 240
 
@@ -53,11 +56,9 @@ T.MenuBar {
             onTriggered: root.updater.checkForUpdates()
         }
         ContextMenuSeparator {}
-        ContextMenuItem {
+        CommandItem {
             objectName: "quit"
-            text: qsTr("Quit Mosslantern")
-            shortcutText: qsTr("Ctrl+Q")
-            onTriggered: Qt.quit()
+            command: root.commands.quit
         }
     }
     ContextMenu {
@@ -97,9 +98,10 @@ T.MenuBar {
             onTriggered: edit.paste()
         }
         ContextMenuItem {
+            objectName: "editDelete"
             text: qsTr("Delete")
             shortcutText: qsTr("Del")
-            enabled: edit.canCut
+            enabled: edit.canDelete
             onTriggered: edit.deleteSelection()
         }
         ContextMenuSeparator {}
@@ -111,50 +113,35 @@ T.MenuBar {
         }
     }
     ContextMenu {
+        title: qsTr("&View")
+        width: 240
+
+        CommandItem {
+            objectName: "toggleSidebar"
+            command: root.commands.toggleSidebar
+        }
+        CommandItem {
+            command: root.commands.toggleFullScreen
+        }
+    }
+    ContextMenu {
         title: qsTr("&Window")
         width: 240
 
-        ContextMenuItem {
-            text: qsTr("Minimize")
-            shortcutText: qsTr("Ctrl+M")
-            onTriggered: root.window.showMinimized()
+        CommandItem {
+            command: root.commands.minimize
         }
         ContextMenuItem {
             text: root.window.visibility === Window.Maximized ? qsTr("Restore") : qsTr("Maximize")
             onTriggered: root.window.visibility === Window.Maximized ? root.window.showNormal() : root.window.showMaximized()
-        }
-        ContextMenuItem {
-            text: root.window.visibility === Window.FullScreen ? qsTr("Leave Full Screen") : qsTr("Enter Full Screen")
-            shortcutText: qsTr("F11")
-            onTriggered: root.window.visibility === Window.FullScreen ? root.window.showNormal() : root.window.showFullScreen()
         }
     }
     ContextMenu {
         title: qsTr("&Help")
         width: 240
 
-        ContextMenuItem {
-            objectName: "keyboardShortcuts"
-            text: qsTr("Keyboard Shortcuts")
-            shortcutText: qsTr("F1")
-            onTriggered: root.shortcutsRequested()
+        CommandItem {
+            command: root.commands.showShortcuts
         }
-    }
-
-    Shortcut {
-        sequence: "Ctrl+Q"
-        onActivated: Qt.quit()
-    }
-    Shortcut {
-        sequence: "Ctrl+M"
-        onActivated: root.window.showMinimized()
-    }
-    Shortcut {
-        sequence: "F11"
-        onActivated: root.window.visibility === Window.FullScreen ? root.window.showNormal() : root.window.showFullScreen()
-    }
-    Shortcut {
-        sequence: "F1"
-        onActivated: root.shortcutsRequested()
     }
 }

@@ -7,7 +7,10 @@ Window {
 
     required property string heading
     required property string message
+    /// The file that it is about; empty for none.
     required property string file
+    /// The folder to look for it; empty for none.
+    required property url folder
 
     width: 480
     height: column.height + 2 * 24
@@ -17,6 +20,11 @@ Window {
     title: qsTr("Mosslantern")
     color: Theme.windowBackground
     visible: true
+
+    Shortcut {
+        sequences: ["Escape", "Ctrl+Q"]
+        onActivated: root.close()
+    }
 
     Symbol {
         id: icon
@@ -88,9 +96,9 @@ Window {
 
             PushButton {
                 objectName: "openFolder"
-                visible: root.file !== ""
+                visible: root.folder.toString() !== ""
                 text: qsTr("Open Folder")
-                onClicked: Qt.openUrlExternally("file://" + root.file.substring(0, root.file.lastIndexOf("/")).split("/").map(encodeURIComponent).join("/"))
+                onClicked: Qt.openUrlExternally(root.folder)
             }
             PushButton {
                 objectName: "quitAfterFailure"

@@ -23,11 +23,27 @@ T.ApplicationWindow {
     menuBar: AppMenuBar {
         window: root
         updater: root.updater
+        commands: commands
         onAboutRequested: sheets.setSource("AboutSheet.qml", {"visible": true})
-        onShortcutsRequested: sheets.setSource("ShortcutsSheet.qml", {"visible": true})
     }
     Component.onCompleted: showSelectedScreen()
 
+    AppCommands {
+        id: commands
+        window: root
+        onIsSidebarShownChanged: root.keepDetailWidth()
+        onShortcutsRequested: sheets.setSource("ShortcutsSheet.qml", {"commands": all, "visible": true})
+    }
+    PanelLook {
+        window: Theme.windowBackground
+        base: Theme.textBackground
+        button: Theme.raisedBackground
+        text: Theme.primary
+        disabledText: Theme.disabled
+        highlight: Theme.accent
+        highlightedText: Theme.accentText
+        fontSize: Theme.body
+    }
     ContentView {
         id: content
         objectName: "contentView"
@@ -40,7 +56,9 @@ T.ApplicationWindow {
         handle: SplitHandle {}
 
         Sidebar {
+            id: sidebar
             content: content
+            visible: commands.isSidebarShown
             T.SplitView.minimumWidth: 180
             T.SplitView.preferredWidth: 200
             T.SplitView.maximumWidth: 220
@@ -65,6 +83,14 @@ T.ApplicationWindow {
                 anchors.fill: parent
             }
         }
+    }
+
+    /// Makes room for the sidebar, or takes its room away, so that the detail column keeps its size, as far as the
+    /// window may be narrower and the screen is wide enough.
+    function keepDetailWidth() {
+        const room = sidebar.width + 1
+        if (visibility === Window.Windowed)
+            width = commands.isSidebarShown ? Math.min(Screen.desktopAvailableWidth, width + room) : Math.max(minimumWidth, width - room)
     }
 
     /// The editor of one slideshow.

@@ -2,31 +2,35 @@ pragma ComponentBehavior: Bound
 
 import QtQuick
 import Mosslantern.Common
+import Mosslantern.App
 
 /// What the keyboard does.
 SheetView {
     id: root
 
-    width: 440
-    height: 400
+    required property list<AppCommand> commands
+    readonly property var lines: [
+        [qsTr("Go from control to control"), qsTr("Tab")],
+        [qsTr("Move in lists and grids"), qsTr("Arrow keys, Home, End, Page Up, Page Down")],
+        [qsTr("Let go of the selected row"), qsTr("Ctrl+Space")],
+        [qsTr("Delete or remove what is selected"), qsTr("Delete")],
+        [qsTr("Open, load or import"), qsTr("Return")],
+        [qsTr("Show the menu of an item"), qsTr("Menu, Shift+F10")],
+        [qsTr("Close a sheet, cancel a question"), qsTr("Escape")]
+    ].concat(Array.from(commands, command => [command.label, command.nativeText]))
+
+    width: 500
+    height: Theme.headerHeight + list.height + 2 * list.y + 56
     title: qsTr("Keyboard Shortcuts")
 
     Column {
+        id: list
         x: 20
         y: 14
         width: parent.width - 40
 
         Repeater {
-            model: [
-                [qsTr("Go from control to control"), qsTr("Tab")],
-                [qsTr("Move in lists and grids"), qsTr("Arrow keys")],
-                [qsTr("Delete or remove what is selected"), qsTr("Delete")],
-                [qsTr("Open, load or import"), qsTr("Return")],
-                [qsTr("Show the menu of an item"), qsTr("Menu, Shift+F10")],
-                [qsTr("Close a sheet, cancel a question"), qsTr("Escape")],
-                [qsTr("Full screen"), qsTr("F11")],
-                [qsTr("Quit"), qsTr("Ctrl+Q")]
-            ]
+            model: root.lines
 
             Item {
                 id: line

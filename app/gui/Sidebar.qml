@@ -4,7 +4,7 @@ import QtQuick
 import Mosslantern.Common
 import Mosslantern.App
 
-/// The destinations; a click chooses one, a click with the Control key lets go of the chosen one.
+/// The destinations; a click chooses one, a click or the space bar with the Control key lets go of the chosen one.
 Rectangle {
     id: root
 
@@ -44,6 +44,21 @@ Rectangle {
         Accessible.name: title.text
         Keys.onUpPressed: root.content.selectedIndex = Math.max(0, root.content.selectedIndex - 1)
         Keys.onDownPressed: root.content.selectedIndex = Math.min(count - 1, root.content.selectedIndex + 1)
+        Keys.onSpacePressed: (event) => {
+            event.accepted = event.modifiers === Qt.ControlModifier
+            if (event.accepted)
+                root.content.selectedIndex = -1
+        }
+        Keys.onPressed: (event) => {
+            event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End
+            if (event.accepted)
+                root.content.selectedIndex = event.key === Qt.Key_Home ? 0 : count - 1
+        }
+
+        FocusRing {
+            distance: -3
+            visible: list.activeFocus && root.content.selectedIndex < 0 && InputMode.usesKeyboard
+        }
 
         delegate: SidebarRow {
             width: ListView.view.width

@@ -1,18 +1,23 @@
 import QtQuick
 import Mosslantern.Common
 
+/// A destination and, before the first one of a section, the section's heading.
 Item {
     id: root
 
     required property int index
+    /// Empty for none.
     required property string heading
     required property string label
     required property string symbol
     required property bool isSelected
+    /// Whether it is selected in a sidebar that has the keyboard.
     required property bool isFocused
 
     signal chosen
+    /// Its selection is to end.
     signal released
+    /// A pointer was used on it.
     signal pointed
 
     implicitHeight: 32 + title.height

@@ -2,11 +2,24 @@
 
 namespace mosslantern {
 
+namespace {
+
+/// The list or grid that an item is in, or is itself.
+QQuickItem *listAround(QQuickItem *item)
+{
+    while (item && item->metaObject()->indexOfProperty("canRemove") < 0)
+        item = item->parentItem();
+    return item;
+}
+
+} // namespace
+
 void EditCommands::capture(QQuickItem *focusItem)
 {
     // Text items of Qt Quick share these by name, not by type.
     const bool isText = focusItem && focusItem->metaObject()->indexOfProperty("selectedText") >= 0;
     m_text = isText ? focusItem : nullptr;
+    m_list = isText ? nullptr : listAround(focusItem);
     emit captured();
 }
 
@@ -20,9 +33,16 @@ bool EditCommands::canSelectAll() const
     return m_text && m_text->property("length").toInt() > 0;
 }
 
+bool EditCommands::canDelete() const
+{
+    return canCut() || (m_list && m_list->property("canRemove").toBool());
+}
+
 void EditCommands::deleteSelection()
 {
-    if (canCut()) {
+    if (m_list) {
+        QMetaObject::invokeMethod(m_list, "removalRequested");
+    } else if (canCut()) {
         QMetaObject::invokeMethod(m_text, "remove", Q_ARG(int, m_text->property("selectionStart").toInt()),
                                   Q_ARG(int, m_text->property("selectionEnd").toInt()));
     }

@@ -6,7 +6,8 @@
 
 namespace mosslantern {
 
-/// The commands of the Edit menu, for the text that had the keyboard when the menu opened.
+/// The commands of the Edit menu, for what had the keyboard when the menu opened: a text, or a list or grid
+/// whose current item can be removed.
 class EditCommands : public QObject
 {
     Q_OBJECT
@@ -15,6 +16,7 @@ class EditCommands : public QObject
     Q_PROPERTY(bool canRedo READ canRedo NOTIFY captured)
     Q_PROPERTY(bool canCut READ canCut NOTIFY captured)
     Q_PROPERTY(bool canCopy READ canCopy NOTIFY captured)
+    Q_PROPERTY(bool canDelete READ canDelete NOTIFY captured)
     Q_PROPERTY(bool canPaste READ canPaste NOTIFY captured)
     Q_PROPERTY(bool canSelectAll READ canSelectAll NOTIFY captured)
 
@@ -23,22 +25,26 @@ public:
         : QObject(parent)
     {}
 
-    /// Takes the item that has the keyboard now, which may be no text.
+    /// Takes the item that has the keyboard now, which may be neither.
     Q_INVOKABLE void capture(QQuickItem *focusItem);
 
+    /// Whether the commands do anything for what was captured.
     bool canUndo() const { return flag("canUndo"); }
     bool canRedo() const { return flag("canRedo"); }
     bool canCut() const { return canCopy() && !flag("readOnly"); }
     bool canCopy() const;
+    bool canDelete() const;
     bool canPaste() const { return flag("canPaste"); }
     bool canSelectAll() const;
 
+    /// What the text itself does on the keys for it.
     Q_INVOKABLE void undo() { run("undo"); }
     Q_INVOKABLE void redo() { run("redo"); }
     Q_INVOKABLE void cut() { run("cut"); }
     Q_INVOKABLE void copy() { run("copy"); }
     Q_INVOKABLE void paste() { run("paste"); }
     Q_INVOKABLE void selectAll() { run("selectAll"); }
+    /// Removes the selected text, or asks the list to remove its current item.
     Q_INVOKABLE void deleteSelection();
 
 signals:
@@ -49,6 +55,7 @@ private:
     void run(const char *operation);
 
     QPointer<QQuickItem> m_text;
+    QPointer<QQuickItem> m_list;
 };
 
 } // namespace mosslantern

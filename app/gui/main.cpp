@@ -4,8 +4,10 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
-#include <QtGui/QPalette>
 #include <QtWidgets/QApplication>
+
+#include <cstdio>
+#include <cstdlib>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -28,16 +30,6 @@ QString stateFile()
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)).filePath(u"state.ini"_s);
 }
 
-/// The panels that Qt draws itself are to be as dark as the window.
-QPalette darkPalette()
-{
-    QPalette palette(QColor(0x2a2f31), QColor(0x1b1e1f));
-    palette.setColor(QPalette::Base, QColor(0x121415));
-    palette.setColor(QPalette::Highlight, QColor(0x3f82f0));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
 StartOptions readOptions()
 {
     QCommandLineParser parser;
@@ -51,12 +43,17 @@ StartOptions readOptions()
     show.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({library, show});
     parser.process(QCoreApplication::arguments());
+    const QString shown = parser.value(show);
+    if (parser.isSet(show) && shown != contentLibrary && shown != slideshowEditor) {
+        std::fprintf(stderr, "There is no sheet of the name \"%s\".\n", qUtf8Printable(shown));
+        std::exit(EXIT_FAILURE);
+    }
     return {.location = parser.isSet(library) ? LibraryLocation::inFolder(parser.value(library))
                                               : LibraryLocation::standard(),
             .stateFile = stateFile(),
             .updateFeed = updateFeed(),
-            .showsContentLibrary = parser.value(show) == contentLibrary,
-            .showsSlideshowEditor = parser.value(show) == slideshowEditor};
+            .showsContentLibrary = shown == contentLibrary,
+            .showsSlideshowEditor = shown == slideshowEditor};
 }
 
 } // namespace
@@ -67,7 +64,14 @@ int main(int argc, char **argv)
     setApplicationIdentity();
     QGuiApplication::setDesktopFileName(u"mosslantern"_s);
     const QApplication application(argc, argv);
-    QApplication::setPalette(darkPalette());
     MosslanternApp app(readOptions());
-    return app.start() ? QApplication::exec() : 0;
+    switch (app.start()) {
+    case StartOutcome::shown:
+        return QApplication::exec();
+    case StartOutcome::raisedOther:
+        return EXIT_SUCCESS;
+    case StartOutcome::failed:
+        return EXIT_FAILURE;
+    }
+    Q_UNREACHABLE();
 }

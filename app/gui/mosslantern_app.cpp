@@ -5,11 +5,29 @@
 #include "ui/common/interface_fonts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
 #include <QtCore/QProcessEnvironment>
+#include <QtCore/QThread>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Where to look for a file that may be missing, with its folder: the nearest folder that is there.
+QUrl nearestFolder(const QString &file)
+{
+    if (file.isEmpty())
+        return {};
+    QFileInfo folder(QFileInfo(file).path());
+    while (!folder.isDir() && !folder.isRoot())
+        folder.setFile(folder.path());
+    return QUrl::fromLocalFile(folder.filePath());
+}
+
+} // namespace
 
 MosslanternApp::MosslanternApp(const StartOptions &options)
     : m_options(options)
@@ -29,10 +47,10 @@ MosslanternApp::~MosslanternApp()
     m_engine.reset();
 }
 
-bool MosslanternApp::start()
+StartOutcome MosslanternApp::start()
 {
     if (m_singleInstance.raiseOther())
-        return false;
+        return StartOutcome::raisedOther;
     const QString file = m_options.location.storeFile();
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         return showFailure(u"Mosslantern is not installed completely"_s, fonts.error(), {});
@@ -44,21 +62,33 @@ bool MosslanternApp::start()
     }
     Result<std::unique_ptr<Store>> store = Store::open(m_options.location);
     if (!store)
-        return m_singleInstance.raiseOther()
-                   ? false
-                   : showFailure(u"The library cannot be opened"_s, store.error(), file);
+        return raisesOther() ? StartOutcome::raisedOther
+                             : showFailure(u"The library cannot be opened"_s, store.error(), file);
     m_store = std::move(*store);
-    m_singleInstance.listen();
+    if (!m_singleInstance.listen())
+        qWarning("A second start will not find this window.");
     return openMainWindow();
 }
 
-bool MosslanternApp::openMainWindow()
+bool MosslanternApp::raisesOther() const
+{
+    // Another process that opened the library a moment ago does not listen yet.
+    constexpr int attempts = 10;
+    for (int i = 0; i < attempts; ++i) {
+        if (m_singleInstance.raiseOther())
+            return true;
+        QThread::msleep(100ms / 1ms);
+    }
+    return false;
+}
+
+StartOutcome MosslanternApp::openMainWindow()
 {
     m_context.emplace(*m_store, m_filePanels, m_service, Preferences());
     m_window = load(u"MainWindow"_s, {{u"context"_s, QVariant::fromValue(&*m_context)},
                                       {u"updater"_s, QVariant::fromValue(&updater())}});
     if (!m_window)
-        return false;
+        return StartOutcome::failed;
     m_filePanels.setWindow(m_window);
     restoreWindow(*m_window, m_options.stateFile);
     QObject::connect(m_window, &QWindow::visibleChanged, m_window, [this](bool isVisible) {
@@ -72,13 +102,16 @@ bool MosslanternApp::openMainWindow()
         m_options.showsSlideshowEditor && !slideshows.empty())
         QMetaObject::invokeMethod(m_window, "showSlideshowEditor",
                                   Q_ARG(mosslantern::Slideshow *, slideshows.front()));
-    return true;
+    return StartOutcome::shown;
 }
 
-bool MosslanternApp::showFailure(const QString &heading, const Error &error, const QString &file)
+StartOutcome MosslanternApp::showFailure(const QString &heading, const Error &error, const QString &file)
 {
-    return load(u"FailureWindow"_s,
-                {{u"heading"_s, heading}, {u"message"_s, error.message}, {u"file"_s, file}}) != nullptr;
+    const QQuickWindow *const window = load(u"FailureWindow"_s, {{u"heading"_s, heading},
+                                                                 {u"message"_s, error.message},
+                                                                 {u"file"_s, file},
+                                                                 {u"folder"_s, nearestFolder(file)}});
+    return window ? StartOutcome::shown : StartOutcome::failed;
 }
 
 QQuickWindow *MosslanternApp::load(const QString &qmlFile, const QVariantMap &properties)

@@ -17,30 +17,40 @@ namespace mosslantern {
 /// What the command line asks of the application.
 struct StartOptions
 {
-    LibraryLocation location;
-    QString stateFile; // an INI file for the window's place and the like
-    QUrl updateFeed;   // invalid for none
-    bool showsContentLibrary = false;
+    LibraryLocation location;          // of the records and pictures
+    QString stateFile;                 // an INI file for the window's place and the like
+    QUrl updateFeed;                   // invalid for none
+    bool showsContentLibrary = false;  // the sheet of templates, at once
     bool showsSlideshowEditor = false; // on the first slideshow, if there is one
+};
+
+/// How a start ended.
+enum class StartOutcome {
+    shown,       // a window is open, if only one that says what is wrong
+    raisedOther, // the window of the process that has the library open has come to the front
+    failed,      // there is no window
 };
 
 /// The application: its updater, its store and its window.
 class MosslanternApp
 {
 public:
+    /// Begins the checks for updates; opens nothing yet.
     explicit MosslanternApp(const StartOptions &options);
     ~MosslanternApp();
 
     /// Opens the window, or one that says why there is none; or, when the library is open in another process,
-    /// raises that one's window and opens none. Whether the event loop is to run.
-    bool start();
+    /// raises that one's window and opens none.
+    StartOutcome start();
 
+    /// The main window; null when it is not open.
     QQuickWindow *window() const { return m_window; }
     SPUUpdater &updater() { return m_updaterController.updater(); }
 
 private:
-    bool openMainWindow();
-    bool showFailure(const QString &heading, const Error &error, const QString &file);
+    bool raisesOther() const;
+    StartOutcome openMainWindow();
+    StartOutcome showFailure(const QString &heading, const Error &error, const QString &file);
     QQuickWindow *load(const QString &qmlFile, const QVariantMap &properties);
     void raiseWindow(const QByteArray &token);
 

@@ -13,6 +13,7 @@ class SidebarView : public QAbstractListModel
     QML_ELEMENT
 
 public:
+    /// "heading" of the section or an empty text, "label" and "symbol" of the row: all texts.
     enum Role { HeadingRole = Qt::UserRole, LabelRole, SymbolRole };
 
     explicit SidebarView(QObject *parent = nullptr)

@@ -14,11 +14,21 @@ namespace {
 constexpr int answerMilliseconds = 1000;
 constexpr auto raiseRequest = "raise "_L1;
 
+/// The same for every way to a file, which need not exist yet.
+QString canonicalPath(const QString &path)
+{
+    const QFileInfo file(path);
+    if (file.exists() || file.isRoot())
+        return file.canonicalFilePath();
+    return QDir(canonicalPath(file.path())).filePath(file.fileName());
+}
+
 /// In the user's own folder for sockets, so that nobody else can take the name.
 QString socketName(const LibraryLocation &location)
 {
+    const QString path = location.storeFile().isEmpty() ? QString() : canonicalPath(location.storeFile());
     const QByteArray hash =
-        QCryptographicHash::hash(location.storeFile().toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
+        QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return QDir(folder).filePath(u"mosslantern-"_s + QString::fromLatin1(hash));
 }
@@ -43,11 +53,11 @@ bool SingleInstance::raiseOther() const
     return socket.waitForBytesWritten(answerMilliseconds) && socket.waitForReadyRead(answerMilliseconds);
 }
 
-void SingleInstance::listen()
+bool SingleInstance::listen()
 {
     // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
     QLocalServer::removeServer(m_name);
-    m_server.listen(m_name);
+    return m_server.listen(m_name);
 }
 
 void SingleInstance::answer()

@@ -17,8 +17,8 @@ public:
     /// Asks the application that has the library open to show itself; whether there is one.
     bool raiseOther() const;
 
-    /// Listens for such requests from now on.
-    void listen();
+    /// Listens for such requests from now on; whether that is possible.
+    bool listen();
 
 signals:
     /// `token` is the right to take the foreground that a Wayland compositor gave the other process, or

@@ -38,6 +38,9 @@ private:
     void controls();
     void updates();
     void failure();
+    void click(const QString &objectName, int nth = 0, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = {});
+    void require(const QString &objectName);
     void save(QQuickWindow *window, const QString &name);
     void waitForThumbnails();
     void waitForPopup();
@@ -71,6 +74,19 @@ void Tour::picture(const QString &name)
     save(m_session.window(), name);
 }
 
+void Tour::click(const QString &objectName, int nth, Qt::MouseButton button, Qt::KeyboardModifiers modifiers)
+{
+    if (!m_session.click(objectName, nth, button, modifiers))
+        qFatal("%s cannot be clicked", qPrintable(objectName));
+}
+
+/// What a picture is about must be in it.
+void Tour::require(const QString &objectName)
+{
+    if (!m_session.find(objectName))
+        qFatal("%s does not show", qPrintable(objectName));
+}
+
 void Tour::assets()
 {
     picture(u"assets-empty"_s);
@@ -82,46 +98,51 @@ void Tour::assets()
     m_session.key(Qt::Key_Tab);
     m_session.key(Qt::Key_Right);
     picture(u"assets-keyboard"_s);
-    m_session.click(u"assetCell"_s, 2, Qt::RightButton);
+    click(u"assetCell"_s, 2, Qt::RightButton);
     waitForPopup();
+    require(u"deleteAsset"_s);
     picture(u"assets-menu"_s);
     m_session.key(Qt::Key_Escape);
 }
 
 void Tour::collections()
 {
-    m_session.click(u"sidebarRow1"_s);
+    click(u"sidebarRow1"_s);
     picture(u"collections-empty"_s);
-    m_session.click(u"newCollection"_s);
+    click(u"newCollection"_s);
     waitForPopup();
+    require(u"createCollection"_s);
     picture(u"collections-new"_s);
     m_session.type(u"Flowers 🌼"_s);
     picture(u"collections-new-named"_s);
-    m_session.click(u"createCollection"_s);
+    click(u"createCollection"_s);
     for (const QString &name :
          {u"Weather"_s, u"A collection with a name that goes on and on, much further than anyone would "
                         "type it in a list of collections, and then some more of it"_s})
         m_session.store().insert(std::make_unique<Collection>(name));
     waitForPopup();
-    m_session.click(u"collectionRow"_s, 2);
+    click(u"collectionRow"_s, 2);
     picture(u"collections-selected-empty"_s);
-    m_session.click(u"addAssets"_s);
+    click(u"addAssets"_s);
     waitForThumbnails();
     for (const int cell : {0, 3, 4})
-        m_session.click(u"pickCell"_s, cell);
+        click(u"pickCell"_s, cell);
+    require(u"confirmAddAssets"_s);
     picture(u"collections-add"_s);
     m_session.key(Qt::Key_Right);
     picture(u"collections-add-keyboard"_s);
-    m_session.click(u"confirmAddAssets"_s);
+    click(u"confirmAddAssets"_s);
     waitForThumbnails();
     picture(u"collections-members"_s);
-    m_session.click(u"memberCell"_s, 1, Qt::RightButton);
+    click(u"memberCell"_s, 1, Qt::RightButton);
     waitForPopup();
+    require(u"removeFromCollection"_s);
     picture(u"collections-member-menu"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
-    m_session.click(u"collectionRow"_s, 1, Qt::RightButton);
+    click(u"collectionRow"_s, 1, Qt::RightButton);
     waitForPopup();
+    require(u"deleteCollection"_s);
     picture(u"collections-menu"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
@@ -132,12 +153,12 @@ void Tour::contentLibrary()
     QMetaObject::invokeMethod(m_session.window(), "showContentLibrary");
     waitForPopup();
     picture(u"templates-empty"_s);
-    m_session.click(u"saveCurrentTemplate"_s);
+    click(u"saveCurrentTemplate"_s);
     waitForPopup();
     picture(u"templates-save-current"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
-    m_session.click(u"createNewTemplate"_s);
+    click(u"createNewTemplate"_s);
     waitForPopup();
     picture(u"templates-create"_s);
     m_session.type(u"Morning walk"_s);
@@ -145,7 +166,7 @@ void Tour::contentLibrary()
     m_session.type(u"{\n  \"slides\": [\n    {\n      \"main\": \"Five reasons to get up early ☀️\",\n"
                    "      \"subtitle\": \"The second one surprised me\"\n    }\n  ]\n}"_s);
     picture(u"templates-create-filled"_s);
-    m_session.click(u"saveTemplate"_s);
+    click(u"saveTemplate"_s);
     waitForPopup();
     QStringList lines;
     for (int i = 1; i <= 60; ++i)
@@ -155,36 +176,42 @@ void Tour::contentLibrary()
         m_session.store().insert(std::make_unique<ContentTemplate>(name, lines.join(u'\n')));
     m_session.settle();
     picture(u"templates"_s);
-    m_session.click(u"templateRow"_s, 1);
+    click(u"templateRow"_s, 1);
     picture(u"templates-long"_s);
-    m_session.click(u"deleteTemplate"_s);
+    click(u"deleteTemplate"_s);
     waitForPopup();
+    require(u"cancelDeleteTemplate"_s);
     picture(u"templates-delete"_s);
-    m_session.click(u"cancelDeleteTemplate"_s);
+    click(u"cancelDeleteTemplate"_s);
     waitForPopup();
-    m_session.click(u"contentLibraryDone"_s);
+    click(u"contentLibraryDone"_s);
     waitForPopup();
 }
 
 void Tour::menus()
 {
-    for (const QString &menu : {u"&Mosslantern"_s, u"&Edit"_s, u"&Window"_s, u"&Help"_s}) {
+    for (const QString &menu : {u"&Mosslantern"_s, u"&Edit"_s, u"&View"_s, u"&Window"_s, u"&Help"_s}) {
         QQuickItem *const item = m_session.findText(menu);
         QTest::mouseClick(m_session.window(), Qt::LeftButton, {},
                           item->mapToScene(item->boundingRect().center()).toPoint());
         waitForPopup();
+        const auto *const opened = item->property("menu").value<QObject *>();
+        if (!opened || !opened->property("opened").toBool())
+            qFatal("the menu %s is not open", qPrintable(menu));
         picture(u"menu-"_s + menu.sliced(1).toLower());
         m_session.key(Qt::Key_Escape);
         waitForPopup();
     }
     m_session.key(Qt::Key_F1);
     waitForPopup();
+    require(u"closeShortcuts"_s);
     picture(u"shortcuts"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
     m_session.key(Qt::Key_M, Qt::AltModifier);
-    m_session.click(u"about"_s);
+    click(u"about"_s);
     waitForPopup();
+    require(u"closeAbout"_s);
     picture(u"about"_s);
     m_session.key(Qt::Key_Escape);
     waitForPopup();
@@ -271,7 +298,8 @@ void Tour::failure()
     MosslanternApp app({.location = library.location(),
                         .stateFile = library.path(u"state.ini"_s),
                         .updateFeed = QUrl(QString(), QUrl::StrictMode)});
-    app.start();
+    if (app.start() != StartOutcome::shown)
+        qFatal("the failure does not show");
     QTest::qWait(300);
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
         if (window->isVisible() && window->findChild<QObject *>(u"failureHeading"_s))
@@ -286,11 +314,11 @@ void Tour::run()
     collections();
     contentLibrary();
     menus();
-    m_session.click(u"sidebarRow2"_s);
+    click(u"sidebarRow2"_s);
     picture(u"slideshows"_s);
-    m_session.click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);
+    click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);
     picture(u"nothing-selected"_s);
-    m_session.click(u"sidebarRow0"_s);
+    click(u"sidebarRow0"_s);
     m_session.window()->resize(1200, 730);
     waitForThumbnails();
     picture(u"assets-smallest"_s);

@@ -7,6 +7,7 @@
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
+#include <QtTest/QSignalSpy>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -56,6 +57,57 @@ private slots:
         QVERIFY(session().click(u"sidebarRow0"_s));
         QVERIFY(session().find(u"assetGrid"_s));
         QVERIFY(!session().findText(u"Select an item"_s));
+        session().key(Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(selected(), std::nullopt);
+        session().key(Qt::Key_Down);
+        QCOMPARE(selected(), AppScreen::assets);
+    }
+
+    void opensMenusAgainAfterEscape()
+    {
+        session().open();
+        for (const QString &item : {u"&Mosslantern"_s, u"&Mosslantern"_s, u"&Edit"_s}) {
+            const QQuickItem *const title = session().findText(item);
+            const QPoint middle = title->mapToScene(title->boundingRect().center()).toPoint();
+            QTest::mouseMove(session().window(), middle);
+            QTest::mouseClick(session().window(), Qt::LeftButton, {}, middle);
+            QTRY_VERIFY(session().findText(item.startsWith("&M"_L1) ? u"About Mosslantern"_s : u"Undo"_s));
+            session().key(Qt::Key_Escape);
+            QTRY_VERIFY(!session().findText(u"About Mosslantern"_s) && !session().findText(u"Undo"_s));
+        }
+    }
+
+    void obeysShortcutsWhileASheetIsOpen()
+    {
+        QQuickWindow *const window = session().open();
+        session().key(Qt::Key_F1);
+        QTRY_VERIFY(session().find(u"closeShortcuts"_s));
+        session().key(Qt::Key_F11);
+        QTRY_COMPARE(window->visibility(), QWindow::FullScreen);
+        session().key(Qt::Key_F11);
+        QTRY_COMPARE(window->visibility(), QWindow::Windowed);
+        session().key(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
+        QTRY_VERIFY(!session().find(u"sidebar"_s));
+
+        const QSignalSpy quits(qmlEngine(window), &QQmlEngine::quit);
+        session().key(Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(quits.count(), 1);
+    }
+
+    void editsWhatHasTheKeyboard()
+    {
+        session().library().addAsset(u"a"_s);
+        session().open();
+        for (const bool isAsset : {false, true}) {
+            session().key(Qt::Key_E, Qt::AltModifier);
+            QTRY_VERIFY(session().find(u"editDelete"_s));
+            QCOMPARE(session().find(u"editDelete"_s)->isEnabled(), isAsset);
+            if (isAsset)
+                QVERIFY(session().click(u"editDelete"_s));
+            session().key(Qt::Key_Escape);
+            session().key(Qt::Key_Tab);
+        }
+        QVERIFY(store().all<Asset>().empty());
     }
 
     void keepsItsSizes()
@@ -110,26 +162,41 @@ private slots:
         file.close();
 
         MosslanternApp app(startOptions());
-        QVERIFY(app.start());
+        QCOMPARE(app.start(), StartOutcome::shown);
         QVERIFY(!app.window());
-        const QWindow *const window = QGuiApplication::topLevelWindows().constLast();
+        QWindow *const window = QGuiApplication::topLevelWindows().constLast();
         QVERIFY(window->isVisible());
         const auto *const message = window->findChild<QObject *>(u"failureMessage"_s);
         QVERIFY(message && message->property("text").toString().contains("not a Mosslantern library"_L1));
+        QCOMPARE(window->property("folder").toUrl(),
+                 QUrl::fromLocalFile(QFileInfo(session().library().storeFile()).path()));
+        window->requestActivate();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        QTest::keyClick(window, Qt::Key_Escape);
+        QTRY_VERIFY(!window->isVisible());
         QCOMPARE(readFile(file.fileName()), foreign);
     }
 
+    void raisesTheFirstWindowOnASecondStart_data()
+    {
+        QTest::addColumn<bool>("byLink");
+        QTest::newRow("by the same path") << false;
+        QTest::newRow("through a link") << true;
+    }
     void raisesTheFirstWindowOnASecondStart()
     {
+        QFETCH(const bool, byLink);
+        const QString folder = QFileInfo(session().library().storeFile()).path();
+        const QString link = session().library().path(u"link"_s);
+        QVERIFY(!byLink || QFile::link(folder, link));
         MosslanternApp first(startOptions());
-        QVERIFY(first.start());
+        QCOMPARE(first.start(), StartOutcome::shown);
         QVERIFY(first.window());
         QVERIFY(QTest::qWaitForWindowExposed(first.window()));
 
         // The first one answers in its event loop, the second one waits: so it must be another process.
         QProcess second;
-        second.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM),
-                     {u"--library"_s, QFileInfo(session().library().storeFile()).path()});
+        second.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"--library"_s, byLink ? link : folder});
         first.window()->showMinimized();
         QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 10'000);
         QCOMPARE(second.exitCode(), 0);

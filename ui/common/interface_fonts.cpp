@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 Result<> registerInterfaceFonts()
 {
-    constexpr int bodyPixels = 13;
     if (const Result<> registered = registerFonts(); !registered)
         return registered;
     const auto monospaced = u":/mosslantern/fonts/JetBrainsMono-Regular.ttf"_s;
@@ -21,7 +20,6 @@ Result<> registerInterfaceFonts()
         QFont::insertSubstitution(family, u"Noto Color Emoji"_s);
 
     QFont body(u"Inter"_s);
-    body.setPixelSize(bodyPixels);
     body.setHintingPreference(QFont::PreferNoHinting);
     QGuiApplication::setFont(body);
     return {};
