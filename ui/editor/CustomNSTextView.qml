@@ -4,12 +4,13 @@ import QtQuick
 import Mosslantern.Common
 import Mosslantern.Editor
 
-/// Several lines of text that are typed but not seen: only the caret, a thick bar, and the selection are drawn.
-/// Lengths are points; the text is laid out larger and scaled down.
+/// Several lines of text to type, with a thick bar for a caret. Lengths are points; the text is laid out larger and
+/// scaled down.
 Item {
     id: root
 
     required property font font
+    required property color textColor
     required property color insertionPointColor
     required property int alignment
     required property real sideInset
@@ -64,7 +65,9 @@ Item {
         height: root.height * coordinator.factor
         scale: 1 / coordinator.factor
         transformOrigin: Item.TopLeft
-        opacity: 0
+        color: root.textColor
+        // A transparent colour alone would leave the emoji to be seen.
+        opacity: root.textColor.a > 0 ? 1 : 0
         leftPadding: root.sideInset * coordinator.factor
         rightPadding: leftPadding
         topPadding: root.verticalPadding * coordinator.factor
@@ -80,14 +83,18 @@ Item {
         onCursorPositionChanged: {
             blink.restart()
             caret.isOn = true
-            if (selectionStart === selectionEnd)
-                cursorPosition = coordinator.caretPosition(lastPosition, cursorPosition)
-            lastPosition = cursorPosition
+            const place = coordinator.caretPosition(lastPosition, cursorPosition)
+            if (place === cursorPosition)
+                lastPosition = place
+            else if (selectionStart === selectionEnd)
+                cursorPosition = place
+            else
+                moveCursorSelection(place)
         }
         Keys.onPressed: (event) => {
             if (event.key === Qt.Key_Escape)
                 event.accepted = true
-            else if (selectionStart !== selectionEnd || event.modifiers !== Qt.NoModifier)
+            else if (selectionStart !== selectionEnd || event.modifiers & ~(Qt.ShiftModifier | Qt.KeypadModifier))
                 return
             const position = cursorPosition
             const start = event.key === Qt.Key_Backspace ? coordinator.startOfEmojiBefore(position) : position

@@ -83,12 +83,19 @@ FocusScope {
         }
     }
     WheelHandler {
+        // Of a fine wheel, many steps make one change.
+        property real angle: 0
+
         enabled: !root.block.isFocused
         acceptedModifiers: Qt.ControlModifier
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
         target: null
         onWheel: (event) => {
-            root.block.magnify(Math.pow(1.1, event.angleDelta.y / 120))
+            angle += event.angleDelta.y
+            root.block.magnify(Math.pow(1.1, angle / 120))
+            if (root.block.currentScale === 1)
+                return
+            angle = 0
             root.block.endMagnify()
         }
     }

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
+import Mosslantern.Editor
 
 /// A text field of several lines that grows with its text as far as it may, and scrolls from then on.
 FocusScope {
@@ -9,12 +10,28 @@ FocusScope {
     required property string placeholder
     required property int minimumLines
     required property int maximumLines
-    property alias text: area.text
+    required property string text
 
+    /// The user has changed the text into this one.
     signal textEdited(text: string)
+
+    property bool isUpdating: false
+
+    function takeText() {
+        const lines = PlainText.withLineFeeds(text)
+        if (PlainText.of(area.textDocument) === lines)
+            return
+        const caret = area.cursorPosition
+        isUpdating = true
+        area.text = lines
+        isUpdating = false
+        area.cursorPosition = Math.min(caret, area.length)
+    }
 
     implicitHeight: Math.ceil(Math.min(Math.max(area.contentHeight, minimumLines * metrics.lineSpacing),
                                        maximumLines * metrics.lineSpacing)) + 12
+    onTextChanged: takeText()
+    Component.onCompleted: takeText()
 
     FontMetrics {
         id: metrics
@@ -55,7 +72,7 @@ FocusScope {
             KeyNavigation.priority: KeyNavigation.BeforeItem
             KeyNavigation.tab: nextItemInFocusChain(true)
             KeyNavigation.backtab: nextItemInFocusChain(false)
-            onTextChanged: root.textEdited(text)
+            onTextChanged: if (!root.isUpdating) root.textEdited(PlainText.of(textDocument))
             Accessible.role: Accessible.EditableText
             Accessible.name: root.placeholder
 

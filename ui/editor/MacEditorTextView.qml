@@ -7,35 +7,34 @@ Item {
 
     required property string text
     required property font font
-    property int alignment: Text.AlignHCenter
+    required property color textColor
+    required property int alignment
     required property color insertionPointColor
     required property bool isFocused
     /// A point, or undefined.
     required property var clickLocation
-    property real verticalPadding: 2
-    property real lineSpacing: 3
-    readonly property alias textView: view
+    required property real verticalPadding
+    required property real lineSpacing
+    /// What the text needs, in points.
+    readonly property real dynamicHeight: view.coordinator.neededHeight(view.textHeight)
 
-    /// The user has changed the text.
-    signal textEdited(text: string)
+    /// The user has changed the text into this one.
+    signal editingChanged(text: string)
+    /// The keyboard has gone elsewhere: editing has ended.
+    signal commit
     /// The text with what an input method is composing in it; empty when it composes nothing.
     signal composed(text: string, isComposing: bool)
-    signal heightNeeded(height: real)
-    signal editingEnded
 
     function takeText() {
+        if (view.coordinator.text() === PlainText.withLineFeeds(text))
+            return
         const edit = view.edit
-        if (edit.text !== view.coordinator.editorText(text)) {
-            const start = edit.selectionStart
-            const end = edit.selectionEnd
-            const caret = edit.cursorPosition
-            isUpdating = true
-            view.coordinator.replaceText(text)
-            isUpdating = false
-            const anchor = caret === start ? end : start
-            edit.select(Math.min(anchor, edit.length), Math.min(caret, edit.length))
-        }
-        heightNeeded(view.coordinator.neededHeight(view.textHeight))
+        const start = edit.selectionStart
+        const end = edit.selectionEnd
+        const caret = edit.cursorPosition
+        view.coordinator.replaceText(text)
+        const anchor = caret === start ? end : start
+        edit.select(Math.min(anchor, edit.length), Math.min(caret, edit.length))
     }
 
     function focusText() {
@@ -50,8 +49,6 @@ Item {
         else if (edit.cursorPosition === 0)
             edit.cursorPosition = edit.length
     }
-
-    property bool isUpdating: false
 
     onTextChanged: takeText()
     Component.onCompleted: {
@@ -69,6 +66,7 @@ Item {
         id: view
         anchors.fill: parent
         font: root.font
+        textColor: root.textColor
         insertionPointColor: root.insertionPointColor
         alignment: root.alignment
         sideInset: 8
@@ -79,21 +77,20 @@ Item {
         target: view.edit
 
         function onTextChanged() {
-            if (root.isUpdating)
-                return
-            root.textEdited(view.edit.text)
-            root.heightNeeded(view.coordinator.neededHeight(view.textHeight))
+            const text = view.coordinator.text()
+            if (text !== PlainText.withLineFeeds(root.text))
+                root.editingChanged(text)
         }
         function onPreeditTextChanged() {
-            const edit = view.edit
-            const composing = edit.preeditText !== ""
-            root.composed(composing ? edit.text.slice(0, edit.cursorPosition) + edit.preeditText
-                                      + edit.text.slice(edit.cursorPosition) : "", composing)
+            const composing = view.edit.preeditText
+            const caret = view.edit.cursorPosition
+            const text = view.coordinator.text()
+            root.composed(composing !== "" ? text.slice(0, caret) + composing + text.slice(caret) : "", composing !== "")
         }
         function onActiveFocusChanged() {
             // The keyboard comes back when the window is active again.
             if (!view.edit.activeFocus && view.Window.active)
-                root.editingEnded()
+                root.commit()
         }
     }
 }

@@ -13,6 +13,14 @@ FocusScope {
     readonly property rect frame: canvas.canvasFrame(Qt.size(width, height))
     readonly property size canvasSize: Qt.size(frame.width, frame.height)
 
+    // What is under way when the canvas goes away is not lost.
+    Component.onDestruction: {
+        for (const block of [mainBlock, subtitleBlock]) {
+            block.endMagnify()
+            block.endDrag()
+        }
+    }
+
     SlideCanvasView {
         id: canvas
         slide: root.slide

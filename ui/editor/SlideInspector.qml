@@ -65,6 +65,7 @@ Rectangle {
                             minimumLines: 3
                             maximumLines: 5
                             text: root.inspector.text
+                            onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
                             onTextEdited: (text) => root.inspector.text = text
                         }
                     }
@@ -86,6 +87,7 @@ Rectangle {
                             minimumLines: 2
                             maximumLines: 3
                             text: root.inspector.subtitle
+                            onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
                             onTextEdited: (text) => root.inspector.subtitle = text
                         }
                     }

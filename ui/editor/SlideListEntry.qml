@@ -24,13 +24,24 @@ Item {
     Accessible.selected: isSelected
     Accessible.onPressAction: chosen()
 
+    // A spring of response 0.3 s and damping fraction 0.825, until it has settled.
     Behavior on emphasis {
         NumberAnimation {
-            duration: 300
-            easing.type: Easing.OutCubic
+            duration: 400
+            easing.type: Easing.BezierSpline
+            easing.bezierCurve: [0.05, 0, 0.1, 0.222, 0.15, 0.394, 0.217, 0.622, 0.283, 0.791, 0.35, 0.878,
+                                 0.442, 0.999, 0.533, 1.006, 0.625, 1.01, 0.75, 1.014, 0.875, 1, 1, 1]
         }
     }
 
+    SoftShadow {
+        anchors.fill: preview
+        anchors.margins: -margin
+        margin: 4
+        cornerRadius: 8
+        blurRadius: 2
+        strength: 0.33
+    }
     SoftShadow {
         anchors.fill: preview
         anchors.margins: -margin
@@ -38,7 +49,7 @@ Item {
         cornerRadius: 8
         blurRadius: 4
         strength: 0.33
-        opacity: root.emphasis
+        opacity: Math.min(1, root.emphasis)
     }
     SlidePreviewView {
         id: preview

@@ -16,13 +16,21 @@ FocusScope {
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Edit Slideshow")
-    Keys.onEscapePressed: dismissed()
+    Keys.onEscapePressed: if (!detail.isExporting) dismissed()
 
     SlideshowDetailView {
         id: detail
         objectName: "slideshowDetail"
         context: root.context
         slideshow: root.slideshow
+    }
+    Connections {
+        target: detail.inspector
+
+        function onSlideNeeded() {
+            if (preview.canvas)
+                preview.canvas.canvas.write()
+        }
     }
 
     Rectangle {
@@ -32,6 +40,9 @@ FocusScope {
     ScreenHeader {
         id: header
         width: parent.width
+        // The toolbar is level with the close button.
+        height: 2 * 20 + close.height
+        enabled: !detail.isExporting
         title: qsTr("Edit Slideshow")
 
         PushButton {
@@ -59,6 +70,7 @@ FocusScope {
     T.SplitView {
         anchors.fill: parent
         anchors.topMargin: header.height
+        enabled: !detail.isExporting
         orientation: Qt.Horizontal
         handle: SplitHandle {}
 
@@ -140,6 +152,7 @@ FocusScope {
         anchors.margins: 20
         implicitWidth: Theme.title2
         implicitHeight: Theme.title2
+        enabled: !detail.isExporting
         focusPolicy: Qt.TabFocus
         text: qsTr("Close")
         Accessible.name: text

@@ -9,11 +9,15 @@ MacEditorTextView {
 
     text: block.text
     font: block.editorFont
+    textColor: "transparent"
+    alignment: Text.AlignHCenter
     insertionPointColor: block.textColor
     isFocused: block.isFocused
     clickLocation: block.clickLocation
-    onTextEdited: (text) => block.type(text)
+    verticalPadding: 2
+    lineSpacing: 3
+    onEditingChanged: (text) => block.type(text)
     onComposed: (text, isComposing) => isComposing ? block.compose(text) : block.endComposing()
-    onHeightNeeded: (height) => block.editorHeight = height
-    onEditingEnded: block.isFocused = false
+    onDynamicHeightChanged: block.editorHeight = dynamicHeight
+    onCommit: block.isFocused = false
 }

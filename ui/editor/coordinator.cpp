@@ -1,9 +1,9 @@
 #include "ui/editor/coordinator.h"
 
-#include "model/line_breaks.h"
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
 #include "ui/editor/emoji_highlighter.h"
+#include "ui/editor/plain_text.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QFontMetricsF>
@@ -90,16 +90,6 @@ double Coordinator::baselineShift() const
     return QFontMetricsF(m_font).ascent() / layoutFactor - baselineShare * lineHeight();
 }
 
-QString Coordinator::editorText(const QString &text)
-{
-    QString lines = text;
-    for (QChar &character : lines) {
-        if (isLineBreak(character.unicode()))
-            character = u'\n';
-    }
-    return lines;
-}
-
 void Coordinator::replaceText(const QString &text)
 {
     if (!document())
@@ -108,7 +98,7 @@ void Coordinator::replaceText(const QString &text)
     document()->setUndoRedoEnabled(false);
     QTextCursor cursor(document());
     cursor.select(QTextCursor::Document);
-    cursor.insertText(editorText(text));
+    cursor.insertText(PlainText::withLineFeeds(text));
     document()->setUndoRedoEnabled(true);
     formatAll();
 }
@@ -159,7 +149,7 @@ QRectF Coordinator::caretBar(const QRectF &place) const
 
 QString Coordinator::text() const
 {
-    return document() ? document()->toPlainText() : QString();
+    return PlainText::of(m_textDocument);
 }
 
 int Coordinator::startOfEmojiBefore(int position) const

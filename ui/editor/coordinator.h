@@ -54,8 +54,8 @@ public:
     /// How much lower, in points, letters stand on a text block than in the document.
     double baselineShift() const;
 
-    /// The text as the document holds it: every line break of a text block is a line feed.
-    Q_INVOKABLE static QString editorText(const QString &text);
+    /// The text of the document, line feeds between its lines.
+    Q_INVOKABLE QString text() const;
 
     /// Replaces the whole text; nothing of that can be undone.
     Q_INVOKABLE void replaceText(const QString &text);
@@ -80,7 +80,6 @@ signals:
 
 private:
     QTextDocument *document() const;
-    QString text() const;
     void formatBlocks(int from, int to, bool joinsTyping);
     void formatAll();
 

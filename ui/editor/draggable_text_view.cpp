@@ -187,7 +187,8 @@ void DraggableTextView::endMagnify()
 
 void DraggableTextView::nudge(double right, double down)
 {
-    moveTo(center() + QPointF(right, down));
+    moveTo(
+        {m_position.x() * m_containerSize.width() + right, m_position.y() * m_containerSize.height() + down});
 }
 
 void DraggableTextView::doubleClick(QPointF location)

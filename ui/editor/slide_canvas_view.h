@@ -86,6 +86,9 @@ public:
     /// Writes the local values that differ into the slide, as soon as control returns to the event loop.
     Q_INVOKABLE void commit();
 
+    /// The same at once, for what is about to work on the slide.
+    Q_INVOKABLE void write();
+
     /// Commits half a second after the last call.
     void scheduleCommit();
 
@@ -120,7 +123,6 @@ private:
     int textStyle() const;
     QColor boxColor() const;
     void followSlide();
-    void write();
 
     template <typename T>
     void set(T LocalState::*field, const T &value, void (SlideCanvasView::*changed)())

@@ -170,6 +170,7 @@ void SlideInspectorView::applyStyleToAllSlides(const Slideshow &slideshow)
 {
     if (!m_slide)
         return;
+    emit slideNeeded();
     for (Slide *slide : slideshow.slides()) {
         if (slide->id() != m_slide->id())
             copyStyle(*m_slide, *slide);
@@ -180,6 +181,7 @@ void SlideInspectorView::applyStyleToBatch(const QUuid &batchId)
 {
     if (!m_slide)
         return;
+    emit slideNeeded();
     for (const Slideshow *slideshow : m_store.fetch<Slideshow>(
              [&](const Slideshow &candidate) { return candidate.batchId() == batchId; })) {
         for (Slide *slide : slideshow->slides())
@@ -203,6 +205,7 @@ void SlideInspectorView::applyPresetToSlide()
 {
     if (!m_selectedPreset || !m_slide)
         return;
+    emit slideNeeded();
     m_slide->applyPreset(*m_selectedPreset);
     setBoxColor(colorFromHex(m_selectedPreset->boxColorHex()));
 }
@@ -218,8 +221,10 @@ void SlideInspectorView::deleteSelectedPreset()
 
 void SlideInspectorView::savePreset()
 {
-    if (m_slide)
-        setSelectedPreset(m_store.insert(presetFromSlide(m_newPresetName.trimmed(), *m_slide)));
+    if (!m_slide)
+        return;
+    emit slideNeeded();
+    setSelectedPreset(m_store.insert(presetFromSlide(m_newPresetName.trimmed(), *m_slide)));
 }
 
 } // namespace mosslantern

@@ -114,6 +114,9 @@ public:
     Q_INVOKABLE void savePreset();
 
 signals:
+    /// The slide is about to be read or edited: whatever of it is not written yet should be.
+    void slideNeeded();
+
     void textChanged();
     void subtitleChanged();
     void styleChanged();

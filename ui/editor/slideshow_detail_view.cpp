@@ -116,13 +116,13 @@ void SlideshowDetailView::exportTo(const QString &folder)
     connect(&exporter, &BulkExporter::progressed, this, [this](int done, int) {
         m_exportedSlides = done;
         emit exportProgressed();
-        // The window stays closed to the user meanwhile, but shows how far the export is.
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        // The screen is disabled, but shows how far the export is; what the user clicks meanwhile is lost.
+        QCoreApplication::processEvents();
     });
     m_isExporting = true;
     m_exportedSlides = 0;
     emit exportProgressed();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents();
     // What went wrong is on the console; there is no alert.
     static_cast<void>(exporter.exportSlideshow(*m_slideshow, folder));
     m_isExporting = false;

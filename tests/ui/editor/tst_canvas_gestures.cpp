@@ -131,19 +131,22 @@ void CanvasGesturesTest::twoFingersMoveAndScale()
 void CanvasGesturesTest::controlWheel()
 {
     CanvasSession s;
-    const auto wheel = [&](int steps, Qt::KeyboardModifiers modifiers) {
+    const auto wheel = [&](int angle, Qt::KeyboardModifiers modifiers) {
         const QPointF at = s.at(0.5, 0.5);
-        QWheelEvent event(at, s.window().mapToGlobal(at), {}, {0, 120 * steps}, Qt::NoButton, modifiers,
+        QWheelEvent event(at, s.window().mapToGlobal(at), {}, {0, angle}, Qt::NoButton, modifiers,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(&s.window(), &event);
     };
-    wheel(1, {});
+    wheel(120, {});
     QCOMPARE(s.mainBlock->scale(), 1.0);
-    wheel(1, Qt::ControlModifier);
-    wheel(1, Qt::ControlModifier);
+    wheel(120, Qt::ControlModifier);
+    wheel(120, Qt::ControlModifier);
     QCOMPARE(s.mainBlock->scale(), 1.21);
-    wheel(-2, Qt::ControlModifier);
+    wheel(-240, Qt::ControlModifier);
     QCOMPARE(s.mainBlock->scale(), 1.0);
+    for (int i = 0; i < 30; ++i)
+        wheel(4, Qt::ControlModifier);
+    QVERIFY(qAbs(s.mainBlock->scale() - 1.1) < 0.02);
 }
 
 void CanvasGesturesTest::arrowKeys()
@@ -158,6 +161,11 @@ void CanvasGesturesTest::arrowKeys()
         QTest::keyClick(&s.window(), Qt::Key_Down, Qt::ShiftModifier);
     QCOMPARE(s.subtitleBlock->position().y(), 1.0);
     QTRY_COMPARE_WITH_TIMEOUT(s.slide->subtitleY(), 1.0, 1000);
+
+    s.drag(s.at(0.5, 1) - QPoint(0, 3), {0, -100});
+    QTest::keyClick(&s.window(), Qt::Key_Left);
+    s.drop(s.at(0.5, 1) - QPoint(0, 103));
+    QCOMPARE(s.subtitleBlock->center(), QPointF(180, 540));
 }
 
 void CanvasGesturesTest::singleClickOnlySelects()

@@ -8,6 +8,7 @@
 #include "ui/editor/slideshow_detail_view.h"
 
 #include <QtCore/QDir>
+#include <qpa/qwindowsysteminterface.h>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -106,7 +107,10 @@ private slots:
 
     void selectingKeepsTheDrag();
     void presetWhileEditing();
+    void copiesTheStyleThatIsSeen();
     void typesInTheInspector();
+    void showingATextLeavesItAlone();
+    void inputDuringAnExportIsDropped();
     void savesAPresetByKeyboard();
     void columnsKeepTheirWidths();
     void closes_data();
@@ -344,9 +348,75 @@ void SlideshowDetailTest::presetWhileEditing()
     QCOMPARE(s.slide(0)->textY(), 0.25);
 }
 
+void SlideshowDetailTest::copiesTheStyleThatIsSeen()
+{
+    ScreenSession s;
+    SlideInspectorView *const inspector = s.root->findChild<SlideshowDetailView *>()->inspector();
+    inspector->setSelectedPreset(s.store().insert(presetFromSlide(u"p"_s, *s.slide(0))));
+    s.block()->nudge(40, 0);
+    inspector->applyToAllSlides();
+    QVERIFY(s.slide(1)->textX() > 0.5);
+    s.block()->nudge(40, 0);
+    inspector->applyPresetToSlide();
+    QCOMPARE(s.block()->position(), QPointF(0.5, 0.5));
+    QTest::qWait(600);
+    QCOMPARE(s.slide(0)->textX(), 0.5);
+}
+
+void SlideshowDetailTest::showingATextLeavesItAlone()
+{
+    ScreenSession s;
+    const QString text = u"a\r\nb\u00a0c\u2028d"_s;
+    s.slide(1)->setText(text);
+    QVERIFY(s.click(u"slideEntry1"_s));
+    QCOMPARE(s.find(u"mainFieldArea"_s)->property("text").toString(), u"a\n\nb c\nd"_s);
+    s.block()->startEditing();
+    QTRY_VERIFY(s.find(u"textEdit"_s));
+    QVERIFY(s.click(u"slideEntry0"_s));
+    QCOMPARE(s.slide(1)->text(), text);
+
+    QVERIFY(s.click(u"slideEntry1"_s));
+    QVERIFY(s.click(u"mainFieldArea"_s));
+    QTest::keyClick(&s.window(), Qt::Key_End, Qt::ControlModifier);
+    s.type(u"!"_s);
+    QCOMPARE(s.slide(1)->text(), u"a\n\nb\u00a0c\nd!"_s);
+}
+
+void SlideshowDetailTest::inputDuringAnExportIsDropped()
+{
+    ScreenSession s;
+    QSignalSpy dismissed(s.root, SIGNAL(dismissed()));
+    const auto *const detail = s.root->findChild<SlideshowDetailView *>();
+    const QPointF done = s.find(u"done"_s)->mapToScene({10, 10});
+    connect(detail, &SlideshowDetailView::exportProgressed, this, [&] {
+        if (!detail->isExporting() || detail->exportedSlides() != 1)
+            return;
+        for (const auto &[buttons, type] : {std::pair(Qt::LeftButton, QEvent::MouseButtonPress),
+                                            std::pair(Qt::NoButton, QEvent::MouseButtonRelease)})
+            QWindowSystemInterface::handleMouseEvent<QWindowSystemInterface::AsynchronousDelivery>(
+                &s.window(), done, s.window().mapToGlobal(done), buttons, Qt::LeftButton, type);
+    });
+    QVERIFY(s.click(u"export"_s));
+    s.panels.answerFolder(s.library().path(u"out"_s));
+    s.settle();
+    QCOMPARE(dismissed.count(), 0);
+    QVERIFY(s.click(u"done"_s));
+    QCOMPARE(dismissed.count(), 1);
+}
+
 void SlideshowDetailTest::typesInTheInspector()
 {
     ScreenSession s;
+    s.block()->startEditing();
+    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
+    s.type(u"!"_s);
+    QCOMPARE(s.slide(0)->text(), u"One"_s);
+    QVERIFY(s.click(u"mainFieldArea"_s));
+    QTest::keyClick(&s.window(), Qt::Key_End, Qt::ControlModifier);
+    s.type(u"?"_s);
+    QCOMPARE(s.slide(0)->text(), u"One!?"_s);
+    QCOMPARE(s.block()->text(), u"One!?"_s);
+
     QVERIFY(s.click(u"subtitleFieldArea"_s));
     s.type(u"Hi"_s);
     QCOMPARE(s.slide(0)->subtitle(), u"Hi"_s);

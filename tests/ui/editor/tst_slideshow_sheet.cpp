@@ -48,6 +48,7 @@ private slots:
     void escapeDoesNotEndEditing();
     void closingWritesWhatIsEdited_data();
     void closingWritesWhatIsEdited();
+    void closingWritesWhatIsDragged();
     void outlivesItsSlideshow();
 };
 
@@ -87,6 +88,23 @@ void SlideshowSheetTest::closingWritesWhatIsEdited()
     QTRY_VERIFY(!s.find(u"slideList"_s));
     QVERIFY(s.openEditor());
     QCOMPARE(s.block()->text(), u"One"_s);
+}
+
+void SlideshowSheetTest::closingWritesWhatIsDragged()
+{
+    SheetSession s;
+    QVERIFY(s.openEditor());
+    s.settle();
+    const QPoint start = s.find(u"mainText"_s)->mapToScene({100, 10}).toPoint();
+    QTest::mousePress(s.window(), Qt::LeftButton, {}, start);
+    for (int step = 1; step <= 5; ++step)
+        QTest::mouseMove(s.window(), start + QPoint(0, 20 * step));
+    const double y = s.block()->center().y() / s.block()->containerSize().height();
+    QVERIFY(y > 0.55);
+    s.key(Qt::Key_Escape);
+    QTRY_VERIFY(!s.find(u"slideList"_s));
+    QTest::mouseRelease(s.window(), Qt::LeftButton, {}, start);
+    QTRY_COMPARE(s.slideshow->slides()[0]->textY(), y);
 }
 
 void SlideshowSheetTest::outlivesItsSlideshow()

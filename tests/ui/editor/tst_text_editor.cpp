@@ -3,6 +3,7 @@
 #include "render/text/line_layout.h"
 #include "tests/ui/editor/canvas_session.h"
 #include "ui/editor/coordinator.h"
+#include "ui/editor/plain_text.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
@@ -58,6 +59,7 @@ private slots:
     void caretGoesToTheEnd();
     void typing();
     void emojiAreDeletedWhole();
+    void noBreakSpacesStay();
     void pastedTextLosesItsFormat();
     void dragSelects();
     void outsideChangesKeepTheCaret();
@@ -71,7 +73,7 @@ void TextEditorTest::measures()
 {
     QCOMPARE(Coordinator::neededHeight(20), 40.0);
     QCOMPARE(Coordinator::neededHeight(60), 68.0);
-    QCOMPARE(Coordinator::editorText(u"a\r\nb\u2028c\fd"_s), u"a\n\nb\nc\nd"_s);
+    QCOMPARE(PlainText::withLineFeeds(u"a\r\nb\u2028c\fd"_s), u"a\n\nb\nc\nd"_s);
 
     Coordinator coordinator;
     coordinator.setFont(layoutFont(TextStyle::boxed, 32));
@@ -153,6 +155,11 @@ void TextEditorTest::typing()
     QVERIFY(s.mainBlock->frameSize().height() > 1.8 * oneLine.height());
     s.type(u"two"_s);
     s.key(Qt::Key_Escape);
+    s.key(Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(s.mainBlock->text(), u"One\ntwo\n"_s);
+    const QRectF box = s.mainBlock->block().lineBox(2);
+    QVERIFY(std::abs(s.bar().center().y() - (s.mainBlock->center().y() + box.center().y())) <= tolerance);
+    s.key(Qt::Key_Backspace);
     s.key(Qt::Key_Tab);
     s.key(Qt::Key_Backspace);
     QVERIFY(s.mainBlock->isFocused());
@@ -178,6 +185,26 @@ void TextEditorTest::emojiAreDeletedWhole()
     s.key(Qt::Key_Z, Qt::ControlModifier);
     s.key(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(s.text(), u"a🇩🇪👩‍👩‍👧b"_s);
+
+    s.setCaret(1);
+    s.key(Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(s.selected(), u"🇩🇪"_s);
+    s.key(Qt::Key_Right, Qt::ShiftModifier);
+    s.key(Qt::Key_Left, Qt::ShiftModifier);
+    QCOMPARE(s.selected(), u"🇩🇪"_s);
+    s.type(u"x"_s);
+    QCOMPARE(s.text(), u"ax👩‍👩‍👧b"_s);
+    s.key(Qt::Key_Backspace, Qt::ShiftModifier);
+    QCOMPARE(s.text(), u"a👩‍👩‍👧b"_s);
+}
+
+void TextEditorTest::noBreakSpacesStay()
+{
+    TypingSession s(u"10\u00a0000\u00a0€"_s);
+    s.type(u"!"_s);
+    QCOMPARE(s.mainBlock->text(), u"10\u00a0000\u00a0€!"_s);
+    s.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(s.mainBlock->text(), u"10\u00a0000\u00a0€"_s);
 }
 
 void TextEditorTest::pastedTextLosesItsFormat()
