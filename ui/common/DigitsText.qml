@@ -27,7 +27,7 @@ Row {
             required property int index
 
             text: root.text[index] ?? ""
-            width: text >= "0" && text <= "9" ? Math.ceil(widest.advanceWidth) : implicitWidth
+            width: text >= "0" && text <= "9" ? Math.round(widest.advanceWidth) : implicitWidth
             color: root.color
             font: widest.font
             textFormat: Text.PlainText

@@ -53,7 +53,7 @@ T.Slider {
         property real turned: 0
 
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        acceptedModifiers: root.visualFocus ? Qt.KeyboardModifierMask : Qt.ControlModifier
+        acceptedModifiers: root.activeFocus && InputMode.usesKeyboard ? Qt.KeyboardModifierMask : Qt.ControlModifier
         target: null
         onWheel: (event) => {
             turned += event.angleDelta.y / 120
@@ -91,7 +91,7 @@ T.Slider {
 
         FocusRing {
             radius: 11
-            visible: root.visualFocus
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
     }
 }

@@ -10,6 +10,7 @@ T.Button {
     /// What it does, for those who do not see a text.
     property string label: text
     property bool isDestructive: false
+    readonly property bool isMarked: activeFocus && InputMode.usesKeyboard
     readonly property color contentColor: !enabled ? Theme.disabled : isDestructive ? Theme.red : Theme.primary
 
     implicitWidth: text === "" ? implicitHeight + 2 : row.implicitWidth + 2 * 8
@@ -17,8 +18,14 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
     Accessible.name: label
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
+    Keys.onReturnPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
+    Keys.onEnterPressed: (event) => {
+        if (!event.isAutoRepeat)
+            clicked()
+    }
 
     contentItem: Item {
         Row {
@@ -57,7 +64,7 @@ T.Button {
             color: root.pressed ? Theme.pressed : root.hovered ? Theme.hovered : "transparent"
         }
         FocusRing {
-            visible: root.visualFocus
+            visible: root.isMarked
         }
     }
 
@@ -66,6 +73,6 @@ T.Button {
     }
     ToolTipView {
         text: root.label
-        visible: root.text === "" && (hover.hovered || root.visualFocus)
+        visible: root.text === "" && (hover.hovered || root.isMarked)
     }
 }

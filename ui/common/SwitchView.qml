@@ -51,7 +51,7 @@ T.Switch {
         }
         FocusRing {
             radius: 13
-            visible: root.visualFocus
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
     }
 }

@@ -10,6 +10,7 @@ FocusScope {
     property alias text: area.text
     property alias textDocument: area.textDocument
     property alias font: area.font
+    property alias cursorPosition: area.cursorPosition
     property alias padding: area.padding
     property string placeholder
     property color borderColor: Theme.separator
@@ -52,6 +53,14 @@ FocusScope {
             KeyNavigation.tab: nextItemInFocusChain(true)
             KeyNavigation.backtab: nextItemInFocusChain(false)
             onTextChanged: root.textEdited(text)
+            Keys.onPressed: (event) => {
+                // Of itself this would insert a line separator, which is no line feed to those who read the text.
+                if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ShiftModifier) {
+                    area.remove(area.selectionStart, area.selectionEnd)
+                    area.insert(area.cursorPosition, "\n")
+                    event.accepted = true
+                }
+            }
             Accessible.role: Accessible.EditableText
             Accessible.name: root.label
 

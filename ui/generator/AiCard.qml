@@ -49,22 +49,22 @@ InspectorCard {
                     text: qsTr("Why do I need an API Key?")
                     Accessible.role: Accessible.Button
                     Accessible.name: text
+                    onClicked: root.panel.showingApiKeyInfo = true
                     Keys.onReturnPressed: clicked()
                     Keys.onEnterPressed: clicked()
-                    onClicked: root.panel.showingApiKeyInfo = true
 
                     contentItem: Item {
                         Symbol {
                             anchors.centerIn: parent
                             name: "info.circle"
                             size: Theme.caption + 3
-                            color: info.hovered || info.activeFocus ? Theme.primary : Theme.secondary
+                            color: info.hovered ? Theme.primary : Theme.secondary
                         }
                     }
                     background: Item {
                         FocusRing {
                             distance: 0
-                            visible: info.visualFocus
+                            visible: info.activeFocus && InputMode.usesKeyboard
                         }
                     }
 

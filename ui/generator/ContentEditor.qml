@@ -19,5 +19,9 @@ TextEditor {
         textDocument: root.textDocument
         text: root.panel.generator.textInput
         onTextEdited: (text) => root.panel.generator.textInput = text
+        onReplaced: (start) => {
+            if (!root.activeFocus)
+                root.cursorPosition = start
+        }
     }
 }

@@ -64,7 +64,7 @@ T.Button {
         }
         FocusRing {
             radius: 10
-            visible: root.visualFocus
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
     }
 }

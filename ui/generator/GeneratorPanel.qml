@@ -19,7 +19,7 @@ Rectangle {
         id: flickable
         objectName: "generatorPanel"
 
-        /// Scrolls to what has the keyboard, unless the pointer has given it.
+        /// Scrolls to what the Tab key has reached.
         function revealFocus() {
             let shown = root.Window.activeFocusItem
             let parent = shown
@@ -28,7 +28,7 @@ Rectangle {
                     shown = parent
                 parent = parent.parent
             }
-            if (!parent || pointer.active)
+            if (!parent || !InputMode.usesKeyboard)
                 return
             const top = shown.mapToItem(column, 0, 0).y + column.y
             const bottom = top + Math.min(shown.height, height - 2 * Theme.padding)
@@ -45,9 +45,6 @@ Rectangle {
 
         T.ScrollBar.vertical: ScrollIndicatorBar {}
 
-        PointHandler {
-            id: pointer
-        }
         Column {
             id: column
             x: Theme.padding
@@ -110,13 +107,8 @@ Rectangle {
     Connections {
         target: root.Window.window
         function onActiveFocusItemChanged() {
-            revealLater.start()
+            flickable.revealFocus()
         }
-    }
-    Timer {
-        id: revealLater
-        interval: 0
-        onTriggered: flickable.revealFocus()
     }
 
     Loader {

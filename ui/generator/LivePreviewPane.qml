@@ -39,7 +39,7 @@ FocusScope {
             root.preview.area = Qt.size(width, height)
         }
 
-        FocusScope {
+        Item {
             id: content
             objectName: "livePreview"
             x: Math.round(root.frame.x)
@@ -59,7 +59,9 @@ FocusScope {
                     color: "#268e8e93"
 
                     Symbol {
-                        anchors.centerIn: parent
+                        anchors.horizontalCenter: parent.horizontalCenter
+                        // In the middle it would lie behind the main text.
+                        y: parent.height / 4 - height / 2
                         name: "photo"
                         size: 40
                         color: Theme.secondary

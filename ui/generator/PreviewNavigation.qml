@@ -41,7 +41,7 @@ Rectangle {
 
             FocusRing {
                 distance: 0
-                visible: step.visualFocus
+                visible: step.activeFocus && InputMode.usesKeyboard
             }
         }
 

@@ -33,7 +33,7 @@ FocusScope {
         radius: Theme.controlRadius + 1
 
         FocusRing {
-            visible: root.activeFocus
+            visible: root.activeFocus && InputMode.usesKeyboard
         }
         Rectangle {
             x: 2 + root.currentIndex * width

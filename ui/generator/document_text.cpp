@@ -77,6 +77,7 @@ void DocumentText::showText()
     cursor.setPosition(static_cast<int>(shownEnd - shown.begin()), QTextCursor::KeepAnchor);
     cursor.insertText(wanted.sliced(from, wantedEnd - wantedStart));
     document->setUndoRedoEnabled(true);
+    emit replaced(static_cast<int>(from));
 }
 
 void DocumentText::takeText()

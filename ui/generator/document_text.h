@@ -7,7 +7,7 @@
 namespace mosslantern {
 
 /// Keeps the document of a text editor and a text that others change as well in step. Of a change from
-/// outside only what differs is replaced, as one step that can be undone; the caret stays where it is.
+/// outside only what differs is replaced, as one step that can be undone.
 class DocumentText : public QObject
 {
     Q_OBJECT
@@ -32,6 +32,9 @@ signals:
 
     /// The user has changed the text.
     void textEdited(const QString &text);
+
+    /// The document shows a text from outside that differs from `start` on.
+    void replaced(int start);
 
 private:
     QTextDocument *document() const;
