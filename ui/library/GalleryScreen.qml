@@ -23,17 +23,20 @@ FocusScope {
 
     /// Moves the keyboard from card to card, or to the cards from wherever it is.
     function move(key: int): bool {
-        const keys = [Qt.Key_Left, Qt.Key_Right, Qt.Key_Up, Qt.Key_Down, Qt.Key_PageUp, Qt.Key_PageDown, Qt.Key_Home, Qt.Key_End]
-        if (!keys.includes(key) || grid.current === null)
+        const cards = key === Qt.Key_Left ? -1 : key === Qt.Key_Right ? 1 : 0
+        const rows = key === Qt.Key_Up ? -1 : key === Qt.Key_Down ? 1 : 0
+        const pages = key === Qt.Key_PageUp ? -1 : key === Qt.Key_PageDown ? 1 : 0
+        const goesToEnd = key === Qt.Key_Home || key === Qt.Key_End
+        if (cards === 0 && rows === 0 && pages === 0 && !goesToEnd || grid.current === null)
             return false
         if (!area.activeFocus)
             grid.showCurrent()
-        else if (key === Qt.Key_Left || key === Qt.Key_Right)
-            grid.moveBy(key === Qt.Key_Left ? -1 : 1)
-        else if (key === Qt.Key_Up || key === Qt.Key_Down)
-            grid.moveByRows(key === Qt.Key_Up ? -1 : 1)
-        else if (key === Qt.Key_PageUp || key === Qt.Key_PageDown)
-            grid.moveByPages(key === Qt.Key_PageUp ? -1 : 1)
+        else if (cards !== 0)
+            grid.moveBy(cards)
+        else if (rows !== 0)
+            grid.moveByRows(rows)
+        else if (pages !== 0)
+            grid.moveByPages(pages)
         else
             grid.moveToEnd(key === Qt.Key_End)
         area.forceActiveFocus(Qt.TabFocusReason)

@@ -94,6 +94,11 @@ void GalleryView::exportBatch(const BatchGroup &batch)
         });
 }
 
+void GalleryView::exportTo(const BatchGroup &batch, const QString &folder)
+{
+    runExport(this, m_context, {batch.slideshows.cbegin(), batch.slideshows.cend()}, folder);
+}
+
 QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<ScreenContext> context,
                                      Presented presented, QString folder)
 {

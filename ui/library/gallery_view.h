@@ -56,6 +56,8 @@ public:
     /// Asks for a folder and writes the slides of a batch into it.
     void exportBatch(const BatchGroup &batch);
     Q_INVOKABLE void exportBatch(const QString &name);
+    /// The same when the folder is known.
+    void exportTo(const BatchGroup &batch, const QString &folder);
 
     /// Whether the alert is shown that asks before a batch is deleted.
     bool showingDeleteBatchAlert() const { return m_showingDeleteBatchAlert; }
