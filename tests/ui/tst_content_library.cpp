@@ -1,6 +1,8 @@
 #include "model/content_template.h"
 #include "tests/ui/window_test.h"
 
+#include <QtGui/QStyleHints>
+
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
 
@@ -92,6 +94,17 @@ private slots:
         QTRY_VERIFY(!session().find(u"templateName"_s));
         QVERIFY(session().find(u"contentLibraryDone"_s));
         QCOMPARE(store().all<ContentTemplate>().size(), 1u);
+    }
+
+    void endsHoveringBelowAPanel()
+    {
+        QGuiApplication::styleHints()->setUseHoverEffects(true);
+        openLibrary();
+        const QQuickItem *const button = session().find(u"createNewTemplate"_s);
+        QTest::mouseMove(session().window(), button->mapToScene(button->boundingRect().center()).toPoint());
+        QTRY_VERIFY(button->property("hovered").toBool());
+        QVERIFY(session().click(u"createNewTemplate"_s));
+        QTRY_VERIFY(!button->property("hovered").toBool());
     }
 
     void loadsOrLeavesTheText()

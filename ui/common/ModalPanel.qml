@@ -22,6 +22,7 @@ T.Popup {
     enabled: !isClosing
     onAboutToShow: isClosing = false
     onAboutToHide: isClosing = true
+    onOpened: InputMode.endHover(parent)
 
     background: Rectangle {
         color: Theme.windowBackground

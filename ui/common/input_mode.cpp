@@ -20,6 +20,16 @@ InputMode::InputMode(QObject *parent)
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+void InputMode::endHover(QQuickItem *item)
+{
+    if (item->acceptHoverEvents() && item->property("hovered").toBool()) {
+        QHoverEvent leave(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
+        QCoreApplication::sendEvent(item, &leave);
+    }
+    for (QQuickItem *child : item->childItems())
+        endHover(child);
+}
+
 bool InputMode::eventFilter(QObject *, QEvent *event)
 {
     switch (event->type()) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QtCore/QObject>
 #include <QtQml/qqmlregistration.h>
+#include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
@@ -18,6 +18,10 @@ public:
     explicit InputMode(QObject *parent = nullptr);
 
     bool usesKeyboard() const { return m_usesKeyboard; }
+
+    /// Tells an item and everything in it that the pointer is not over it. A panel that opens over another
+    /// one keeps that from the controls below it.
+    Q_INVOKABLE static void endHover(QQuickItem *item);
 
     bool eventFilter(QObject *receiver, QEvent *event) override;
 

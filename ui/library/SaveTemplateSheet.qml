@@ -8,9 +8,12 @@ ModalPanel {
 
     required property ContentLibraryView library
     readonly property bool createsNew: library.isCreatingNew
+    /// What the fixed height leaves for the field and for the buttons.
+    readonly property real controlHeight: (availableHeight - title.height - (createsNew ? content.height + 3 * column.spacing : 2 * column.spacing)) / 2
 
     width: createsNew ? 450 : 300
     height: createsNew ? 400 : 150
+    padding: 24
     visible: library.showingSaveDialog
     onClosed: library.showingSaveDialog = false
     onOpened: name.forceActiveFocus()
@@ -24,6 +27,7 @@ ModalPanel {
         Keys.onEnterPressed: if (root.library.canSave) root.library.saveTemplate()
 
         Column {
+            id: column
             anchors.centerIn: parent
             spacing: 20
 
@@ -41,12 +45,13 @@ ModalPanel {
                 objectName: "templateName"
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: root.createsNew ? 400 : 250
-                height: 24
+                height: root.controlHeight
                 placeholderText: qsTr("Template Name")
                 text: root.library.newTemplateName
                 onTextEdited: root.library.newTemplateName = text
             }
             Column {
+                id: content
                 visible: root.createsNew
                 spacing: 4
 
@@ -72,13 +77,13 @@ ModalPanel {
 
                 PushButton {
                     objectName: "cancelSaveTemplate"
-                    height: 24
+                    height: root.controlHeight
                     text: qsTr("Cancel")
                     onClicked: root.library.showingSaveDialog = false
                 }
                 PushButton {
                     objectName: "saveTemplate"
-                    height: 24
+                    height: root.controlHeight
                     text: qsTr("Save")
                     isProminent: true
                     enabled: root.library.canSave
