@@ -69,9 +69,8 @@ FocusScope {
             selectByMouse: true
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
-            KeyNavigation.priority: KeyNavigation.BeforeItem
-            KeyNavigation.tab: nextItemInFocusChain(true)
-            KeyNavigation.backtab: nextItemInFocusChain(false)
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
             onTextChanged: if (!root.isUpdating) root.textEdited(PlainText.of(textDocument))
             Accessible.role: Accessible.EditableText
             Accessible.name: root.placeholder

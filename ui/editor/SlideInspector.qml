@@ -14,7 +14,27 @@ Rectangle {
     color: Theme.controlBackground
 
     Flickable {
+        id: scroller
+
+        readonly property Item focusItem: Window.activeFocusItem
+
+        /// Whatever the keyboard comes to is scrolled into view; what is clicked stays under the pointer.
+        function reveal() {
+            let control = focusItem
+            let item = focusItem
+            while (item && item !== column) {
+                if (item instanceof GrowingTextField)
+                    control = item
+                item = item.parent
+            }
+            if (!item || focusItem.focusReason === Qt.MouseFocusReason)
+                return
+            const top = control.mapToItem(column, 0, 0).y
+            contentY = Math.min(Math.max(contentY, top + control.height + 2 * column.y - height), top)
+        }
+
         anchors.fill: parent
+        onFocusItemChanged: reveal()
         contentWidth: width
         contentHeight: column.height + 2 * 16
         clip: true

@@ -46,6 +46,7 @@ class SlideshowSheetTest : public QObject
 
 private slots:
     void escapeDoesNotEndEditing();
+    void keyboardReachesEverything();
     void closingWritesWhatIsEdited_data();
     void closingWritesWhatIsEdited();
     void closingWritesWhatIsDragged();
@@ -64,6 +65,33 @@ void SlideshowSheetTest::escapeDoesNotEndEditing()
     QVERIFY(s.click(u"slideEntry1"_s));
     s.key(Qt::Key_Escape);
     QTRY_VERIFY(!s.find(u"slideList"_s));
+}
+
+void SlideshowSheetTest::keyboardReachesEverything()
+{
+    SheetSession s;
+    s.slideshow->slides()[0]->setSubtitle(u"Below"_s);
+    QVERIFY(s.openEditor());
+    s.settle();
+    QStringList reached;
+    for (int i = 0; i < 11; ++i) {
+        s.key(Qt::Key_Tab);
+        reached.append(s.window()->activeFocusItem()->objectName());
+    }
+    QCOMPARE(reached,
+             (QStringList{u"mainText"_s, u"subtitleText"_s, u"mainFieldArea"_s, u"subtitleFieldArea"_s,
+                          u"stylePicker"_s, u"borderPicker"_s, u"applyToAll"_s, u"presetPicker"_s,
+                          u"savePreset"_s, u"close"_s, u"done"_s}));
+    for (int i = 0; i < 2; ++i)
+        s.key(Qt::Key_Tab, Qt::ShiftModifier);
+    const QQuickItem *const button = s.find(u"savePreset"_s);
+    const QQuickItem *const inspector = s.find(u"inspectorColumn"_s);
+    QVERIFY(inspector->contains(button->mapToItem(inspector, button->boundingRect().bottomRight())));
+    s.key(Qt::Key_Return);
+    QTRY_VERIFY(s.find(u"presetName"_s) && s.find(u"presetName"_s)->hasActiveFocus());
+    s.key(Qt::Key_Escape);
+    QTRY_VERIFY(!s.find(u"presetName"_s));
+    QVERIFY(s.find(u"savePreset"_s)->hasActiveFocus());
 }
 
 void SlideshowSheetTest::closingWritesWhatIsEdited_data()
