@@ -102,8 +102,9 @@ void CanvasGesturesTest::touchpadPinch()
 
 void CanvasGesturesTest::twoFingersMoveAndScale()
 {
+    const std::unique_ptr<QPointingDevice> device(QTest::createTouchDevice());
+    QPointingDevice *const screen = device.get();
     CanvasSession s;
-    QPointingDevice *const screen = QTest::createTouchDevice();
     const QPoint middle = s.at(0.5, 0.5);
     const auto touch = [&](QPoint first, QPoint second) {
         QTest::touchEvent(&s.window(), screen).move(0, first).move(1, second);
