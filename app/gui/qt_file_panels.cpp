@@ -4,10 +4,29 @@
 #include <QtGui/QDesktopServices>
 #include <QtGui/QWindow>
 #include <QtWidgets/QFileDialog>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QTreeView>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The panel that Qt draws itself is narrow, and cuts off the names of files.
+void makeRoomForNames(QFileDialog &dialog)
+{
+    const auto *const files = dialog.findChild<QTreeView *>(u"treeView"_s);
+    if (!files)
+        return;
+    dialog.resize(900, 560);
+    QHeaderView &header = *files->header();
+    for (int column = 1; column < header.count(); ++column)
+        header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
+} // namespace
 
 void QtFilePanels::openImages(Picked picked)
 {
@@ -57,6 +76,7 @@ void QtFilePanels::openFolder(const QString &folder)
 void QtFilePanels::open(QFileDialog *dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    makeRoomForNames(*dialog);
     dialog->winId();
     dialog->windowHandle()->setTransientParent(m_window);
     dialog->setWindowModality(Qt::WindowModal);

@@ -35,6 +35,7 @@ private:
     void collections();
     void contentLibrary();
     void menus();
+    void filePanel();
     void controls();
     void updates();
     void failure();
@@ -262,6 +263,18 @@ void Tour::controls()
     save(window, u"controls"_s);
 }
 
+void Tour::filePanel()
+{
+    QtFilePanels panels;
+    panels.setWindow(m_session.window());
+    panels.openImages([](const Result<QList<QUrl>> &) {});
+    auto *const panel = QApplication::activeModalWidget();
+    QTest::qWait(500);
+    if (!panel || !panel->grab().save(m_folder.filePath(u"file-panel.png"_s)))
+        qFatal("the file panel does not show");
+    panel->close();
+}
+
 void Tour::updates()
 {
     const QByteArray feed =
@@ -302,8 +315,11 @@ void Tour::failure()
         qFatal("the failure does not show");
     QTest::qWait(300);
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
-        if (window->isVisible() && window->findChild<QObject *>(u"failureHeading"_s))
+        if (window->isVisible() && window->findChild<QObject *>(u"failureHeading"_s)) {
+            window->requestActivate();
+            QTest::qWait(200);
             save(qobject_cast<QQuickWindow *>(window), u"failure"_s);
+        }
     }
 }
 
@@ -322,6 +338,7 @@ void Tour::run()
     m_session.window()->resize(1200, 730);
     waitForThumbnails();
     picture(u"assets-smallest"_s);
+    filePanel();
     controls();
     updates();
     failure();

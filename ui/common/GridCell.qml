@@ -21,21 +21,23 @@ Item {
 
     /// A click on it.
     signal tapped
-    /// The Return or the Space key on it.
+    /// The Return key on it.
     signal activated
+    /// The space bar on it.
+    signal spacePressed
     /// A right click on it, or the key for menus.
     signal menuRequested(position: point)
 
     width: grid.cellWidth
     height: grid.cellHeight
     Keys.onPressed: (event) => {
-        if (event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier))
-            menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2)))
-        else if (![Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].includes(event.key))
-            return
-        else if (!event.isAutoRepeat)
-            activated()
-        event.accepted = true
+        const wantsMenu = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
+        const act = wantsMenu ? () => menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2)))
+            : event.key === Qt.Key_Space ? spacePressed
+            : [Qt.Key_Return, Qt.Key_Enter].includes(event.key) ? activated : null
+        if (act && !event.isAutoRepeat)
+            act()
+        event.accepted = act !== null
     }
 
     Item {

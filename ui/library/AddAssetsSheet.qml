@@ -39,6 +39,7 @@ SheetView {
         delegate: PickCell {
             grid: grid
             onToggled: root.detail.toggle(record)
+            onActivated: root.detail.canAdd ? root.detail.addSelected() : root.detail.toggle(record)
         }
     }
 

@@ -5,6 +5,7 @@ import Mosslantern.Common
 GridCell {
     id: root
 
+    /// Null for the tile.
     required property Asset record
 
     signal importRequested
@@ -19,6 +20,7 @@ GridCell {
     Accessible.name: record ? record.name : qsTr("Import Images")
     Accessible.onPressAction: if (!record) importRequested()
     onActivated: if (!record) importRequested()
+    onSpacePressed: if (!record) importRequested()
 
     Thumbnail {
         id: thumbnail

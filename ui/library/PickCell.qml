@@ -8,6 +8,7 @@ GridCell {
     required property Asset record
     required property bool isTicked
 
+    /// The tick is to come or to go.
     signal toggled
 
     objectName: "pickCell"
@@ -19,7 +20,7 @@ GridCell {
     Accessible.checked: isTicked
     Accessible.onToggleAction: toggled()
     onTapped: toggled()
-    onActivated: toggled()
+    onSpacePressed: toggled()
 
     Thumbnail {
         anchors.fill: parent

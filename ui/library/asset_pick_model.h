@@ -19,8 +19,10 @@ public:
 
     explicit AssetPickModel(QAbstractItemModel &assets, QObject *parent = nullptr);
 
+    /// The ids of the assets whose tick is on.
     const QSet<QUuid> &ticked() const { return m_ticked; }
     void toggle(const QUuid &id);
+    /// Takes all ticks off.
     void clear();
 
     QVariant data(const QModelIndex &index, int role) const override;

@@ -56,6 +56,7 @@ public:
     bool showingSaveDialog() const { return m_showingSaveDialog; }
     void setShowingSaveDialog(bool isShowing);
     bool isCreatingNew() const { return m_isCreatingNew; }
+    /// Open the save sheet for the one or the other, with an empty name.
     Q_INVOKABLE void createNew();
     Q_INVOKABLE void saveCurrent();
 
@@ -69,7 +70,7 @@ public:
     bool canSave() const;
 
     /// Saves the name and the text without spaces and tabs at their ends (line breaks stay) as a new
-    /// template and selects it.
+    /// template, selects it and closes the save sheet; does nothing when that is closed already.
     Q_INVOKABLE void saveTemplate();
 
     /// Replaces textInput() by the selected template's text and asks to be closed.
