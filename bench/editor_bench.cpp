@@ -150,6 +150,13 @@ int main(int argc, char **argv)
         keys.append(untilFrame(window, [&] { session.type(QString(QChar(u'a' + i % 26))); }));
     report("a key at six lines, neon, scale 3", keys);
 
+    block()->setText(u"Line 🎉 one 🔥\nline 🚀 two ☀️\nline 💡 three ✅\nline 🎯 four 😀\nline ❤️ five 📚\nline six 👩‍👩‍👧 🇩🇪"_s);
+    QTest::qWait(300);
+    keys.clear();
+    for (int i = 0; i < 40; ++i)
+        keys.append(untilFrame(window, [&] { session.type(QString(QChar(u'a' + i % 26))); }));
+    report("the same with twelve emoji", keys);
+
     std::printf("%-34s %.0f MB, of which %.0f MB before it opened; at most %.0f MB\n", "memory",
                 memory("VmRSS"), before, memory("VmHWM"));
     session.close();

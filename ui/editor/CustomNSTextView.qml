@@ -52,6 +52,8 @@ Item {
         textDocument: edit.textDocument
         font: root.font
         lineSpacing: root.lineSpacing
+        // A transparent colour alone would leave the emoji to be seen.
+        drawsText: root.textColor.a > 0
     }
 
     TextEdit {
@@ -66,8 +68,6 @@ Item {
         scale: 1 / coordinator.factor
         transformOrigin: Item.TopLeft
         color: root.textColor
-        // A transparent colour alone would leave the emoji to be seen.
-        opacity: root.textColor.a > 0 ? 1 : 0
         leftPadding: root.sideInset * coordinator.factor
         rightPadding: leftPadding
         topPadding: root.verticalPadding * coordinator.factor

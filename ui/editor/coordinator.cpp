@@ -11,6 +11,7 @@
 #include <QtGui/QStyleHints>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
+#include <QtQuick/QQuickItem>
 
 #include <algorithm>
 
@@ -49,6 +50,7 @@ void Coordinator::setTextDocument(QQuickTextDocument *textDocument)
             formatBlocks(position, position + added, true);
     });
     formatAll();
+    showOrHideText();
     emit textDocumentChanged();
 }
 
@@ -68,6 +70,22 @@ void Coordinator::setLineSpacing(double spacing)
     m_lineSpacing = spacing;
     formatAll();
     emit fontChanged();
+}
+
+void Coordinator::setDrawsText(bool drawsText)
+{
+    if (m_drawsText == drawsText)
+        return;
+    m_drawsText = drawsText;
+    showOrHideText();
+    emit drawsTextChanged();
+}
+
+void Coordinator::showOrHideText()
+{
+    // The glyphs of emoji alone, at the size of the document, would take hundreds of megabytes.
+    if (auto *const item = m_textDocument ? qobject_cast<QQuickItem *>(m_textDocument->parent()) : nullptr)
+        item->setFlag(QQuickItem::ItemHasContents, m_drawsText);
 }
 
 double Coordinator::factor()

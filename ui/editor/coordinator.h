@@ -24,6 +24,8 @@ class Coordinator : public QObject
     Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY fontChanged REQUIRED)
     /// Between lines, in points.
     Q_PROPERTY(double lineSpacing READ lineSpacing WRITE setLineSpacing NOTIFY fontChanged REQUIRED)
+    /// Off: the text item keeps its layout, but draws nothing and makes no glyphs to draw.
+    Q_PROPERTY(bool drawsText READ drawsText WRITE setDrawsText NOTIFY drawsTextChanged REQUIRED)
     Q_PROPERTY(double factor READ factor CONSTANT)
     /// Half a blink of the caret in milliseconds; 0: it does not blink.
     Q_PROPERTY(int blinkInterval READ blinkInterval CONSTANT)
@@ -42,6 +44,9 @@ public:
 
     double lineSpacing() const { return m_lineSpacing; }
     void setLineSpacing(double spacing);
+
+    bool drawsText() const { return m_drawsText; }
+    void setDrawsText(bool drawsText);
 
     /// Units of the document to a point.
     static double factor();
@@ -77,9 +82,11 @@ public:
 signals:
     void textDocumentChanged();
     void fontChanged();
+    void drawsTextChanged();
 
 private:
     QTextDocument *document() const;
+    void showOrHideText();
     void formatBlocks(int from, int to, bool joinsTyping);
     void formatAll();
 
@@ -87,6 +94,7 @@ private:
     std::unique_ptr<EmojiHighlighter> m_highlighter;
     QFont m_font;
     double m_lineSpacing = 0;
+    bool m_drawsText = true;
     bool m_isFormatting = false;
 };
 

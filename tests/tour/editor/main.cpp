@@ -41,6 +41,7 @@ private:
     void editing();
     void texts();
     void presets();
+    void trouble();
 
     EditorSession m_session;
     QDir m_folder;
@@ -190,6 +191,26 @@ void EditorTour::presets()
     picture(u"preset-menu"_s);
 }
 
+void EditorTour::trouble()
+{
+    Slideshow *const slideshow = addSlideshow(AspectRatio::tiktok);
+    for (const Slide *slide : slideshow->slides().first(3))
+        QFile::remove(slide->imageURL().toLocalFile());
+    open(slideshow);
+    picture(u"missing-picture"_s);
+    m_session.window().resize(1200, 500);
+    wait();
+    for (int i = 0; i < 4; ++i)
+        QTest::keyClick(&m_session.window(), Qt::Key_Down);
+    picture(u"list-scrolls"_s);
+    m_detail->exportSlideshow();
+    QObject::connect(m_detail, &SlideshowDetailView::exportProgressed, m_detail, [this] {
+        if (m_detail->exportedSlides() == 2 && m_detail->isExporting())
+            m_session.window().grabWindow().save(m_folder.filePath(u"exporting.png"_s));
+    });
+    m_panels.answerFolder(m_session.library().path(u"out"_s));
+}
+
 void EditorTour::run()
 {
     styles();
@@ -197,6 +218,7 @@ void EditorTour::run()
     editing();
     texts();
     presets();
+    trouble();
     m_session.close();
 }
 
