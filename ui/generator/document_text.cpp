@@ -2,6 +2,7 @@
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QTextCursor>
+#include <QtQuick/QQuickItem>
 
 #include <algorithm>
 
@@ -38,6 +39,10 @@ void DocumentText::setTextDocument(QQuickTextDocument *textDocument)
 {
     Q_ASSERT(!m_textDocument && textDocument);
     m_textDocument = textDocument;
+    // Only the lines that are seen are drawn. The editor sees to that itself when its own text is set, but
+    // not when the document grows.
+    if (auto *const editor = qobject_cast<QQuickItem *>(textDocument->parent()))
+        editor->setFlag(QQuickItem::ItemObservesViewport);
     showText();
     connect(document(), &QTextDocument::contentsChanged, this, &DocumentText::takeText);
     emit textDocumentChanged();
