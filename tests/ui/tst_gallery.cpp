@@ -371,6 +371,7 @@ void GalleryTest::keepsItsPlaceAndMakesOnlyWhatIsInView()
     // What is in view stays there when slideshows come and go above it.
     area()->setProperty("contentY", 0.9 * height);
     settle();
+    QTRY_VERIFY(session().find(u"slideshowCard"_s, 4));
     QQuickItem *const card = session().find(u"slideshowCard"_s, 4);
     Slideshow *const shown = shownBy(card);
     const QPointF place = card->mapToScene({});

@@ -1,5 +1,8 @@
 #include "ui/common/thumbnail_loader.h"
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <algorithm>
 
 namespace mosslantern {
@@ -14,6 +17,17 @@ int workerCount()
 
 constexpr int placeholdersKept = 16;
 
+/// Lets the calling thread wait for those that draw. A QThread's priority does nothing on Linux.
+void yieldToDrawing()
+{
+    constexpr int nicer = 10;
+    thread_local const int once = [] {
+        const auto thread = static_cast<id_t>(::gettid());
+        return ::setpriority(PRIO_PROCESS, thread, ::getpriority(PRIO_PROCESS, thread) + nicer);
+    }();
+    static_cast<void>(once);
+}
+
 } // namespace
 
 ThumbnailLoader::ThumbnailLoader(QObject *parent)
@@ -22,7 +36,6 @@ ThumbnailLoader::ThumbnailLoader(QObject *parent)
     , m_placeholders(placeholdersKept)
 {
     m_pool.setMaxThreadCount(workerCount());
-    m_pool.setThreadPriority(QThread::LowPriority);
 }
 
 ThumbnailLoader::~ThumbnailLoader()
@@ -68,6 +81,7 @@ void ThumbnailLoader::startJobs()
             continue;
         ++m_running;
         m_pool.start([this, job = std::move(job)]() mutable {
+            yieldToDrawing();
             QImage image = makeThumbnail(job.request);
             QMetaObject::invokeMethod(
                 this, [this, job = std::move(job), image = std::move(image)] { finish(job, image); },

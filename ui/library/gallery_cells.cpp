@@ -6,26 +6,31 @@
 
 namespace mosslantern {
 
-void GalleryCells::show(std::span<const GalleryLayout::Header> headers)
+bool GalleryCells::show(std::span<const GalleryLayout::Header> headers, int most)
 {
     std::vector<Cell> wanted;
     for (const GalleryLayout::Header &header : headers)
         wanted.push_back(
             {.name = header.name, .count = header.count, .id = {}, .slideshow = {}, .place = header.rect});
-    show(wanted);
+    return show(std::move(wanted), most);
 }
 
-void GalleryCells::show(std::span<const GalleryLayout::Card> cards)
+bool GalleryCells::show(std::span<const GalleryLayout::Card> cards, int most)
 {
     std::vector<Cell> wanted;
     for (const GalleryLayout::Card &card : cards)
         wanted.push_back(
             {.name = {}, .count = 0, .id = card.id, .slideshow = card.slideshow, .place = card.rect});
-    show(wanted);
+    return show(std::move(wanted), most);
 }
 
-void GalleryCells::show(const std::vector<Cell> &wanted)
+bool GalleryCells::show(std::vector<Cell> wanted, int most)
 {
+    const auto isShown = [this](const Cell &cell) {
+        return std::ranges::any_of(m_cells, [&](const Cell &other) { return other.isSameAs(cell); });
+    };
+    const size_t all = wanted.size();
+    std::erase_if(wanted, [&](const Cell &cell) { return !isShown(cell) && most-- <= 0; });
     const auto isWanted = [&](const Cell &cell) {
         return std::ranges::any_of(wanted, [&](const Cell &other) { return other.isSameAs(cell); });
     };
@@ -58,6 +63,7 @@ void GalleryCells::show(const std::vector<Cell> &wanted)
         m_cells[i] = wanted[i];
         emit dataChanged(index(row), index(row));
     }
+    return wanted.size() == all;
 }
 
 int GalleryCells::rowCount(const QModelIndex &parent) const

@@ -21,8 +21,9 @@ public:
 
     using QAbstractListModel::QAbstractListModel;
 
-    void show(std::span<const GalleryLayout::Header> headers);
-    void show(std::span<const GalleryLayout::Card> cards);
+    /// Makes at most `most` new rows; whether that was enough.
+    bool show(std::span<const GalleryLayout::Header> headers, int most);
+    bool show(std::span<const GalleryLayout::Card> cards, int most);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -41,7 +42,7 @@ private:
         bool operator==(const Cell &) const = default;
     };
 
-    void show(const std::vector<Cell> &wanted);
+    bool show(std::vector<Cell> wanted, int most);
 
     std::vector<Cell> m_cells;
 };

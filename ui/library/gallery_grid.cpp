@@ -1,13 +1,18 @@
 #include "ui/library/gallery_grid.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace mosslantern {
 
 namespace {
 
 /// How far beyond the view cells are made, so that scrolling finds them drawn.
-constexpr double reserve = 160;
+constexpr double reserve = 240;
+
+/// How many cards are made for one frame while scrolling, and how long until the next.
+constexpr int newCardsInFrame = 2;
+constexpr int frame = 8;
 
 size_t place(int index)
 {
@@ -18,7 +23,11 @@ size_t place(int index)
 
 GalleryGrid::GalleryGrid(QObject *parent)
     : QObject(parent)
-{}
+{
+    m_nextFrame.setSingleShot(true);
+    m_nextFrame.setInterval(frame);
+    m_nextFrame.callOnTimeout(this, [this] { showCells(Making::some); });
+}
 
 void GalleryGrid::setGallery(GalleryView *gallery)
 {
@@ -54,7 +63,7 @@ void GalleryGrid::setViewTop(double top)
         return;
     m_viewTop = top;
     emit viewChanged();
-    showCells();
+    showCells(Making::some);
 }
 
 void GalleryGrid::setViewHeight(double height)
@@ -63,7 +72,7 @@ void GalleryGrid::setViewHeight(double height)
         return;
     m_viewHeight = height;
     emit viewChanged();
-    showCells();
+    showCells(Making::all);
 }
 
 Slideshow *GalleryGrid::current() const
@@ -140,6 +149,7 @@ void GalleryGrid::moveTo(int card)
     const double top = std::min(std::max(m_viewTop, shown.bottom() - m_viewHeight), shown.top());
     if (top != m_viewTop)
         emit scrollRequested(top);
+    showCells(Making::all);
 }
 
 void GalleryGrid::rebuildLater()
@@ -170,7 +180,7 @@ void GalleryGrid::rebuild()
     emit currentChanged();
     if (top != m_viewTop)
         emit scrollRequested(top);
-    showCells();
+    showCells(Making::all);
 }
 
 double GalleryGrid::anchoredTop(const GalleryLayout &next) const
@@ -209,17 +219,15 @@ void GalleryGrid::keepCurrent(const GalleryLayout &next)
         m_current = next.cards().empty() ? QUuid() : next.cards().front().id;
 }
 
-void GalleryGrid::showCells()
+void GalleryGrid::showCells(Making making)
 {
-    const double top = m_viewTop - reserve;
-    const double bottom = m_viewTop + m_viewHeight + reserve;
-    if (m_viewHeight <= 0 || m_width <= 0) {
-        m_headers.show(std::span<const GalleryLayout::Header>());
-        m_cards.show(std::span<const GalleryLayout::Card>());
-        return;
-    }
-    m_headers.show(m_layout.headersBetween(top, bottom));
-    m_cards.show(m_layout.cardsBetween(top, bottom));
+    const bool isSeen = m_viewHeight > 0 && m_width > 0;
+    const double top = isSeen ? m_viewTop - reserve : 0;
+    const double bottom = isSeen ? m_viewTop + m_viewHeight + reserve : 0;
+    const int most = making == Making::all ? std::numeric_limits<int>::max() : newCardsInFrame;
+    m_headers.show(m_layout.headersBetween(top, bottom), std::numeric_limits<int>::max());
+    if (!m_cards.show(m_layout.cardsBetween(top, bottom), most))
+        m_nextFrame.start();
 }
 
 } // namespace mosslantern

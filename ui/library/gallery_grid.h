@@ -3,6 +3,8 @@
 #include "ui/library/gallery_cells.h"
 #include "ui/library/gallery_view.h"
 
+#include <QtCore/QTimer>
+
 namespace mosslantern {
 
 /// Lays the gallery out for what scrolls over it: the cells in view, how high everything is, and which card
@@ -67,7 +69,9 @@ private:
     void rebuild();
     double anchoredTop(const GalleryLayout &next) const;
     void keepCurrent(const GalleryLayout &next);
-    void showCells();
+    /// All of them, or those for which there is time in this frame; then the others follow.
+    enum class Making { all, some };
+    void showCells(Making making);
 
     GalleryView *m_gallery = nullptr;
     double m_width = 0;
@@ -77,6 +81,7 @@ private:
     GalleryCells m_headers;
     GalleryCells m_cards;
     QUuid m_current;
+    QTimer m_nextFrame;
     bool m_isOutdated = false;
     bool m_isMovement = false;
 };
