@@ -1,6 +1,7 @@
 import QtQuick
+import Mosslantern.Common
 
 Rectangle {
     implicitHeight: 1
-    color: "#1affffff"
+    color: Theme.faintLine
 }

@@ -8,7 +8,6 @@ Rectangle {
     id: root
 
     required property SlideInspectorView inspector
-    readonly property color green: "#32d158"
     readonly property color purple: "#bf5af2"
 
     color: Theme.controlBackground
@@ -213,7 +212,7 @@ Rectangle {
             PresetsCard {
                 width: parent.width
                 inspector: root.inspector
-                saveTint: root.green
+                saveTint: Theme.green
             }
         }
     }

@@ -108,6 +108,11 @@ FocusScope {
                 boundsBehavior: Flickable.StopAtBounds
                 model: detail.slides
                 currentIndex: detail.selectedSlideIndex
+                onCurrentItemChanged: {
+                    if (currentItem)
+                        contentY = Math.min(Math.max(contentY, currentItem.y + currentItem.height + bottomMargin - height),
+                                            currentItem.y - topMargin)
+                }
                 highlight: null
                 Accessible.role: Accessible.List
                 Accessible.name: heading.text
@@ -173,13 +178,44 @@ FocusScope {
         visible: detail.isExporting
         color: Theme.scrim
 
-        Text {
+        Rectangle {
             anchors.centerIn: parent
-            text: qsTr("Exporting slide %1 of %2…").arg(Math.min(detail.exportedSlides + 1, detail.slides.length))
-                                                   .arg(detail.slides.length)
-            color: "white"
-            font.family: Theme.family
-            font.pixelSize: Theme.headline
+            width: 260
+            height: progress.height + 2 * 20
+            color: Theme.windowBackground
+            border.color: Theme.separator
+            radius: Theme.sheetRadius
+
+            Column {
+                id: progress
+                anchors.centerIn: parent
+                width: parent.width - 2 * 20
+                spacing: 12
+
+                Text {
+                    objectName: "exportProgress"
+                    text: qsTr("Exporting slide %1 of %2…").arg(Math.min(detail.exportedSlides + 1, detail.slides.length))
+                                                           .arg(detail.slides.length)
+                    color: Theme.primary
+                    font.family: Theme.family
+                    font.pixelSize: Theme.body
+                    Accessible.role: Accessible.AlertMessage
+                    Accessible.name: text
+                }
+                Rectangle {
+                    width: parent.width
+                    height: 4
+                    radius: 2
+                    color: Theme.separator
+
+                    Rectangle {
+                        width: parent.width * detail.exportedSlides / Math.max(1, detail.slides.length)
+                        height: parent.height
+                        radius: parent.radius
+                        color: Theme.accent
+                    }
+                }
+            }
         }
     }
 }

@@ -21,18 +21,20 @@ void SoftShadow::paint(QPainter *painter)
     if (mask.isNull())
         return;
     mask.fill(0);
-    {
-        QPainter masked(&mask);
-        masked.setRenderHint(QPainter::Antialiasing);
-        masked.scale(ratio, ratio);
-        masked.fillPath(
-            continuousRoundedRect(boundingRect().adjusted(m_margin, m_margin, -m_margin, -m_margin),
-                                  m_cornerRadius),
-            Qt::black);
-    }
+    const QPainterPath outline = continuousRoundedRect(
+        boundingRect().adjusted(m_margin, m_margin, -m_margin, -m_margin), m_cornerRadius);
+    const auto fillOutline = [&](QImage &image, QPainter::CompositionMode mode) {
+        QPainter filling(&image);
+        filling.setRenderHint(QPainter::Antialiasing);
+        filling.setCompositionMode(mode);
+        filling.scale(ratio, ratio);
+        filling.fillPath(outline, Qt::black);
+    };
+    fillOutline(mask, QPainter::CompositionMode_SourceOver);
     QImage shadow(mask.size(), QImage::Format_RGBA8888_Premultiplied);
     shadow.fill(Qt::transparent);
     castShadows(shadow, alphaPlane(mask), {{{0, 0, 0, m_strength}, m_blurRadius, {0, 0}}}, ratio);
+    fillOutline(shadow, QPainter::CompositionMode_DestinationOut);
     painter->drawImage(boundingRect(), shadow);
 }
 

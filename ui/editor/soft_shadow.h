@@ -4,7 +4,8 @@
 
 namespace mosslantern {
 
-/// The black shadow of a rectangle with continuous corners, around and below its place in the item.
+/// The black shadow of a rectangle with continuous corners, around its place in the item: nothing lies below
+/// it, so that it may be translucent.
 class SoftShadow : public QQuickPaintedItem
 {
     Q_OBJECT

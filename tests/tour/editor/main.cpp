@@ -200,6 +200,7 @@ void EditorTour::trouble()
     picture(u"missing-picture"_s);
     m_session.window().resize(1200, 500);
     wait();
+    click(u"slideEntry0"_s);
     for (int i = 0; i < 4; ++i)
         QTest::keyClick(&m_session.window(), Qt::Key_Down);
     picture(u"list-scrolls"_s);

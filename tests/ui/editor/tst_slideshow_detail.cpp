@@ -112,7 +112,7 @@ private slots:
     void showingATextLeavesItAlone();
     void inputDuringAnExportIsDropped();
     void savesAPresetByKeyboard();
-    void columnsKeepTheirWidths();
+    void columnsKeepTheirPlaces();
     void closes_data();
     void closes();
 };
@@ -456,7 +456,7 @@ void SlideshowDetailTest::savesAPresetByKeyboard()
     QCOMPARE(s.store().all<SlidePreset>().size(), 1U);
 }
 
-void SlideshowDetailTest::columnsKeepTheirWidths()
+void SlideshowDetailTest::columnsKeepTheirPlaces()
 {
     ScreenSession s;
     QCOMPARE(s.find(u"inspectorColumn"_s)->width(), 320.0);
@@ -470,6 +470,11 @@ void SlideshowDetailTest::columnsKeepTheirWidths()
         s.settle();
         QCOMPARE(column->width(), target < 150 ? 150.0 : 200.0);
     }
+    s.window().resize(1200, 360);
+    QVERIFY(s.click(u"slideEntry0"_s));
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(&s.window(), Qt::Key_Down);
+    QTRY_COMPARE(s.find(u"slideEntry2"_s)->mapToScene({0, 120 + 16}).y(), 360.0);
     s.store().remove(s.slideshow);
     s.settle();
     QVERIFY(!s.find(u"inspectorColumn"_s));
