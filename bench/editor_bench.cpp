@@ -150,7 +150,8 @@ int main(int argc, char **argv)
         keys.append(untilFrame(window, [&] { session.type(QString(QChar(u'a' + i % 26))); }));
     report("a key at six lines, neon, scale 3", keys);
 
-    block()->setText(u"Line 🎉 one 🔥\nline 🚀 two ☀️\nline 💡 three ✅\nline 🎯 four 😀\nline ❤️ five 📚\nline six 👩‍👩‍👧 🇩🇪"_s);
+    block()->setText(
+        u"Line 🎉 one 🔥\nline 🚀 two ☀️\nline 💡 three ✅\nline 🎯 four 😀\nline ❤️ five 📚\nline six 👩‍👩‍👧 🇩🇪"_s);
     QTest::qWait(300);
     keys.clear();
     for (int i = 0; i < 40; ++i)
