@@ -1,5 +1,6 @@
 #include "app/gui/qt_file_panels.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QWindow>
@@ -12,6 +13,13 @@ namespace mosslantern {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The user's folder of this kind, or their home when there is none.
+QString startFolder(QStandardPaths::StandardLocation kind)
+{
+    const QString folder = QStandardPaths::writableLocation(kind);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
 
 /// The panel that Qt draws itself is narrow, and cuts off the names of files.
 void makeRoomForNames(QFileDialog &dialog)
@@ -34,8 +42,9 @@ void QtFilePanels::openImages(Picked picked)
     dialog->setWindowTitle(QFileDialog::tr("Import Images"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setLabelText(QFileDialog::Accept, QFileDialog::tr("Import"));
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    dialog->setDirectory(startFolder(QStandardPaths::PicturesLocation));
     const QStringList patterns{u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
                                u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
     QStringList globs;
@@ -59,7 +68,7 @@ void QtFilePanels::saveFolder(const FolderRequest &request, Chosen chosen)
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, request.acceptLabel);
     dialog->setLabelText(QFileDialog::FileName, QFileDialog::tr("Folder:"));
-    dialog->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    dialog->setDirectory(startFolder(QStandardPaths::DocumentsLocation));
     dialog->selectFile(request.suggestedName);
     QObject::connect(
         dialog, &QFileDialog::finished, dialog, [dialog, chosen = std::move(chosen)](int result) {

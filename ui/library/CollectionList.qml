@@ -46,6 +46,7 @@ FocusScope {
             width: list.width - 20
             isSelected: record === root.collections.selectedCollection
             isFocused: list.activeFocus
+            hasMenu: menu.visible && menu.collection === record
             onChosen: {
                 list.forceActiveFocus(Qt.MouseFocusReason)
                 root.collections.selectedCollection = record

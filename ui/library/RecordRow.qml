@@ -11,6 +11,8 @@ Item {
     required property bool isFocused
     /// Whether it is drawn on the accent colour.
     readonly property bool isLit: isSelected && isFocused
+    /// Whether a menu for it is open.
+    property bool hasMenu: false
     /// Of the background, from the row's edges.
     property real sideMargin: 0
 
@@ -32,6 +34,11 @@ Item {
         isSelected: root.isSelected
         isFocused: root.isFocused
         isHovered: hover.hovered
+
+        FocusRing {
+            distance: 0
+            visible: root.hasMenu
+        }
     }
     HoverHandler {
         id: hover
