@@ -62,6 +62,13 @@ QQuickWindow *UiSession::open()
     return m_window;
 }
 
+void UiSession::close()
+{
+    m_engine.reset();
+    m_context.reset();
+    m_library.close();
+}
+
 QQuickItem *UiSession::find(const QString &objectName, int nth) const
 {
     return visibleItems(m_window, [&](QQuickItem *item) { return item->objectName() == objectName; })

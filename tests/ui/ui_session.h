@@ -33,6 +33,8 @@ public:
 
     /// Opens the main window; waits until it shows its first frame.
     QQuickWindow *open();
+    /// Ends the application; open() starts it again on the same library.
+    void close();
     QQuickWindow *window() const { return m_window; }
 
     /// The visible item of this name; null when there is none. `nth` counts from the top left.

@@ -112,6 +112,7 @@ void GalleryTour::run()
     m_session.click(u"slideshowCard"_s, 1, Qt::RightButton);
     picture(u"menu"_s);
     m_session.key(Qt::Key_Escape);
+    QTest::qWait(400);
     m_session.key(Qt::Key_Right);
     picture(u"keyboard"_s);
     hover(u"deleteBatch"_s);
@@ -129,15 +130,19 @@ void GalleryTour::run()
     m_session.click(u"deleteBatch"_s, m_session.count(u"deleteBatch"_s) - 1);
     picture(u"delete-long-name"_s);
     m_session.key(Qt::Key_Escape);
+    QTest::qWait(400);
     area->setProperty("contentY", 0);
+    m_session.settle();
     m_session.click(u"deleteBatch"_s);
     picture(u"delete"_s);
     m_session.key(Qt::Key_Escape);
+    QTest::qWait(400);
 
     m_session.click(u"slideshowCard"_s, 1);
     QTest::qWait(800);
     picture(u"editor"_s);
     m_session.key(Qt::Key_Escape);
+    QTest::qWait(400);
     m_session.window()->resize(1200, 730);
     picture(u"smallest"_s);
     m_session.window()->resize(1920, 1200);
