@@ -7,25 +7,22 @@ T.Popup {
     id: root
 
     property bool isAbove: false
+    readonly property real arrowHeight: 10
 
     x: parent ? Math.round((parent.width - width) / 2) : 0
-    y: !parent ? 0 : isAbove ? -height - arrow.reach : parent.height + arrow.reach
+    y: !parent ? 0 : isAbove ? -height - arrowHeight : parent.height + arrowHeight
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: Theme.padding
     focus: true
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     onAboutToShow: {
-        const below = parent.mapToItem(T.Overlay.overlay, 0, parent.height).y + arrow.reach + implicitHeight
+        const below = parent.mapToItem(T.Overlay.overlay, 0, parent.height).y + arrowHeight + implicitHeight
         isAbove = below > T.Overlay.overlay.height - 8
     }
 
     background: Item {
         Rectangle {
-            id: arrow
-
-            readonly property real reach: 10
-
             x: (parent.width - width) / 2
             y: root.isAbove ? parent.height - height / 2 - 1 : 1 - height / 2
             width: 13

@@ -13,7 +13,7 @@ T.Button {
     readonly property bool isMarked: activeFocus && InputMode.usesKeyboard
     readonly property color contentColor: !enabled ? Theme.disabled : isDestructive ? Theme.red : Theme.primary
 
-    implicitWidth: text === "" ? implicitHeight + 2 : row.implicitWidth + 2 * 8
+    implicitWidth: text === "" ? implicitHeight + 2 : implicitContentWidth + 2 * 8
     implicitHeight: 24
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
@@ -27,30 +27,13 @@ T.Button {
             clicked()
     }
 
-    contentItem: Item {
-        Row {
-            id: row
-            anchors.centerIn: parent
-            spacing: 5
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.symbol !== ""
-                name: root.symbol
-                size: 14
-                color: root.contentColor
-            }
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                visible: root.text !== ""
-                text: root.text
-                color: root.contentColor
-                font.family: Theme.family
-                font.pixelSize: Theme.caption
-                font.weight: Font.Medium
-                textFormat: Text.PlainText
-            }
-        }
+    contentItem: SymbolLabel {
+        symbol: root.symbol
+        symbolSize: 14
+        text: root.text
+        color: root.contentColor
+        fontSize: Theme.caption
+        spacing: 5
     }
     background: Rectangle {
         radius: Theme.controlRadius - 1

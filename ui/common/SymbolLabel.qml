@@ -10,8 +10,10 @@ Item {
     required property string text
     required property color color
     property int weight: Font.Medium
+    property int fontSize: Theme.body
+    property alias spacing: row.spacing
 
-    readonly property real symbolWidth: symbol !== "" ? symbolSize + row.spacing : 0
+    readonly property real symbolWidth: symbol === "" ? 0 : text === "" ? symbolSize : symbolSize + row.spacing
 
     implicitWidth: symbolWidth + label.implicitWidth
     implicitHeight: row.implicitHeight
@@ -30,12 +32,13 @@ Item {
         }
         Text {
             id: label
+            visible: root.text !== ""
             width: Math.min(implicitWidth, root.width - root.symbolWidth)
             elide: Text.ElideRight
             text: root.text
             color: root.color
             font.family: Theme.family
-            font.pixelSize: Theme.body
+            font.pixelSize: root.fontSize
             font.weight: root.weight
             textFormat: Text.PlainText
             anchors.verticalCenter: parent.verticalCenter

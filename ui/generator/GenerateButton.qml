@@ -13,7 +13,7 @@ T.Button {
 
     topPadding: 12
     bottomPadding: 12
-    implicitHeight: row.implicitHeight + topPadding + bottomPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.StrongFocus
     enabled: panel.canGenerate
     text: panel.generateText
@@ -29,29 +29,12 @@ T.Button {
     }
     onClicked: panel.generate()
 
-    contentItem: Item {
-        Row {
-            id: row
-            anchors.centerIn: parent
-            spacing: 8
-            opacity: root.enabled ? 1 : 0.6
-
-            Symbol {
-                anchors.verticalCenter: parent.verticalCenter
-                name: !root.panel.hasAssets ? "exclamationmark.triangle" : root.isAiMode ? "sparkles" : "wand.and.stars"
-                size: 16
-                color: "white"
-            }
-            Text {
-                anchors.verticalCenter: parent.verticalCenter
-                text: root.text
-                color: "white"
-                font.family: Theme.family
-                font.pixelSize: Theme.body
-                font.weight: Font.DemiBold
-                textFormat: Text.PlainText
-            }
-        }
+    contentItem: SymbolLabel {
+        symbol: !root.panel.hasAssets ? "exclamationmark.triangle" : root.isAiMode ? "sparkles" : "wand.and.stars"
+        text: root.text
+        color: root.enabled ? "white" : "#99ffffff"
+        weight: Font.DemiBold
+        spacing: 8
     }
     background: RoundedArea {
         radius: 8

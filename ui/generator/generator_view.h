@@ -17,7 +17,7 @@ class GeneratorView : public QObject
     Q_PROPERTY(QString availableAssets READ availableAssets NOTIFY assetsChanged)
     Q_PROPERTY(QStringList shapeNames READ shapeNames CONSTANT)
     Q_PROPERTY(int shape READ shape WRITE setShape NOTIFY shapeChanged)
-    Q_PROPERTY(QStringList styleNames READ styleNames CONSTANT)
+    Q_PROPERTY(QList<QString> styleNames READ styleNames CONSTANT)
     Q_PROPERTY(int style READ style WRITE setStyle NOTIFY styleChanged)
     Q_PROPERTY(bool showsBoxColor READ showsBoxColor NOTIFY styleChanged)
     Q_PROPERTY(bool showsBorder READ showsBorder NOTIFY styleChanged)

@@ -176,6 +176,7 @@ void GeneratorTour::ai()
     m_session->click(u"apiKeyInfo"_s);
     picture(u"ai-popover"_s);
     m_session->key(Qt::Key_Escape);
+    QTest::qWait(500);
     scroll(1);
     picture(u"ai-button"_s);
     m_session->click(u"generate"_s);
