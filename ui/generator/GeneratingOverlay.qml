@@ -13,7 +13,16 @@ Rectangle {
         hoverEnabled: true
         onWheel: (event) => event.accepted = true
     }
+    // The texts of the preview shine through what covers them.
+    RoundedArea {
+        anchors.centerIn: parent
+        width: column.width + 2 * 28
+        height: column.height + 2 * 24
+        radius: Theme.sheetRadius
+        color: "#b3000000"
+    }
     Column {
+        id: column
         anchors.centerIn: parent
         spacing: 16
 

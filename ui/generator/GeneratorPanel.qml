@@ -42,6 +42,7 @@ Rectangle {
         contentHeight: column.height + 2 * Theme.padding
         clip: true
         boundsBehavior: Flickable.StopAtBounds
+        pixelAligned: true
 
         T.ScrollBar.vertical: ScrollIndicatorBar {}
 

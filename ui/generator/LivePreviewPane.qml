@@ -29,6 +29,7 @@ FocusScope {
     Item {
         id: area
         anchors.fill: parent
+        enabled: !root.isGenerating
         anchors.topMargin: heading.height
         anchors.bottomMargin: navigation.visible ? navigation.height + 20 : 0
         onWidthChanged: fit()
@@ -139,6 +140,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.bottomMargin: 20
         visible: root.preview.count > 1
+        enabled: !root.isGenerating
         preview: root.preview
     }
     GeneratingOverlay {

@@ -38,6 +38,7 @@ Rectangle {
         activeFocusOnTab: true
         keyNavigationEnabled: false
         boundsBehavior: Flickable.StopAtBounds
+        pixelAligned: true
         highlight: null
         highlightMoveDuration: 200
         highlightMoveVelocity: -1
