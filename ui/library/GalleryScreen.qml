@@ -228,7 +228,11 @@ FocusScope {
     }
 
     function yieldToExport() {
-        const next = gallery.isExporting ? overlay : overlay.returnsTo ?? area
-        next.focus = true
+        if (gallery.isExporting)
+            overlay.focus = true
+        else if (overlay.returnsTo)
+            overlay.returnsTo.focus = true
+        else
+            area.focus = true
     }
 }

@@ -6,9 +6,9 @@
 
 #include <QtGui/QPainter>
 #include <QtQuick/QQuickWindow>
-#include <QtQuick/QSGNinePatchNode>
+#include <QtQuick/QSGImageNode>
 
-#include <cmath>
+#include <array>
 
 namespace mosslantern {
 
@@ -30,19 +30,14 @@ CardFrame::CardFrame(QQuickItem *parent)
     : QQuickItem(parent)
 {
     setFlag(ItemHasContents);
-    connect(this, &CardFrame::lookChanged, this, [this] {
-        m_isOutdated = true;
-        update();
-    });
+    connect(this, &CardFrame::lookChanged, this, [this] { update(); });
 }
 
 void CardFrame::itemChange(ItemChange change, const ItemChangeData &value)
 {
     QQuickItem::itemChange(change, value);
-    if (change == ItemDevicePixelRatioHasChanged) {
-        m_isOutdated = true;
+    if (change == ItemDevicePixelRatioHasChanged)
         update();
-    }
 }
 
 void CardFrame::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
@@ -86,20 +81,32 @@ QImage CardFrame::drawn(double pixelRatio) const
 
 QSGNode *CardFrame::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    auto *patch = static_cast<QSGNinePatchNode *>(node);
-    if (!patch) {
-        patch = window()->createNinePatchNode();
-        m_isOutdated = true;
-    }
-    const double pixelRatio = window()->effectiveDevicePixelRatio();
-    if (std::exchange(m_isOutdated, false))
-        patch->setTexture(window()->createTextureFromImage(drawn(pixelRatio)));
-    patch->setBounds(boundingRect().adjusted(-margin, -margin, margin, margin));
-    patch->setDevicePixelRatio(pixelRatio);
+    delete node;
+    node = new QSGNode;
+    const double ratio = window()->effectiveDevicePixelRatio();
+    const QImage image = drawn(ratio);
+    QSGTexture *const texture = window()->createTextureFromImage(image);
     const double side = margin + cornerReach;
-    patch->setPadding(side, side, side, margin + std::max(cornerReach, m_barHeight));
-    patch->update();
-    return patch;
+    const double bottom = margin + std::max(cornerReach, m_barHeight);
+    const QRectF whole = boundingRect().adjusted(-margin, -margin, margin, margin);
+    const std::array x{whole.left(), whole.left() + side, whole.right() - side, whole.right()};
+    const std::array y{whole.top(), whole.top() + side, whole.bottom() - bottom, whole.bottom()};
+    const std::array u{0.0, side * ratio, image.width() - side * ratio, image.width() * 1.0};
+    const std::array v{0.0, side * ratio, image.height() - bottom * ratio, image.height() * 1.0};
+    for (size_t row = 0; row < 3; ++row) {
+        for (size_t column = 0; column < 3; ++column) {
+            // Nothing is seen of the middle.
+            if (row == 1 && column == 1)
+                continue;
+            QSGImageNode *const piece = window()->createImageNode();
+            piece->setTexture(texture);
+            piece->setOwnsTexture(node->childCount() == 0);
+            piece->setRect({QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1])});
+            piece->setSourceRect({QPointF(u[column], v[row]), QPointF(u[column + 1], v[row + 1])});
+            node->appendChildNode(piece);
+        }
+    }
+    return node;
 }
 
 } // namespace mosslantern

@@ -5,8 +5,9 @@
 
 namespace mosslantern {
 
-/// A part of a card of any size, stretched from a small picture: its body, with the bar at the bottom and the
-/// shadow around it, or the border that lies over all.
+/// A part of a card of any size, stretched from a small picture: the edges of its body, with the bar at the
+/// bottom and the shadow around it, or the border that lies over all. The middle is left to what the card
+/// shows.
 class CardFrame : public QQuickItem
 {
     Q_OBJECT
@@ -43,7 +44,6 @@ private:
     QColor m_color = Qt::transparent;
     QColor m_barColor = Qt::transparent;
     double m_barHeight = 0;
-    bool m_isOutdated = true;
 };
 
 } // namespace mosslantern
