@@ -111,7 +111,14 @@ void StaticSlide::updatePolish()
     m_pixelRatio = window()->effectiveDevicePixelRatio();
     const Canvas canvas{rect.size(), m_pixelRatio};
     const Content shown = content();
-    m_image = SlideComposition(canvas, background(shown, canvas), drawTexts(shown.values, canvas)).image();
+    // When only the picture is new, the texts need not be drawn again.
+    if (m_image.isNull() || shown.values != m_drawnValues || canvas.size != m_drawnCanvas.size ||
+        canvas.pixelRatio != m_drawnCanvas.pixelRatio) {
+        m_texts = drawTexts(shown.values, canvas);
+        m_drawnValues = shown.values;
+        m_drawnCanvas = canvas;
+    }
+    m_image = SlideComposition(canvas, background(shown, canvas), m_texts).image();
     if (m_topRadius > 0)
         cutTopCorners(m_image, m_topRadius * m_pixelRatio);
     m_imageIsNew = true;

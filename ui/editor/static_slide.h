@@ -64,6 +64,9 @@ private:
 
     CanvasPicture m_picture;
     double m_topRadius = 0;
+    SlideValues m_drawnValues;
+    Canvas m_drawnCanvas;
+    std::vector<Layer> m_texts; // of these values on that canvas
     QImage m_image;
     double m_pixelRatio = 1;
     bool m_imageIsNew = false;
