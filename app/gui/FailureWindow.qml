@@ -96,7 +96,7 @@ Window {
 
             PushButton {
                 objectName: "openFolder"
-                visible: root.folder.toString() !== ""
+                visible: String(root.folder) !== ""
                 text: qsTr("Open Folder")
                 onClicked: Qt.openUrlExternally(root.folder)
             }

@@ -9,7 +9,7 @@ SheetView {
     id: root
 
     required property list<AppCommand> commands
-    readonly property var lines: [
+    readonly property var keys: [
         [qsTr("Go from control to control"), qsTr("Tab")],
         [qsTr("Move in lists and grids"), qsTr("Arrow keys, Home, End, Page Up, Page Down")],
         [qsTr("Let go of the selected row"), qsTr("Ctrl+Space")],
@@ -17,7 +17,8 @@ SheetView {
         [qsTr("Open, load or import"), qsTr("Return")],
         [qsTr("Show the menu of an item"), qsTr("Menu, Shift+F10")],
         [qsTr("Close a sheet, cancel a question"), qsTr("Escape")]
-    ].concat(Array.from(commands, command => [command.label, command.nativeText]))
+    ]
+    readonly property var lines: keys.concat(Array.from(commands, command => [command.label, command.nativeText]))
 
     width: 500
     height: Theme.headerHeight + list.height + 2 * list.y + 56

@@ -15,7 +15,7 @@ SheetView {
     title: qsTr("Add Assets to %1").arg(detail.collection ? detail.collection.name : "")
     visible: detail.isAddingAssets
     onClosed: detail.cancelAdding()
-    onOpened: grid.forceActiveFocus(Qt.OtherFocusReason)
+    onAboutToShow: grid.forceActiveFocus(Qt.OtherFocusReason)
 
     ContentUnavailableView {
         anchors.fill: parent
