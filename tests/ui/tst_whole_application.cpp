@@ -123,7 +123,7 @@ private:
     void chooseInPanel(const QString &picker, int steps);
     void generate(const QString &batch, int count);
     bool showGallery() { return session().click(u"screenTab1"_s) && session().find(u"galleryArea"_s); }
-    void editFirstSlideshow();
+    void editFirstSlideshow(const Slideshow *&edited);
     void exportFirstBatch(const QString &folder);
     void deleteFirstBatch(const QString &name);
     GalleryView &gallery() { return *session().window()->findChild<GalleryView *>(u"gallery"_s); }
@@ -194,10 +194,12 @@ void WholeApplicationTest::generate(const QString &batch, int count)
     QTRY_COMPARE(store().all<Slideshow>().size(), before + static_cast<size_t>(count));
 }
 
-void WholeApplicationTest::editFirstSlideshow()
+/// The first as they lie on the screen: a card under the pointer stands a little higher than its neighbours.
+void WholeApplicationTest::editFirstSlideshow(const Slideshow *&edited)
 {
     QVERIFY(session().click(u"slideshowCard"_s));
     QTRY_VERIFY(session().find(u"mainField"_s));
+    edited = gallery().selectedSlideshow();
     QVERIFY(session().click(u"mainFieldArea"_s));
     session().key(Qt::Key_A, Qt::ControlModifier);
     session().type(u"Written by hand"_s);
@@ -251,8 +253,9 @@ void WholeApplicationTest::tellsTheWholeStory()
     QVERIFY(session().findText(u"50 items"_s) && session().findText(u"1 items"_s));
     deleteFirstBatch(u"Mistake"_s);
     QCOMPARE(store().all<Slideshow>().size(), 50u);
-    editFirstSlideshow();
-    const Slideshow *const edited = gallery().groupedSlideshows().constFirst().slideshows.constFirst();
+    const Slideshow *edited = nullptr;
+    editFirstSlideshow(edited);
+    QVERIFY(edited);
     QCOMPARE(edited->slides()[0]->text(), u"Written by hand"_s);
     for (const Slideshow *slideshow : store().all<Slideshow>()) {
         for (const Slide *slide : slideshow->slides())
@@ -298,7 +301,8 @@ void WholeApplicationTest::isWholeAfterBeingKilled()
             QVERIFY(importAsset(picture, **store));
     }
     size_t saved = 0;
-    for (int round = 0; round < 6; ++round) {
+    // The first rounds may all be over before anything is saved.
+    for (int round = 0; round < 6 || (saved == 0 && round < 60); ++round) {
         QProcess application;
         application.start(QCoreApplication::applicationFilePath(),
                           {QString::fromLatin1(generateForEver), folder.path()});
