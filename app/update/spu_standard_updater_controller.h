@@ -4,12 +4,14 @@
 
 namespace mosslantern {
 
+/// Whether the checks in the background begin with the controller.
 enum class StartingUpdater { no, yes };
 
 /// Owns the updater of the application.
 class SPUStandardUpdaterController
 {
 public:
+    /// The first check comes a few seconds later; without a feed there is none.
     SPUStandardUpdaterController(StartingUpdater startingUpdater, const UpdaterSettings &settings)
         : m_updater(settings)
     {
@@ -17,6 +19,7 @@ public:
             m_updater.start();
     }
 
+    /// Lives as long as the controller.
     SPUUpdater &updater() { return m_updater; }
 
 private:

@@ -1,9 +1,13 @@
 #include "app/update/spu_updater.h"
 
 #include <QCoro/QCoroNetworkReply>
+#include <QtCore/QScopedPointer>
 #include <QtCore/QSettings>
 #include <QtGui/QDesktopServices>
 #include <QtNetwork/QHostAddress>
+
+#include <memory>
+#include <utility>
 
 namespace mosslantern {
 
@@ -37,9 +41,9 @@ SPUUpdater::SPUUpdater(const UpdaterSettings &settings, QObject *parent)
 
 SPUUpdater::~SPUUpdater()
 {
-    // Lets a check that is under way come to its end.
-    if (m_reply)
-        m_reply->abort();
+    // A check that is under way comes to its end, and finds that nobody waits for it.
+    if (QNetworkReply *const reply = std::exchange(m_reply, nullptr))
+        reply->abort();
 }
 
 void SPUUpdater::start(std::chrono::milliseconds delay)
@@ -56,7 +60,7 @@ void SPUUpdater::checkForUpdates()
         return;
     setStatus(Status::Checking);
     setShown(true);
-    if (!m_isChecking)
+    if (!m_reply)
         check();
 }
 
@@ -67,13 +71,12 @@ void SPUUpdater::checkIfDue()
     const qint64 passed = last.secsTo(QDateTime::currentDateTimeUtc());
     const bool isDue =
         !last.isValid() || passed < 0 || passed >= std::chrono::seconds(shortestInterval).count();
-    if (isDue && !m_isChecking && !m_isShown)
+    if (isDue && !m_reply && !m_isShown)
         check();
 }
 
 QCoro::Task<> SPUUpdater::check()
 {
-    m_isChecking = true;
     QSettings(m_settings.stateFile, QSettings::IniFormat)
         .setValue(lastCheckKey, QDateTime::currentDateTimeUtc());
 
@@ -81,15 +84,17 @@ QCoro::Task<> SPUUpdater::check()
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     request.setTransferTimeout(30s / 1ms);
-    const std::unique_ptr<QNetworkReply> reply(m_network.get(request));
+    // The end of the wait is inside a function of the reply, which goes on afterwards.
+    const std::unique_ptr<QNetworkReply, QScopedPointerDeleteLater> reply(m_network.get(request));
     m_reply = reply.get();
-    connect(reply.get(), &QNetworkReply::downloadProgress, reply.get(), [&reply](qint64 received) {
-        if (received > largestFeed)
+    connect(m_reply, &QNetworkReply::readyRead, m_reply, [reply = m_reply] {
+        if (reply->bytesAvailable() > largestFeed)
             reply->abort();
     });
     co_await reply.get();
 
-    m_isChecking = false;
+    if (!std::exchange(m_reply, nullptr))
+        co_return;
     const bool failed = reply->error() != QNetworkReply::NoError;
     finish(failed ? fail(reply->errorString()) : Result<QByteArray>(reply->readAll()));
 }

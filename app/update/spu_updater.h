@@ -4,7 +4,6 @@
 
 #include <QCoro/QCoroTask>
 #include <QtCore/QDateTime>
-#include <QtCore/QPointer>
 #include <QtCore/QTimer>
 #include <QtNetwork/QNetworkAccessManager>
 #include <QtNetwork/QNetworkReply>
@@ -57,12 +56,17 @@ public:
     Status status() const { return m_status; }
     /// Why the last check failed.
     QString message() const { return m_message; }
+    /// Of this program.
     QString currentVersion() const { return m_settings.version; }
     /// Of the newer version that was found.
     QString newVersion() const { return m_found.shownVersion; }
+    /// What is new in it, as plain text; empty when the feed does not tell.
     QString notes() const { return m_found.notes; }
+    /// The page of its release notes; empty for none.
     QUrl notesPage() const { return m_found.notesPage; }
+    /// Whether it has such a page.
     bool hasNotesPage() const { return !m_found.notesPage.isEmpty(); }
+    /// Where it can be downloaded.
     QUrl downloadPage() const { return m_found.downloadPage; }
 
     /// Whether the window of the updater is shown.
@@ -88,14 +92,13 @@ private:
     void setShown(bool isShown);
 
     UpdaterSettings m_settings;
-    QNetworkAccessManager m_network;
-    QPointer<QNetworkReply> m_reply;
+    QNetworkAccessManager m_network{this};
+    QNetworkReply *m_reply = nullptr; // while a check is under way
     QTimer m_schedule;
     Status m_status = Status::Idle;
     QString m_message;
     AppcastItem m_found;
     bool m_isShown = false;
-    bool m_isChecking = false;
 };
 
 } // namespace mosslantern

@@ -3,6 +3,8 @@
 #include "tests/content/test_server.h"
 
 #include <QtCore/QSettings>
+#include <QtNetwork/QNetworkReply>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QtTest>
 
 using namespace mosslantern;
@@ -126,6 +128,9 @@ private slots:
                               << Status::UpToDate;
         QTest::newRow("cut off") << response(feedOf({}).first(90)) << Status::Failed;
         QTest::newRow("no feed") << response("<html/>") << Status::Failed;
+        QTest::newRow("endless") << response(feedOf(item("<sparkle:version>2</sparkle:version>" +
+                                                         QByteArray(5 << 20, ' '))))
+                                 << Status::Failed;
         QTest::newRow("not there") << response({}, "404 Not Found") << Status::Failed;
     }
     void showsWhatAnAskedCheckFinds()
@@ -138,7 +143,9 @@ private slots:
         updater.checkForUpdates();
         QVERIFY(updater.isShown());
         QCOMPARE(updater.status(), SPUUpdater::Status::Checking);
+        const QSignalSpy ends(updater.findChild<QNetworkReply *>(), &QNetworkReply::finished);
         QTRY_COMPARE(updater.status(), status);
+        QCOMPARE(ends.count(), 1);
         QVERIFY(updater.isShown());
         QCOMPARE(updater.message().isEmpty(), status != SPUUpdater::Status::Failed);
         if (status == SPUUpdater::Status::UpdateFound) {
@@ -218,8 +225,11 @@ private slots:
         auto updater = std::make_unique<SPUUpdater>(settings(server));
         updater->checkForUpdates();
         QTRY_COMPARE(server.requests().size(), 1);
+        const QSignalSpy changes(updater.get(), &SPUUpdater::statusChanged);
+        const QSignalSpy ends(updater->findChild<QNetworkReply *>(), &QNetworkReply::finished);
         updater.reset();
-        QTest::qWait(20);
+        QCOMPARE(ends.count(), 1);
+        QCOMPARE(changes.count(), 0);
     }
 };
 
