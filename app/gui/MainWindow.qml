@@ -13,6 +13,9 @@ T.ApplicationWindow {
     /// In the order of the sidebar.
     readonly property list<string> screens: ["../Library/AssetLibraryScreen.qml", "../Library/CollectionsScreen.qml", "../Generator/SlideshowsScreen.qml"]
 
+    /// Whether the keyboard was used last; known from the first event on.
+    readonly property bool usesKeyboard: InputMode.usesKeyboard
+
     width: 1280
     height: 800 + menuBar.height
     minimumWidth: 1200
@@ -86,12 +89,20 @@ T.ApplicationWindow {
     }
 
     /// Makes room for the sidebar, or takes its room away, so that the detail column keeps its size, as far as the
-    /// window may be narrower and the screen is wide enough.
+    /// window may be narrower and the screen is wide enough. Gives back only what it took away.
     function keepDetailWidth() {
-        const room = sidebar.width + 1
-        if (visibility === Window.Windowed)
-            width = commands.isSidebarShown ? Math.min(Screen.desktopAvailableWidth, width + room) : Math.max(minimumWidth, width - room)
+        const isFree = visibility === Window.Windowed
+        if (!commands.isSidebarShown) {
+            widthOfHidden = isFree ? Math.min(sidebar.width + 1, width - minimumWidth) : 0
+            width -= widthOfHidden
+        } else if (isFree) {
+            const limit = Math.max(Screen.desktopAvailableWidth, minimumWidth + widthOfHidden)
+            width = Math.max(width, Math.min(limit, width + widthOfHidden))
+        }
     }
+
+    /// By how much the window became narrower when the sidebar was hidden.
+    property real widthOfHidden
 
     /// The editor of one slideshow.
     function showSlideshowEditor(slideshow: Slideshow) {

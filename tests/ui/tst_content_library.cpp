@@ -80,10 +80,12 @@ private slots:
         session().type(u"N"_s);
         QVERIFY(!session().find(u"saveTemplate"_s)->isEnabled());
         session().key(Qt::Key_Tab);
-        session().type(u"\t{}"_s);
+        session().type(u"\t{}\u00A0{}"_s);
+        session().key(Qt::Key_Tab);
+        QVERIFY(!session().find(u"newTemplateContentArea"_s)->hasActiveFocus());
         QVERIFY(session().doubleClick(u"saveTemplate"_s));
         QCOMPARE(store().all<ContentTemplate>().size(), 1u);
-        QCOMPARE(store().all<ContentTemplate>().front()->content(), u"{}"_s);
+        QCOMPARE(store().all<ContentTemplate>().front()->content(), u"{}\u00A0{}"_s);
         QTRY_VERIFY(!session().find(u"templateName"_s));
 
         // The save sheet keeps the content between uses, "Create New" empties it; Escape saves nothing.

@@ -126,14 +126,14 @@ bool UiSession::doubleClick(const QString &objectName)
 
 void UiSession::hold(Qt::Key key)
 {
-    const QString text = key == Qt::Key_Return ? u"\r"_s : QString();
-    for (const bool isRepeated : {false, true, true, true}) {
-        QKeyEvent press(QEvent::KeyPress, key, {}, text, isRepeated);
+    const QString text = key == Qt::Key_Return ? u"\r"_s : key == Qt::Key_Space ? u" "_s : QString();
+    for (int time = 0; time < 4; ++time) {
+        QKeyEvent press(QEvent::KeyPress, key, {}, text, time > 0);
         QCoreApplication::sendEvent(m_window, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, {}, text, time < 3);
+        QCoreApplication::sendEvent(m_window, &release);
         settle();
     }
-    QKeyEvent release(QEvent::KeyRelease, key, {}, text);
-    QCoreApplication::sendEvent(m_window, &release);
 }
 
 void UiSession::key(Qt::Key key, Qt::KeyboardModifiers modifiers)

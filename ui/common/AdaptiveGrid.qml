@@ -66,7 +66,7 @@ GridView {
             moveBy(page)
         else if (![Qt.Key_Delete, Qt.Key_Backspace].includes(event.key))
             return
-        else if (canRemove && !event.isAutoRepeat)
+        else if (canRemove)
             removalRequested()
         event.accepted = true
     }

@@ -35,7 +35,7 @@ Item {
         const act = wantsMenu ? () => menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2)))
             : event.key === Qt.Key_Space ? spacePressed
             : [Qt.Key_Return, Qt.Key_Enter].includes(event.key) ? activated : null
-        if (act && !event.isAutoRepeat)
+        if (act)
             act()
         event.accepted = act !== null
     }

@@ -19,14 +19,8 @@ T.Button {
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
-    Keys.onEnterPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     contentItem: SymbolLabel {
         symbol: root.symbol

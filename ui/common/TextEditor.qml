@@ -7,7 +7,8 @@ FocusScope {
     id: root
 
     required property string label
-    property alias text: area.text
+    /// What is shown, unless the document is worked on itself.
+    property string text
     property alias textDocument: area.textDocument
     property alias font: area.font
     property alias cursorPosition: area.cursorPosition
@@ -17,7 +18,19 @@ FocusScope {
     property color color: Theme.textBackground
     property real radius: Theme.controlRadius
 
+    /// The text has been changed into this one.
     signal textEdited(text: string)
+
+    function takeText() {
+        const lines = PlainText.withLineFeeds(text)
+        if (PlainText.of(area.textDocument) === lines)
+            return
+        const caret = area.cursorPosition
+        area.text = lines
+        area.cursorPosition = Math.min(caret, area.length)
+    }
+
+    onTextChanged: takeText()
 
     Rectangle {
         anchors.fill: parent
@@ -49,10 +62,9 @@ FocusScope {
             selectByMouse: true
             textFormat: TextEdit.PlainText
             wrapMode: TextEdit.Wrap
-            KeyNavigation.priority: KeyNavigation.BeforeItem
-            KeyNavigation.tab: nextItemInFocusChain(true)
-            KeyNavigation.backtab: nextItemInFocusChain(false)
-            onTextChanged: root.textEdited(text)
+            Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+            onTextChanged: root.textEdited(PlainText.of(textDocument))
             Keys.onPressed: (event) => {
                 // Of itself this would insert a line separator, which is no line feed to those who read the text.
                 if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ShiftModifier) {

@@ -15,14 +15,8 @@ T.ToolButton {
     display: T.AbstractButton.IconOnly
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Keys.onReturnPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
-    Keys.onEnterPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
 
     contentItem: Item {
         Symbol {

@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
+#include <QtQuick/QQuickWindow>
 
 namespace mosslantern {
 
@@ -10,6 +11,28 @@ namespace {
 bool isModifier(int key)
 {
     return key >= Qt::Key_Shift && key <= Qt::Key_Alt;
+}
+
+/// Whether a key event comes of a key being held that would do the same thing again.
+bool repeatsAnAct(const QObject *receiver, const QKeyEvent &event)
+{
+    const auto *const window = qobject_cast<const QQuickWindow *>(receiver);
+    if (!window || !event.isAutoRepeat())
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Escape:
+        return true;
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace: {
+        const QQuickItem *const item = window->activeFocusItem();
+        return item && !item->flags().testFlag(QQuickItem::ItemAcceptsInputMethod);
+    }
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -30,10 +53,15 @@ void InputMode::endHover(QQuickItem *item)
         endHover(child);
 }
 
-bool InputMode::eventFilter(QObject *, QEvent *event)
+bool InputMode::eventFilter(QObject *receiver, QEvent *event)
 {
     switch (event->type()) {
+    case QEvent::KeyRelease:
+        return repeatsAnAct(receiver, *static_cast<QKeyEvent *>(event));
     case QEvent::KeyPress:
+        if (repeatsAnAct(receiver, *static_cast<QKeyEvent *>(event)))
+            return true;
+        [[fallthrough]];
     case QEvent::ShortcutOverride: // all there is of a key that is a shortcut
         if (!isModifier(static_cast<QKeyEvent *>(event)->key()))
             setUsesKeyboard(true);

@@ -5,7 +5,9 @@
 
 namespace mosslantern {
 
-/// Which kind of device was used last: what has the keyboard is marked for those who use the keyboard.
+/// Which kind of device was used last: what has the keyboard is marked for those who use the keyboard. Of a key
+/// that is held down, what acts once is passed on once: Escape, and outside of texts Space, Return and Delete.
+/// To be made before the first event.
 class InputMode : public QObject
 {
     Q_OBJECT

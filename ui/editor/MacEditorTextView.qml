@@ -1,4 +1,5 @@
 import QtQuick
+import Mosslantern.Common
 import Mosslantern.Editor
 
 /// A text editor laid over a text block: the block draws the text, the editor the caret and the selection.

@@ -3,7 +3,7 @@
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
 #include "ui/editor/emoji_highlighter.h"
-#include "ui/editor/plain_text.h"
+#include "ui/common/plain_text.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QFontMetricsF>
@@ -31,8 +31,6 @@ Coordinator::Coordinator(QObject *parent)
     : QObject(parent)
 {}
 
-Coordinator::~Coordinator() = default;
-
 QTextDocument *Coordinator::document() const
 {
     return m_textDocument ? m_textDocument->textDocument() : nullptr;
@@ -44,7 +42,7 @@ void Coordinator::setTextDocument(QQuickTextDocument *textDocument)
         return;
     Q_ASSERT(!m_textDocument);
     m_textDocument = textDocument;
-    m_highlighter = std::make_unique<EmojiHighlighter>(document());
+    m_highlighter = new EmojiHighlighter(document());
     connect(document(), &QTextDocument::contentsChange, this, [this](int position, int, int added) {
         if (!m_isFormatting)
             formatBlocks(position, position + added, true);

@@ -6,8 +6,6 @@
 #include <QtGui/QTextDocument>
 #include <QtQuick/QQuickTextDocument>
 
-#include <memory>
-
 namespace mosslantern {
 
 class EmojiHighlighter;
@@ -34,7 +32,6 @@ class Coordinator : public QObject
 
 public:
     explicit Coordinator(QObject *parent = nullptr);
-    ~Coordinator() override;
 
     QQuickTextDocument *textDocument() const { return m_textDocument; }
     void setTextDocument(QQuickTextDocument *document);
@@ -91,7 +88,7 @@ private:
     void formatAll();
 
     QPointer<QQuickTextDocument> m_textDocument;
-    std::unique_ptr<EmojiHighlighter> m_highlighter;
+    EmojiHighlighter *m_highlighter = nullptr; // of the document
     QFont m_font;
     double m_lineSpacing = 0;
     bool m_drawsText = true;

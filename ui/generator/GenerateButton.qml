@@ -19,14 +19,8 @@ T.Button {
     text: panel.generateText
     Accessible.role: Accessible.Button
     Accessible.name: text.trim()
-    Keys.onReturnPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
-    Keys.onEnterPressed: (event) => {
-        if (!event.isAutoRepeat)
-            clicked()
-    }
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
     onClicked: panel.generate()
 
     contentItem: SymbolLabel {

@@ -49,7 +49,7 @@ FocusScope {
         const deletes = [Qt.Key_Delete, Qt.Key_Backspace].includes(event.key)
         if (!opens && !deletes || !area.activeFocus)
             return false
-        if (grid.current === null || event.isAutoRepeat || !grid.showCurrent())
+        if (grid.current === null || !grid.showCurrent())
             return true
         if (opens)
             gallery.selectedSlideshow = grid.current

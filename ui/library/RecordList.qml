@@ -66,12 +66,12 @@ ListView {
             break
         case Qt.Key_Delete:
         case Qt.Key_Backspace:
-            if (canRemove && !event.isAutoRepeat)
+            if (canRemove)
                 removalRequested()
             break
         case Qt.Key_Return:
         case Qt.Key_Enter:
-            if (hasSelection && !event.isAutoRepeat)
+            if (hasSelection)
                 activated()
             break
         case Qt.Key_F10:

@@ -3,7 +3,7 @@
 #include "render/text/line_layout.h"
 #include "tests/ui/editor/canvas_session.h"
 #include "ui/editor/coordinator.h"
-#include "ui/editor/plain_text.h"
+#include "ui/common/plain_text.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>

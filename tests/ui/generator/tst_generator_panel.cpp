@@ -37,6 +37,17 @@ private slots:
         QTEST(isEnabled(u"generate"_s), "isEnabled");
     }
 
+    void generatesOnceWhileAKeyIsHeld()
+    {
+        openScreen(1);
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+            const size_t before = store().all<Slideshow>().size();
+            setFocus(u"generate"_s);
+            session().hold(key);
+            QTRY_COMPARE(store().all<Slideshow>().size(), before + 1);
+        }
+    }
+
     void storesTheKeyAtOnce()
     {
         openScreen(1);

@@ -1,4 +1,4 @@
-#include "ui/editor/plain_text.h"
+#include "ui/common/plain_text.h"
 
 #include "model/line_breaks.h"
 
