@@ -75,7 +75,7 @@ void SlideshowDetailView::showSelection()
             m_inspector->showBoxColor(colorFromHex(m_slideshow->slides().constFirst()->boxColorHex()));
     }
     Slide *const slide = selectedSlide();
-    if (slide == m_shownSlide)
+    if (slide && slide == m_shownSlide)
         return;
     m_shownSlide = slide;
     m_inspector->setSlide(slide);
@@ -112,7 +112,12 @@ void SlideshowDetailView::exportTo(const QString &folder)
 {
     if (!m_slideshow || m_isExporting)
         return;
-    BulkExporter exporter([this](const QString &path) { m_context->filePanels().openFolder(path); });
+    // The events that run in between may end this screen.
+    const QPointer<SlideshowDetailView> self(this);
+    BulkExporter exporter([context = QPointer(m_context)](const QString &path) {
+        if (context)
+            context->filePanels().openFolder(path);
+    });
     connect(&exporter, &BulkExporter::progressed, this, [this](int done, int) {
         m_exportedSlides = done;
         emit exportProgressed();
@@ -123,8 +128,13 @@ void SlideshowDetailView::exportTo(const QString &folder)
     m_exportedSlides = 0;
     emit exportProgressed();
     QCoreApplication::processEvents();
+    if (!self)
+        return;
     // What went wrong is on the console; there is no alert.
-    static_cast<void>(exporter.exportSlideshow(*m_slideshow, folder));
+    if (m_slideshow)
+        static_cast<void>(exporter.exportSlideshow(*m_slideshow, folder));
+    if (!self)
+        return;
     m_isExporting = false;
     emit exportProgressed();
 }

@@ -80,7 +80,7 @@ private:
     QPointer<Slideshow> m_slideshow;
     std::unique_ptr<SlideInspectorView> m_inspector;
     int m_selectedSlideIndex = 0;
-    Slide *m_shownSlide = nullptr;
+    QPointer<Slide> m_shownSlide;
     bool m_isExporting = false;
     int m_exportedSlides = 0;
     std::function<QDateTime()> m_clock;

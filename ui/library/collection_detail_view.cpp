@@ -16,7 +16,10 @@ void CollectionDetailView::setContext(ScreenContext *context)
 
 void CollectionDetailView::setCollection(Collection *collection)
 {
-    Q_ASSERT(!m_collection && collection);
+    // The screen lets go of a record that is destroyed.
+    if (!collection)
+        return;
+    Q_ASSERT(!m_collection);
     m_collection = collection;
     makeQueries();
 }

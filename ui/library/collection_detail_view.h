@@ -5,6 +5,8 @@
 #include "ui/common/screen_context.h"
 #include "ui/library/asset_pick_model.h"
 
+#include <QtCore/QPointer>
+
 #include <optional>
 
 namespace mosslantern {
@@ -73,7 +75,7 @@ private:
     void makeQueries();
 
     ScreenContext *m_context = nullptr;
-    Collection *m_collection = nullptr;
+    QPointer<Collection> m_collection;
     std::optional<LiveQuery<Asset>> m_members;
     std::optional<LiveQuery<Asset>> m_availableAssets;
     std::optional<AssetPickModel> m_picks;
