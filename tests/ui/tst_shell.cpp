@@ -119,14 +119,22 @@ private slots:
         QQuickItem *const content = window->property("contentItem").value<QQuickItem *>();
         QCOMPARE(window->minimumHeight() - (window->height() - content->height()), 700.0);
 
-        for (const auto &[to, width] : {std::pair(500, 220.0), std::pair(20, 180.0)}) {
+        const int width = window->width();
+        for (const bool isShown : {false, true}) {
+            session().key(Qt::Key_S, Qt::ControlModifier | Qt::AltModifier);
+            QTRY_COMPARE(session().find(u"sidebar"_s) != nullptr, isShown);
+            settle();
+            QCOMPARE(window->width(), isShown ? width : window->minimumWidth());
+        }
+
+        for (const auto &[to, reached] : {std::pair(500, 220.0), std::pair(20, 180.0)}) {
             const QPoint handle(static_cast<int>(sidebar->width()), 500);
             QTest::mousePress(window, Qt::LeftButton, {}, handle);
             for (int step = 1; step <= 10; ++step)
                 QTest::mouseMove(window, handle + QPoint((to - handle.x()) * step / 10, 0));
             QTest::mouseRelease(window, Qt::LeftButton, {}, QPoint(to, 500));
             settle();
-            QCOMPARE(sidebar->width(), width);
+            QCOMPARE(sidebar->width(), reached);
         }
     }
 
