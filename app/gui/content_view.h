@@ -30,6 +30,7 @@ public:
     void setSelectedIndex(int index);
 
 signals:
+    /// To another screen, or to none.
     void selectedScreenChanged();
 
 private:

@@ -2,6 +2,7 @@
 
 #include "render/background.h"
 #include "render/pixels/continuous_corners.h"
+#include "render/pixels/pixels.h"
 #include "render/pixels/resampler.h"
 #include "render/pixels/shadows.h"
 
@@ -11,12 +12,6 @@
 namespace mosslantern {
 
 namespace {
-
-QColor toColor(const RgbaColor &color)
-{
-    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                            static_cast<float>(color.blue), static_cast<float>(color.opacity));
-}
 
 QSize framePixels(const ThumbnailRequest &request)
 {

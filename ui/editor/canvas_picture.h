@@ -31,6 +31,7 @@ public:
     bool isLoaded() const { return m_isLoaded; }
 
 signals:
+    /// What fill() gives, or whether it is loaded.
     void changed();
 
 private:

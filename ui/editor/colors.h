@@ -6,6 +6,7 @@
 
 namespace mosslantern {
 
+/// As red, green and blue, whatever model the colour was given in; the opacity comes along.
 [[nodiscard]] inline RgbaColor toRgbaColor(const QColor &color)
 {
     const QColor rgb = color.toRgb();

@@ -18,8 +18,6 @@ class SlideshowSummary : public QObject
     /// As stored, whatever its `order`; null when there is none.
     Q_PROPERTY(mosslantern::Slide *firstSlide READ firstSlide NOTIFY slidesChanged)
     Q_PROPERTY(QString shapeName READ shapeName NOTIFY slideshowChanged)
-    /// Of the canvas.
-    Q_PROPERTY(double widthToHeight READ canvasShape NOTIFY slideshowChanged)
 
 public:
     using QObject::QObject;
@@ -37,7 +35,6 @@ signals:
 
 private:
     AspectRatio shape() const;
-    double canvasShape() const { return mosslantern::widthToHeight(shape()); }
 
     QPointer<Slideshow> m_slideshow;
 };
