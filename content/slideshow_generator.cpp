@@ -240,10 +240,12 @@ QCoro::Task<Result<GeneratedBatch>> SlideshowGenerator::generateBatch()
     Result<> outcome;
     if (m_isAiMode) {
         const QPointer<SlideshowGenerator> self = this;
+        ++m_waitingRuns;
         const OpenAIService::Variations variations =
             co_await m_service.generateVariations(m_openAiApiKey, m_customPrompt, m_textInput, count);
         if (!self)
             co_return Result<GeneratedBatch>(fail(u"the run was abandoned"_s));
+        --m_waitingRuns;
         if (variations) {
             for (const QString &variation : *variations)
                 addSlideshow(batch, variation);
@@ -256,9 +258,19 @@ QCoro::Task<Result<GeneratedBatch>> SlideshowGenerator::generateBatch()
             addSlideshow(batch, m_textInput);
     }
     change(m_isGenerating, false, &SlideshowGenerator::isGeneratingChanged);
+    if (m_endsAfterRuns && m_waitingRuns == 0)
+        deleteLater();
     if (!outcome)
         co_return Result<GeneratedBatch>(std::unexpect, outcome.error());
     co_return Result<GeneratedBatch>(std::move(batch));
+}
+
+void SlideshowGenerator::deleteAfterRuns()
+{
+    if (m_waitingRuns == 0)
+        delete this;
+    else
+        m_endsAfterRuns = true;
 }
 
 GeneratedBatch SlideshowGenerator::generateBatch(const QStringList &contents,

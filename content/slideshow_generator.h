@@ -165,11 +165,17 @@ public:
     Q_INVOKABLE void updatePreviewAssetMapping();
 
     /// Makes one batch from the present settings, in AI mode from the variations that the service returns.
-    /// A failure of the service is printed. A run in AI mode whose generator is destroyed makes nothing more.
+    /// A failure of the service is printed. A run in AI mode whose generator is destroyed makes nothing more;
+    /// deleteAfterRuns() lets it finish.
     QCoro::Task<Result<GeneratedBatch>> generateBatch();
 
     /// Makes one batch from the present settings and these contents, at once; one without entries is skipped.
     GeneratedBatch generateBatch(const QStringList &contents, const GenerationProgress &goesOn);
+
+    /// Deletes the generator when no run waits for the service any more: at once, or some time after the last
+    /// run has made its slideshows from the settings as they are. Its parent, if it has one, may delete it
+    /// before that.
+    void deleteAfterRuns();
 
     /// Makes a slideshow from `content` and inserts it. Null when there are no entries or no assets.
     Slideshow *createSlideshow(const QString &content, const QString &boxColorHex, const QUuid &batchId,
@@ -228,6 +234,8 @@ private:
     QString m_batchName;
     bool m_isAiMode = false;
     bool m_isGenerating = false;
+    int m_waitingRuns = 0;
+    bool m_endsAfterRuns = false;
     qsizetype m_currentPreviewIndex = 0;
 
     QList<SlideText> m_entries;

@@ -15,8 +15,9 @@ void SlideshowsView::setContext(ScreenContext *context)
 {
     Q_ASSERT(!m_context && context);
     m_context = context;
-    m_generator =
-        std::make_unique<SlideshowGenerator>(context->store(), context->service(), context->preferences());
+    // The context's child, since a run may outlive the screen, but not the store.
+    m_generator.reset(
+        new SlideshowGenerator(context->store(), context->service(), context->preferences(), {}, context));
     m_generator->updatePreviewAssetMapping();
     m_panel = std::make_unique<GeneratorView>(*m_generator);
     m_preview = std::make_unique<LivePreview>(*m_generator);

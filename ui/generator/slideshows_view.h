@@ -31,17 +31,23 @@ public:
     GeneratorView *panel() const { return m_panel.get(); }
     LivePreview *preview() const { return m_preview.get(); }
 
-    /// Starts a run and returns at once. A run that waits for the AI service ends with the screen.
+    /// Starts a run and returns at once. A run that waits for the AI service goes on without the screen, as
+    /// long as there is the context.
     void generate();
 
 signals:
     void contextChanged();
 
 private:
+    struct DeleteAfterRuns
+    {
+        void operator()(SlideshowGenerator *generator) const { generator->deleteAfterRuns(); }
+    };
+
     void run();
 
     ScreenContext *m_context = nullptr;
-    std::unique_ptr<SlideshowGenerator> m_generator;
+    std::unique_ptr<SlideshowGenerator, DeleteAfterRuns> m_generator;
     std::unique_ptr<GeneratorView> m_panel;
     std::unique_ptr<LivePreview> m_preview;
 };
