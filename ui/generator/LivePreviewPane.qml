@@ -60,9 +60,7 @@ FocusScope {
                     color: "#268e8e93"
 
                     Symbol {
-                        anchors.horizontalCenter: parent.horizontalCenter
-                        // In the middle it would lie behind the main text.
-                        y: parent.height / 4 - height / 2
+                        anchors.centerIn: parent
                         name: "photo"
                         size: 40
                         color: Theme.secondary
