@@ -26,10 +26,10 @@ public:
         , m_preferences(std::move(preferences))
     {}
 
-    Store &store() const { return m_store; }
-    FilePanels &filePanels() const { return m_filePanels; }
-    OpenAIService &service() const { return m_service; }
-    Preferences preferences() const { return m_preferences; }
+    Store &store() const { return m_store; }                  ///< the open library
+    FilePanels &filePanels() const { return m_filePanels; }   ///< the window's dialogs for files and folders
+    OpenAIService &service() const { return m_service; }      ///< asks for variations of texts
+    Preferences preferences() const { return m_preferences; } ///< what the user has chosen
 
 private:
     Store &m_store;
