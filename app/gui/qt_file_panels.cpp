@@ -82,8 +82,9 @@ FolderPanel::FolderPanel(const FolderRequest &request)
 void FolderPanel::replaceAcceptButton(const QString &label)
 {
     auto *const buttons = findChild<QDialogButtonBox *>(u"buttonBox"_s);
-    buttons->button(QDialogButtonBox::Save)->hide();
     QPushButton *const button = buttons->addButton(label, QDialogButtonBox::AcceptRole);
+    // Adding a button shows all of them.
+    buttons->button(QDialogButtonBox::Save)->hide();
     button->setDefault(true);
     const auto follow = [button](const QString &name) { button->setEnabled(!name.trimmed().isEmpty()); };
     connect(nameField(), &QLineEdit::textChanged, button, follow);
