@@ -1,12 +1,12 @@
 // Speed of the gallery with many slideshows. bench/gallery.sh runs it:
-//   gallery_bench prepare FOLDER COUNT BATCH PHOTOGRAPHS  makes a library with batches of BATCH slideshows of
-//   five
-//                                                         slides; their pictures are links to the photographs
-//   gallery_bench open FOLDER             from choosing the gallery to its first frame, and to all its
-//   pictures gallery_bench scroll FOLDER SECONDS   from the first card to the last in that time gallery_bench
-//   export FOLDER TARGET    frames on the screen while the newest batch is exported
+//   gallery_bench prepare FOLDER COUNT BATCH PHOTOGRAPHS
+//     makes a library: batches of BATCH slideshows of five slides, whose pictures are links to the
+//     photographs
+//   gallery_bench open FOLDER           from choosing the gallery to its first frame, and to all its pictures
+//   gallery_bench scroll FOLDER SECONDS from the first card to the last in that time
+//   gallery_bench export FOLDER TARGET  frames on the screen while the newest batch is exported
 
-#include "app/gui/mosslantern_app.h"
+#include "bench/window_measures.h"
 #include "model/asset.h"
 #include "model/console.h"
 #include "model/slideshow.h"
@@ -14,14 +14,8 @@
 #include "ui/library/gallery_view.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QMutex>
 #include <QtCore/QTimer>
-#include <QtQuick/QQuickItem>
 #include <QtWidgets/QApplication>
-
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -59,24 +53,6 @@ int prepare(const QString &folder, int count, int batch, const QString &photogra
     return (*store)->flush() ? 0 : 1;
 }
 
-StartOptions options(const QString &folder)
-{
-    return {.location = LibraryLocation::inFolder(folder),
-            .stateFile = QDir(folder).filePath(u"state.ini"_s),
-            .updateFeed = QUrl(QString(), QUrl::StrictMode)};
-}
-
-QQuickItem *findItem(QQuickItem *item, const QString &name)
-{
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem *child : item->childItems()) {
-        if (QQuickItem *const found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
-}
-
 int countPreviews(const QQuickItem *item, bool loaded)
 {
     const auto *const preview = qobject_cast<const SlidePreviewView *>(item);
@@ -86,18 +62,12 @@ int countPreviews(const QQuickItem *item, bool loaded)
     return count;
 }
 
-void finish()
-{
-    std::fflush(stdout);
-    ::_exit(0);
-}
-
 /// The window, and what happens in it from when the gallery is chosen.
 class Session
 {
 public:
     explicit Session(const QString &folder)
-        : m_app(options(folder))
+        : m_app(optionsFor(folder))
     {}
 
     bool start() { return m_app.start() == StartOutcome::shown && m_app.window(); }
@@ -118,47 +88,6 @@ private:
     MosslanternApp m_app;
 };
 
-/// The times between frames on the screen.
-class Frames : public QObject
-{
-public:
-    explicit Frames(QQuickWindow &window)
-    {
-        connect(
-            &window, &QQuickWindow::frameSwapped, this,
-            [this] {
-                const QMutexLocker lock(&m_mutex);
-                const double now = static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
-                m_frames.append(now - m_last);
-                m_last = now;
-            },
-            Qt::DirectConnection);
-        m_clock.start();
-    }
-
-    double seconds() const { return static_cast<double>(m_clock.nsecsElapsed()) / 1e9; }
-
-    void report()
-    {
-        const QMutexLocker lock(&m_mutex);
-        std::ranges::sort(m_frames);
-        rusage usage = {};
-        ::getrusage(RUSAGE_SELF, &usage);
-        const auto late = std::ranges::count_if(m_frames, [](double ms) { return ms > 50; });
-        std::printf("%lld frames, median %.1f ms, 99 %% %.1f ms, longest %.1f ms, %lld over 50 ms, "
-                    "memory at most %ld MB\n",
-                    static_cast<long long>(m_frames.size()), m_frames[m_frames.size() / 2],
-                    m_frames[m_frames.size() * 99 / 100], m_frames.constLast(), static_cast<long long>(late),
-                    usage.ru_maxrss / 1024);
-    }
-
-private:
-    QElapsedTimer m_clock;
-    QMutex m_mutex;
-    double m_last = 0;
-    QList<double> m_frames;
-};
-
 void measureOpening(Session &session)
 {
     auto *const clock = new QElapsedTimer;
@@ -177,23 +106,6 @@ void measureOpening(Session &session)
             }
         },
         Qt::QueuedConnection);
-}
-
-void measureScrolling(Session &session, double seconds)
-{
-    QQuickItem *const area = session.area();
-    auto *const frames = new Frames(session.window());
-    QObject::connect(&session.window(), &QQuickWindow::afterAnimating, area, [=, &session] {
-        const double done = frames->seconds() / seconds;
-        area->setProperty("contentY", std::min(done, 1.0) *
-                                          (area->property("contentHeight").toDouble() - area->height()));
-        session.window().update();
-        if (done >= 1) {
-            frames->report();
-            finish();
-        }
-    });
-    session.window().update();
 }
 
 void measureExport(Session &session, const QString &target)
@@ -242,7 +154,9 @@ int main(int argc, char **argv)
         return measure(words[1], measureOpening, false);
     if (words.value(0) == "scroll"_L1 && words.size() == 3)
         return measure(
-            words[1], [&](Session &session) { measureScrolling(session, words[2].toDouble()); }, true);
+            words[1],
+            [&](Session &session) { scrollThrough(session.window(), *session.area(), words[2].toDouble()); },
+            true);
     if (words.value(0) == "export"_L1 && words.size() == 3)
         return measure(
             words[1], [&](Session &session) { measureExport(session, words[2]); }, true);

@@ -5,18 +5,12 @@
 //   window_bench scroll FOLDER SECONDS             from the first asset to the last in that time
 // The time of the first frame is counted from $STARTED, nanoseconds since 1970.
 
-#include "app/gui/mosslantern_app.h"
+#include "bench/window_measures.h"
 #include "model/asset.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QMutex>
-#include <QtQuick/QQuickItem>
 #include <QtWidgets/QApplication>
-
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <cstdio>
 
@@ -45,8 +39,7 @@ void printFirstFrame()
 {
     const double started = qEnvironmentVariable("STARTED").toDouble() / 1e6;
     std::printf("%.0f\n", static_cast<double>(QDateTime::currentMSecsSinceEpoch()) - started);
-    std::fflush(stdout);
-    ::_exit(0);
+    finish();
 }
 
 int showEmpty()
@@ -58,16 +51,9 @@ int showEmpty()
     return QApplication::exec();
 }
 
-StartOptions options(const QString &folder)
-{
-    return {.location = LibraryLocation::inFolder(folder),
-            .stateFile = QDir(folder).filePath(u"state.ini"_s),
-            .updateFeed = QUrl(QString(), QUrl::StrictMode)};
-}
-
 int showFirst(const QString &folder)
 {
-    MosslanternApp app(options(folder));
+    MosslanternApp app(optionsFor(folder));
     if (app.start() != StartOutcome::shown || !app.window())
         return 1;
     QObject::connect(app.window(), &QQuickWindow::frameSwapped, app.window(), printFirstFrame,
@@ -75,86 +61,15 @@ int showFirst(const QString &folder)
     return QApplication::exec();
 }
 
-QQuickItem *findItem(QQuickItem *item, const QString &name)
+int scrollAssets(const QString &folder, double seconds)
 {
-    if (item->objectName() == name)
-        return item;
-    for (QQuickItem *child : item->childItems()) {
-        if (QQuickItem *const found = findItem(child, name))
-            return found;
-    }
-    return nullptr;
-}
-
-/// Scrolls and keeps the time that each frame took.
-class Scroller : public QObject
-{
-public:
-    Scroller(QQuickWindow &window, double seconds)
-        : m_window(window)
-        , m_grid(findItem(window.contentItem(), u"assetGrid"_s))
-        , m_seconds(seconds)
-    {
-        connect(
-            &window, &QQuickWindow::frameSwapped, this, [this] { noteFrame(); }, Qt::DirectConnection);
-        connect(&window, &QQuickWindow::afterAnimating, this, [this] { scroll(); });
-        m_clock.start();
-        window.update();
-    }
-
-private:
-    void noteFrame()
-    {
-        const QMutexLocker lock(&m_mutex);
-        const double now = static_cast<double>(m_clock.nsecsElapsed()) / 1e6;
-        m_frames.append(now - m_lastFrame);
-        m_lastFrame = now;
-    }
-
-    void scroll()
-    {
-        const double done = static_cast<double>(m_clock.nsecsElapsed()) / 1e9 / m_seconds;
-        const double end = m_grid->property("contentHeight").toDouble() - m_grid->height();
-        m_grid->setProperty("contentY", end * std::min(done, 1.0));
-        m_window.update();
-        if (done >= 1)
-            report();
-    }
-
-    void report()
-    {
-        const QMutexLocker lock(&m_mutex);
-        // The first frames show the window itself.
-        QList<double> frames = m_frames.sliced(3);
-        std::ranges::sort(frames);
-        rusage usage = {};
-        ::getrusage(RUSAGE_SELF, &usage);
-        const auto late = std::ranges::count_if(frames, [](double ms) { return ms > 50; });
-        std::printf("%lld frames, median %.1f ms, 99 %% %.1f ms, longest %.1f ms, %lld over 50 ms, "
-                    "memory at most %ld MB\n",
-                    static_cast<long long>(frames.size()), frames[frames.size() / 2],
-                    frames[frames.size() * 99 / 100], frames.constLast(), static_cast<long long>(late),
-                    usage.ru_maxrss / 1024);
-        std::fflush(stdout);
-        ::_exit(0);
-    }
-
-    QQuickWindow &m_window;
-    QQuickItem *m_grid;
-    double m_seconds;
-    QElapsedTimer m_clock;
-    QMutex m_mutex;
-    double m_lastFrame = 0;
-    QList<double> m_frames;
-};
-
-int scrollThrough(const QString &folder, double seconds)
-{
-    MosslanternApp app(options(folder));
+    MosslanternApp app(optionsFor(folder));
     if (app.start() != StartOutcome::shown || !app.window())
         return 1;
-    std::optional<Scroller> scroller;
-    QTimer::singleShot(3000, app.window(), [&] { scroller.emplace(*app.window(), seconds); });
+    // Once the window itself is there.
+    QTimer::singleShot(3000, app.window(), [&] {
+        scrollThrough(*app.window(), *findItem(app.window()->contentItem(), u"assetGrid"_s), seconds);
+    });
     return QApplication::exec();
 }
 
@@ -176,7 +91,7 @@ int main(int argc, char **argv)
     if (words.value(0) == "first"_L1 && words.size() == 2)
         return showFirst(words[1]);
     if (words.value(0) == "scroll"_L1 && words.size() == 3)
-        return scrollThrough(words[1], words[2].toDouble());
+        return scrollAssets(words[1], words[2].toDouble());
     std::fprintf(stderr, "see bench/window.sh\n");
     return 2;
 }
