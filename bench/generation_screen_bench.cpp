@@ -138,5 +138,6 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
     Bench(argc > 1 ? QByteArray(argv[1]).toInt() : 200).run();
 }

@@ -56,6 +56,8 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
 Store::Store(const LibraryLocation &location, std::unique_ptr<SQLite::Database> database)
     : m_location(location)
     , m_database(std::move(database))
+    , m_retry(this)
+    , m_leaving(this)
 {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, &Store::saveSoon);

@@ -27,7 +27,7 @@ concept InsertableRecord = std::derived_from<T, Record> && T::recordKind != Reco
 
 /// The records of one library, kept in one file. All records are in memory, one object for each; changes are
 /// written together at the end of the event-loop turn, and in the destructor. A library can be open only once
-/// at a time, in all processes together. Belongs to the thread that opens it.
+/// at a time, in all processes together. Belongs to the thread that opens it, until moved to another one.
 class Store : public QObject
 {
     Q_OBJECT

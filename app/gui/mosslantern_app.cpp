@@ -1,5 +1,6 @@
 #include "app/gui/mosslantern_app.h"
 
+#include "app/gui/start_files.h"
 #include "app/gui/window_memory.h"
 #include "model/slideshow.h"
 #include "ui/common/interface_fonts.h"
@@ -8,6 +9,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QThread>
+#include <QtQml/QQmlComponent>
 
 namespace mosslantern {
 
@@ -15,6 +17,17 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
+
+/// The first window that is made loads it.
+void loadGraphicsDriver()
+{
+    const QQuickWindow window;
+}
+
+QUrl qmlFile(QStringView name)
+{
+    return QUrl(u"qrc:/qt/qml/Mosslantern/%1.qml"_s.arg(name));
+}
 
 /// Where to look for a file that may be missing, with its folder: the nearest folder that is there.
 QUrl nearestFolder(const QString &file)
@@ -51,20 +64,33 @@ StartOutcome MosslanternApp::start()
 {
     if (m_singleInstance.raiseOther())
         return StartOutcome::raisedOther;
-    const QString file = m_options.location.storeFile();
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
-        return showFailure(u"Mosslantern is not installed completely"_s, fonts.error(), {});
+    // Nothing takes longer than to load the graphics driver: the rest is read meanwhile, in other threads.
+    std::future<StartFiles> files = readStartFiles(m_options.location);
+    m_engine.emplace();
+    m_engine->addImportPath(u"qrc:/qt/qml"_s);
+    const QQmlComponent window(&*m_engine, qmlFile(u"App/MainWindow"), QQmlComponent::Asynchronous);
+    const QQmlComponent screen(&*m_engine, qmlFile(u"Library/AssetLibraryScreen"),
+                               QQmlComponent::Asynchronous);
+    loadGraphicsDriver();
+    return open(files.get());
+}
+
+StartOutcome MosslanternApp::open(StartFiles files)
+{
+    useInterfaceFont();
+    if (!files.fonts)
+        return showFailure(u"Mosslantern is not installed completely"_s, files.fonts.error(), {});
     if (m_options.location.assetFolder().isEmpty()) {
         return showFailure(u"There is no documents folder"_s,
                            {u"Mosslantern keeps its pictures in your documents folder, but this system "
                             "names none. Set XDG_DOCUMENTS_DIR in ~/.config/user-dirs.dirs."_s},
                            {});
     }
-    Result<std::unique_ptr<Store>> store = Store::open(m_options.location);
-    if (!store)
+    if (!files.store)
         return raisesOther() ? StartOutcome::raisedOther
-                             : showFailure(u"The library cannot be opened"_s, store.error(), file);
-    m_store = std::move(*store);
+                             : showFailure(u"The library cannot be opened"_s, files.store.error(),
+                                           m_options.location.storeFile());
+    m_store = std::move(*files.store);
     if (!m_singleInstance.listen())
         qWarning("A second start will not find this window.");
     return openMainWindow();
@@ -114,12 +140,10 @@ StartOutcome MosslanternApp::showFailure(const QString &heading, const Error &er
     return window ? StartOutcome::shown : StartOutcome::failed;
 }
 
-QQuickWindow *MosslanternApp::load(const QString &qmlFile, const QVariantMap &properties)
+QQuickWindow *MosslanternApp::load(const QString &name, const QVariantMap &properties)
 {
-    m_engine.emplace();
-    m_engine->addImportPath(u"qrc:/qt/qml"_s);
     m_engine->setInitialProperties(properties);
-    m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/%1.qml"_s.arg(qmlFile)));
+    m_engine->load(qmlFile(u"App/"_s + name));
     QObject::connect(&*m_engine, &QQmlEngine::quit, QCoreApplication::instance(), &QCoreApplication::quit);
     return m_engine->rootObjects().isEmpty()
                ? nullptr

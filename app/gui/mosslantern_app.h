@@ -14,6 +14,8 @@
 
 namespace mosslantern {
 
+struct StartFiles;
+
 /// What the command line asks of the application.
 struct StartOptions
 {
@@ -48,10 +50,11 @@ public:
     SPUUpdater &updater() { return m_updaterController.updater(); }
 
 private:
+    StartOutcome open(StartFiles files);
     bool raisesOther() const;
     StartOutcome openMainWindow();
     StartOutcome showFailure(const QString &heading, const Error &error, const QString &file);
-    QQuickWindow *load(const QString &qmlFile, const QVariantMap &properties);
+    QQuickWindow *load(const QString &name, const QVariantMap &properties);
     void raiseWindow(const QByteArray &token);
 
     StartOptions m_options;

@@ -355,5 +355,6 @@ int main(int argc, char **argv)
         qFatal("usage: tour FOLDER");
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
     Tour(QString::fromLocal8Bit(argv[1])).run();
 }

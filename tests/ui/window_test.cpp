@@ -19,6 +19,7 @@ void WindowTest::initTestCase()
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     const Result<> fonts = registerInterfaceFonts();
     QVERIFY2(fonts, fonts ? "" : qPrintable(fonts.error().message));
+    useInterfaceFont();
 }
 
 } // namespace mosslantern

@@ -3,13 +3,15 @@ import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A lazy grid with as many columns as fit, centred and scrolled downwards. Its delegates are GridCells. The
-/// arrow keys, Home, End and the keys for pages move from cell to cell.
+/// arrow keys, Home, End and the keys for pages move from cell to cell; a ring marks the frame of the current one.
 GridView {
     id: root
 
     /// What it holds, for those who do not see it.
     required property string label
-    required property real minimumColumnWidth
+    /// Of the cells' square frames; no column is narrower.
+    required property real frameSize
+    required property real frameRadius
     property real maximumColumnWidth: Infinity
     required property real columnSpacing
     required property real rowSpacing
@@ -20,10 +22,11 @@ GridView {
     property bool canRemove: false
 
     readonly property real available: width - 2 * gridPadding
-    readonly property int columns: Math.max(1, Math.floor((available + columnSpacing) / (minimumColumnWidth + columnSpacing)))
+    readonly property int columns: Math.max(1, Math.floor((available + columnSpacing) / (frameSize + columnSpacing)))
     readonly property real columnWidth: Math.min(maximumColumnWidth, (available - (columns - 1) * columnSpacing) / columns)
     /// Where the first column begins; the view itself lays its cells out from its left edge.
     readonly property real firstColumn: gridPadding + (available - columns * columnWidth - (columns - 1) * columnSpacing) / 2
+    readonly property real firstFrame: firstColumn + (columnWidth - frameSize) / 2
     readonly property bool marksCurrent: activeFocus && InputMode.usesKeyboard
 
     /// The current cell is to be removed.
@@ -74,4 +77,17 @@ GridView {
     Accessible.name: label
 
     T.ScrollBar.vertical: ScrollIndicatorBar {}
+
+    Item {
+        x: root.firstFrame + (root.currentItem ? root.currentItem.x : 0)
+        y: root.currentItem ? root.currentItem.y : 0
+        width: root.frameSize
+        height: width
+        visible: root.marksCurrent && root.currentItem
+
+        FocusRing {
+            distance: 3
+            radius: root.frameRadius + distance
+        }
+    }
 }

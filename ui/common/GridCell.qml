@@ -1,21 +1,15 @@
 import QtQuick
 import Mosslantern.Common
 
-/// One cell of an AdaptiveGrid: a frame in the middle of its column, with a ring around it while the keyboard is
-/// on the cell, and below it a caption, if there is one.
+/// One cell of an AdaptiveGrid: a frame in the middle of its column and below it a caption, if there is one.
 Item {
     id: root
 
     required property AdaptiveGrid grid
     required property int index
-    required property real frameWidth
-    property real frameHeight: frameWidth
-    /// Of the frame's corners.
-    required property real radius
     property alias caption: captionText.text
     property alias captionColor: captionText.color
     property alias captionAlignment: captionText.horizontalAlignment
-    readonly property bool isMarked: grid.marksCurrent && GridView.isCurrentItem
     /// What stands in the frame.
     default property alias content: frame.data
 
@@ -41,20 +35,14 @@ Item {
     }
 
     Item {
-        x: root.grid.firstColumn + (root.grid.columnWidth - width) / 2
-        width: root.frameWidth
+        x: root.grid.firstFrame
+        width: root.grid.frameSize
         height: root.grid.rowHeight
 
         Item {
             id: frame
             width: parent.width
-            height: root.frameHeight
-        }
-        FocusRing {
-            anchors.fill: frame
-            distance: 3
-            radius: root.radius + distance
-            visible: root.isMarked
+            height: width
         }
         ElidedText {
             id: captionText
@@ -65,16 +53,13 @@ Item {
             font.pixelSize: Theme.caption
         }
         TapHandler {
-            onTapped: {
+            acceptedButtons: Qt.LeftButton | Qt.RightButton
+            onTapped: (event, button) => {
                 root.grid.point(root.index)
-                root.tapped()
-            }
-        }
-        TapHandler {
-            acceptedButtons: Qt.RightButton
-            onTapped: (event) => {
-                root.grid.point(root.index)
-                root.menuRequested(parent.mapToItem(root, event.position))
+                if (button === Qt.RightButton)
+                    root.menuRequested(parent.mapToItem(root, event.position))
+                else
+                    root.tapped()
             }
         }
     }

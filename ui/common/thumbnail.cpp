@@ -1,8 +1,9 @@
 #include "ui/common/thumbnail.h"
 
+#include "ui/common/picture_node.h"
+
 #include <QtQml/QQmlEngine>
 #include <QtQuick/QQuickWindow>
-#include <QtQuick/QSGImageNode>
 
 namespace mosslantern {
 
@@ -80,7 +81,6 @@ void Thumbnail::show(const ThumbnailRequest &request, const QImage &image, bool 
 {
     m_shown = request;
     m_image = image;
-    m_imageIsNew = true;
     update();
     if (m_isLoaded != isLoaded) {
         m_isLoaded = isLoaded;
@@ -90,24 +90,17 @@ void Thumbnail::show(const ThumbnailRequest &request, const QImage &image, bool 
 
 QSGNode *Thumbnail::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    auto *imageNode = static_cast<QSGImageNode *>(node);
+    auto *pictureNode = static_cast<PictureNode *>(node);
     if (m_image.isNull()) {
-        delete imageNode;
+        delete pictureNode;
         return nullptr;
     }
-    if (!imageNode) {
-        imageNode = window()->createImageNode();
-        imageNode->setOwnsTexture(true);
-        m_imageIsNew = true;
-    }
-    if (m_imageIsNew) {
-        imageNode->setTexture(window()->createTextureFromImage(m_image, QQuickWindow::TextureCanUseAtlas));
-        m_imageIsNew = false;
-    }
+    if (!pictureNode)
+        pictureNode = new PictureNode(window(), QSGTexture::Nearest);
     QRectF shown(QPointF(), QSizeF(m_image.size()) / m_shown.pixelRatio);
     shown.moveCenter(boundingRect().center());
-    imageNode->setRect(shown);
-    return imageNode;
+    pictureNode->show(m_image, shown);
+    return pictureNode;
 }
 
 } // namespace mosslantern

@@ -50,7 +50,6 @@ private:
     QPointer<ThumbnailLoader> m_loader;
     ThumbnailRequest m_shown;
     QImage m_image;
-    bool m_imageIsNew = false;
 };
 
 } // namespace mosslantern

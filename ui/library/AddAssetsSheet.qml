@@ -31,7 +31,8 @@ SheetView {
         visible: count > 0
         label: qsTr("Available assets")
         model: root.detail.picks
-        minimumColumnWidth: 100
+        frameSize: 100
+        frameRadius: Theme.thumbnailRadius
         columnSpacing: 10
         rowSpacing: 10
         rowHeight: 100

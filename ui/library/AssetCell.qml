@@ -11,8 +11,6 @@ GridCell {
     signal importRequested
 
     objectName: record ? "assetCell" : "addCell"
-    frameWidth: 150
-    radius: Theme.tileRadius
     caption: record ? record.name : ""
     captionColor: Theme.secondary
     captionAlignment: Text.AlignHCenter
@@ -27,7 +25,7 @@ GridCell {
         anchors.fill: parent
         visible: root.record !== null
         source: root.record ? root.record.fileURL : ""
-        radius: root.radius
+        radius: root.grid.frameRadius
         hasShadow: true
     }
     Loader {
@@ -36,17 +34,14 @@ GridCell {
         sourceComponent: Spinner {}
     }
     Loader {
-        id: tile
         anchors.fill: parent
         active: root.record === null
         source: "AddTile.qml"
+        onLoaded: (item as AddTile).clicked.connect(root.importPointed)
     }
-    Connections {
-        target: tile.item as AddTile
-        ignoreUnknownSignals: true
-        function onClicked() {
-            root.grid.point(root.index)
-            root.importRequested()
-        }
+
+    function importPointed() {
+        grid.point(index)
+        importRequested()
     }
 }

@@ -33,7 +33,8 @@ FocusScope {
         focus: true
         label: header.title
         model: library.cells
-        minimumColumnWidth: 150
+        frameSize: 150
+        frameRadius: Theme.tileRadius
         maximumColumnWidth: 200
         columnSpacing: 20
         rowSpacing: 20
@@ -73,6 +74,7 @@ FocusScope {
     }
 
     DropArea {
+        id: drop
         anchors.fill: grid
         keys: ["text/uri-list"]
         onEntered: (drag) => drag.accepted = drag.hasUrls
@@ -81,14 +83,17 @@ FocusScope {
                 drop.accept(Qt.CopyAction)
         }
 
-        RoundedArea {
+        // A picture of its size is painted even of an area that is not visible.
+        Loader {
             anchors.fill: parent
             anchors.margins: 8
-            visible: parent.containsDrag
-            radius: Theme.tileRadius
-            color: Theme.dropTarget
-            borderColor: Theme.accent
-            borderWidth: 2
+            active: drop.containsDrag
+            sourceComponent: RoundedArea {
+                radius: Theme.tileRadius
+                color: Theme.dropTarget
+                borderColor: Theme.accent
+                borderWidth: 2
+            }
         }
     }
 }

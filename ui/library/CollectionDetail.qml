@@ -56,7 +56,8 @@ FocusScope {
         visible: count > 0
         label: qsTr("Assets in %1").arg(header.title)
         model: detail.members
-        minimumColumnWidth: 150
+        frameSize: 150
+        frameRadius: Theme.thumbnailRadius
         columnSpacing: 20
         rowSpacing: 20
         rowHeight: 150 + Theme.spacing + Theme.captionHeight

@@ -32,8 +32,16 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 36
             height: 36
-            isSmooth: true
             color: "white"
+            isStepping: false
+
+            // Goes round while the interface is at work on the slides, too.
+            RotationAnimator on rotation {
+                from: 0
+                to: 360
+                duration: 1000
+                loops: Animation.Infinite
+            }
         }
         Column {
             anchors.horizontalCenter: parent.horizontalCenter

@@ -8,8 +8,6 @@ GridCell {
     required property Asset record
 
     objectName: "memberCell"
-    frameWidth: 150
-    radius: Theme.thumbnailRadius
     caption: record ? record.name : ""
     Accessible.role: Accessible.ListItem
     Accessible.name: caption
@@ -17,6 +15,6 @@ GridCell {
     Thumbnail {
         anchors.fill: parent
         source: root.record ? root.record.fileURL : ""
-        radius: root.radius
+        radius: root.grid.frameRadius
     }
 }

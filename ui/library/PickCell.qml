@@ -12,8 +12,6 @@ GridCell {
     signal toggled
 
     objectName: "pickCell"
-    frameWidth: 100
-    radius: Theme.thumbnailRadius
     Accessible.role: Accessible.CheckBox
     Accessible.name: record ? record.name : ""
     Accessible.checkable: true
@@ -25,7 +23,7 @@ GridCell {
     Thumbnail {
         anchors.fill: parent
         source: root.record ? root.record.fileURL : ""
-        radius: root.radius
+        radius: root.grid.frameRadius
         opacity: root.isTicked ? 0.6 : 1
     }
     Rectangle {

@@ -170,5 +170,6 @@ int main(int argc, char **argv)
         qFatal("usage: gallery_tour FOLDER");
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
     GalleryTour(QString::fromLocal8Bit(argv[1])).run();
 }

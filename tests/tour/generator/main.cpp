@@ -221,5 +221,6 @@ int main(int argc, char **argv)
         qFatal("usage: generator_tour FOLDER");
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
     GeneratorTour(QString::fromLocal8Bit(argv[1])).run();
 }

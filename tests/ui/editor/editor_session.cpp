@@ -14,6 +14,7 @@ void prepareEditorTest()
 {
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
 }
 
 int difference(const QImage &a, const QImage &b)

@@ -151,6 +151,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     if (const Result<> fonts = registerInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
+    useInterfaceFont();
     SlideshowSheetTest test;
     return QTest::qExec(&test, argc, argv);
 }
