@@ -79,6 +79,7 @@ GridView {
     T.ScrollBar.vertical: ScrollIndicatorBar {}
 
     Item {
+        parent: root.contentItem
         x: root.firstFrame + (root.currentItem ? root.currentItem.x : 0)
         y: root.currentItem ? root.currentItem.y : 0
         width: root.frameSize
