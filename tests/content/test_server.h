@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
 #include <QtNetwork/QSslCertificate>
@@ -12,6 +15,22 @@
 #include <memory>
 
 namespace mosslantern {
+
+/// What a web server sends; `headers` are whole lines.
+inline QByteArray httpAnswer(const QByteArray &body, const QByteArray &status = "200 OK",
+                             const QByteArray &headers = {})
+{
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" +
+           headers + "\r\n" + body;
+}
+
+/// What the AI service sends when `content` is what the model has written.
+inline QByteArray chatAnswer(const QByteArray &content)
+{
+    const QJsonObject message{{QStringLiteral("content"), QString::fromUtf8(content)}};
+    const QJsonArray choices{QJsonObject{{QStringLiteral("message"), message}}};
+    return httpAnswer(QJsonDocument(QJsonObject{{QStringLiteral("choices"), choices}}).toJson());
+}
 
 /// A web server on this machine that keeps each whole request and answers it as the test says.
 class TestServer
@@ -31,6 +50,8 @@ public:
     }
 
     quint16 port() const { return m_server->serverPort(); }
+    /// Where the AI service is, if this server is it.
+    QString serviceUrl() const { return QStringLiteral("http://127.0.0.1:%1/v1").arg(port()); }
     const QByteArrayList &requests() const { return m_requests; }
 
     static Answer always(const QByteArray &bytes)

@@ -1,8 +1,8 @@
 #include "content/openai_answer.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtCore/QRegularExpression>
-#include <QtTest/QTest>
 
 #include <nlohmann/json.hpp>
 
@@ -44,12 +44,7 @@ private slots:
 
 void TestOpenAIAnswer::readsContent_data()
 {
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QStringList>("expected");
-
-    const auto row = [](const char *name, const QString &content, const QStringList &expected) {
-        QTest::newRow(name) << content << expected;
-    };
+    const auto row = table<QString, QStringList>({"content", "expected"});
     const QString list = uR"([{"slides":[]},{"b":1.0,"a":[[{"c":"]"}],null,{}]}])"_s;
     const QStringList two{
         u"{\n  \"slides\": []\n}"_s,
@@ -86,35 +81,27 @@ void TestOpenAIAnswer::readsContent()
 
 void TestOpenAIAnswer::readsAnswers_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<QString>("failure");
-    QTest::addColumn<QString>("console");
-
-    const auto row = [](const char *name, int status, const QByteArray &body, const QString &failure,
-                        const QString &console = {}) {
-        QTest::newRow(name) << status << body << failure << console;
-    };
-    row("not HTTP", 0, "x", u"invalidResponse"_s);
+    const auto row = table<int, QByteArray, QString, QString>({"status", "body", "failure", "console"});
+    row("not HTTP", 0, "x", u"invalidResponse"_s, {});
     row("refused", 401, "{\"error\":\n\"é\"}", u"apiError(\"{\"error\":\n\"é\"}\")"_s,
         u"OpenAI API Error: {\"error\":\n\"é\"}"_s);
     row("refused without a word", 500, {}, u"apiError(\"\")"_s, u"OpenAI API Error: "_s);
-    row("refused in no UTF-8", 503, "\xFF", u"apiError(\"Status code: 503\")"_s);
+    row("refused in no UTF-8", 503, "\xFF", u"apiError(\"Status code: 503\")"_s, {});
     row("redirected", 300, "there", u"apiError(\"there\")"_s, u"OpenAI API Error: there"_s);
-    row("nothing", 204, {}, u"parse error at line 1, column 1: "_s);
-    row("not UTF-8", 299, "\"\xFF\"", u"parse error at line 1, column 2: "_s);
-    row("no choices", 200, "{\"choices\":[]}", u"invalidResponse"_s);
-    row("choices missing", 200, "{}", u"the document: \"choices\" is missing"_s);
-    row("choices null", 200, "{\"choices\":null}", u"choices: expected an array, found null"_s);
-    row("an array", 200, "[]", u"the document: expected an object, found an array"_s);
-    row("message missing", 200, "{\"choices\":[{\"content\":\"\"}]}",
-        u"choices[0]: \"message\" is missing"_s);
+    row("nothing", 204, {}, u"parse error at line 1, column 1: "_s, {});
+    row("not UTF-8", 299, "\"\xFF\"", u"parse error at line 1, column 2: "_s, {});
+    row("no choices", 200, "{\"choices\":[]}", u"invalidResponse"_s, {});
+    row("choices missing", 200, "{}", u"the document: \"choices\" is missing"_s, {});
+    row("choices null", 200, "{\"choices\":null}", u"choices: expected an array, found null"_s, {});
+    row("an array", 200, "[]", u"the document: expected an object, found an array"_s, {});
+    row("message missing", 200, "{\"choices\":[{\"content\":\"\"}]}", u"choices[0]: \"message\" is missing"_s,
+        {});
     row("content null in a later choice", 200,
         R"({"choices":[{"message":{"content":"[]"}},{"message":{"content":null}}]})",
-        u"choices[1].message.content: expected a string, found null"_s);
+        u"choices[1].message.content: expected a string, found null"_s, {});
     row("content missing in the last of two messages", 200,
         R"({"choices":[{"message":{"content":"[]"},"message":{}}]})",
-        u"choices[0].message: \"content\" is missing"_s);
+        u"choices[0].message: \"content\" is missing"_s, {});
 }
 
 void TestOpenAIAnswer::readsAnswers()

@@ -2,11 +2,11 @@
 #include "content/openai_service.h"
 #include "tests/content/test_server.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QTimer>
-#include <QtTest/QTest>
 
 #include <nlohmann/json.hpp>
 
@@ -17,17 +17,6 @@ using namespace std::chrono_literals;
 namespace {
 
 const QByteArray emptyList = R"({"choices":[{"message":{"content":"[]"}}]})";
-
-QByteArray httpAnswer(const QByteArray &status, const QByteArray &body, const QByteArray &headers = {})
-{
-    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" +
-           headers + "\r\n" + body;
-}
-
-QString httpBase(const TestServer &server)
-{
-    return u"http://127.0.0.1:%1/v1"_s.arg(server.port());
-}
 
 QString ask(OpenAIService &service, const QString &apiKey = u"sk-0123456789"_s)
 {
@@ -58,201 +47,194 @@ class TestOpenAIService : public QObject
     Q_OBJECT
 
 private slots:
-    void formsAddress();
-    void sendsRequest();
-    void answers_data();
-    void answers();
-    void followsNoRedirect();
-    void stopsEndlessAnswers();
-    void verifiesCertificates();
+    void formsAddress()
+    {
+        QProcessEnvironment environment;
+        const QString usual = OpenAIService::baseUrlFrom(environment);
+        environment.insert(u"OPENAI_BASE_URL"_s, u"http://127.8.9.1/v1/"_s);
+        const QString own = OpenAIService::baseUrlFrom(environment);
+        const std::pair<QString, QString> taken[]{
+            {usual, u"https://api.openai.com/v1/chat/completions"_s},
+            {own, u"http://127.8.9.1/v1/chat/completions"_s},
+            {u"https://example.org:8443/a%2Fb/v1//"_s,
+             u"https://example.org:8443/a%2Fb/v1/chat/completions"_s},
+            {u"http://localhost:1/v1"_s, u"http://localhost:1/v1/chat/completions"_s},
+            {u"http://[::1]:80/v1"_s, u"http://[::1]:80/v1/chat/completions"_s},
+        };
+        for (const auto &[base, address] : taken)
+            QCOMPARE(chatCompletionsUrl(base).toString(QUrl::FullyEncoded), address);
+        for (const QString &refused :
+             {u"http://example.org/v1"_s, u"http://localhost.example.org/v1"_s, u"http://10.0.0.1/v1"_s,
+              u"ftp://localhost/v1"_s, u"api.openai.com/v1"_s, u"https:///v1"_s,
+              u"https://u:p@example.org/v1"_s, u"https://example.org/v1?a=b"_s, u"https://example.org/v1#a"_s,
+              u"https://exa mple.org"_s, QString()}) {
+            OpenAIService service(refused);
+            QCOMPARE(ask(service), u"<invalidURL>"_s);
+        }
+    }
+
+    void sendsRequest()
+    {
+        const QString key = u" ké y "_s;
+        const qint64 count = 3;
+        const TestServer server(TestServer::always(httpAnswer(emptyList)));
+        OpenAIService service(server.serviceUrl() + u'/');
+        const auto variations = QCoro::waitFor(
+            service.generateVariations(key, u"my \"goal\"\n😀%2"_s, u"{\"slides\":[]}\t/%1"_s, count));
+        QCOMPARE(*variations, QStringList());
+        QCOMPARE(ask(service, {}), QString());
+        QVERIFY(server.requests().last().contains("\r\nAuthorization: Bearer \r\n"));
+
+        const QByteArray request = server.requests().first();
+        const qsizetype end = request.indexOf("\r\n\r\n");
+        const QByteArrayList lines = request.first(end).split('\n');
+        QCOMPARE(lines.first(), "POST /v1/chat/completions HTTP/1.1\r"_ba);
+        QCOMPARE(lines.count("Content-Type: application/json\r"), 1);
+        QCOMPARE(lines.count("Authorization: Bearer " + key.toUtf8() + '\r'), 1);
+
+        const std::string expectedPrompt =
+            QString(
+                u"You are a creative assistant helping to generate text for slideshows.\nThe user wants to "
+                "create # variations of a slideshow based on a specific topic or goal.\n\nHere is the "
+                "example JSON structure that MUST be followed exactly for each "
+                "variation:\n{\"slides\":[]}\t/%1\n\n"
+                "The user's goal/prompt is:\n\"my \"goal\"\n😀%2\"\n\nPlease generate # DIFFERENT variations "
+                "of the content.\nReturn ONLY a raw JSON array of objects, where each object follows the "
+                "structure of the example above.\nDo not include markdown formatting (like ```json ... ```), "
+                "just the raw JSON."_s)
+                .replace(u'#', QString::number(count))
+                .toStdString();
+        const nlohmann::json expected{
+            {"model", "gpt-4o"},
+            {"messages",
+             {{{"role", "system"}, {"content", "You are a helpful assistant that outputs raw JSON."}},
+              {{"role", "user"}, {"content", expectedPrompt}}}},
+            {"temperature", 0.9},
+            {"n", 1},
+        };
+        QCOMPARE(nlohmann::json::parse(request.sliced(end + 4).toStdString()).dump(), expected.dump());
+        QVERIFY(!request.sliced(end + 4).contains("\": "));
+
+        // Some requests must not be sent at all.
+        for (const QString &bad :
+             {u"sk\r\nX-Injected: 1"_s, u"s\u0085k"_s, u"sk\t"_s, u"sk"_s + QChar(0), QString(QChar(0xD800))})
+            QCOMPARE(ask(service, bad),
+                     u"<the API key holds a line break or another character that cannot be sent>"_s);
+        const auto odd =
+            QCoro::waitFor(service.generateVariations(u"sk"_s, QString(QChar(0xD800)), u"{}"_s, 1));
+        QCOMPARE(describe(odd.error()), u"the request holds half of a surrogate pair"_s);
+        QTest::qWait(50);
+        QCOMPARE(server.requests().size(), 2);
+    }
+
+    void answers_data()
+    {
+        const auto row = table<QByteArray, QString, QString>({"bytes", "expected", "console"});
+        const QByteArray whole = chatAnswer(R"([{"b":1},{"a":1}])");
+        const QByteArray list = whole.sliced(whole.indexOf("\r\n\r\n") + 4);
+        const QString variations = u"{\n  \"b\": 1\n}|{\n  \"a\": 1\n}"_s;
+        row("two", whole, variations, {});
+        row("in chunks",
+            "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\n" + list.first(5) + "\r\n" +
+                QByteArray::number(list.size() - 5, 16) + "\r\n" + list.sliced(5) + "\r\n0\r\n\r\n",
+            variations, {});
+        row("until closed", "HTTP/1.1 200 OK\r\n\r\n" + list, variations, {});
+        const auto refused = [&row](const char *name, const QByteArray &status,
+                                    const QByteArray &headers = {}) {
+            row(name, httpAnswer("{\"error\":\"é sk-0123456789\"}", status, headers),
+                u"<apiError(\"{\"error\":\"é [API key]\"}\")>"_s,
+                u"OpenAI API Error: {\"error\":\"é [API key]\"}"_s);
+        };
+        refused("401", "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n");
+        refused("407", "407 Proxy", "Proxy-Authenticate: Basic realm=\"x\"\r\n");
+        refused("600", "600 Unheard Of");
+        row("304 without body", "HTTP/1.1 304 Not Modified\r\n\r\n", u"<apiError(\"\")>"_s,
+            u"OpenAI API Error: "_s);
+        row("compressed unasked", httpAnswer("\x1F\x8B\x08", "200 OK", "Content-Encoding: gzip\r\n"),
+            u"<parse error at line 1, column 1: syntax error while parsing value - invalid literal>"_s, {});
+        row("dropped", {}, u"<the connection was closed without an answer>"_s, {});
+        row("not HTTP", "hello\r\n\r\n", u"<the connection was closed without an answer>"_s, {});
+        row("cut off", "HTTP/1.1 200 OK\r\nContent-Length: 999\r\n\r\n" + list,
+            u"<the connection was closed in the middle of the answer>"_s, {});
+        row("cut off between chunks", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n",
+            u"<the connection was closed in the middle of the answer>"_s, {});
+        row("error cut off", "HTTP/1.1 500 Oh\r\nContent-Length: 999\r\n\r\n{}",
+            u"<the connection was closed in the middle of the answer>"_s, {});
+    }
+
+    void answers()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, expected);
+        QFETCH(QString, console);
+        ConsoleCapture capture;
+        const TestServer server(TestServer::always(bytes));
+        OpenAIService service(server.serviceUrl());
+        QCOMPARE(ask(service), expected);
+        QCOMPARE(capture.lines().join(u'\n'), console);
+        QTest::qWait(20);
+        QCOMPARE(server.requests().size(), 1);
+    }
+
+    void followsNoRedirect()
+    {
+        const TestServer other(TestServer::always(httpAnswer(emptyList)));
+        const QByteArray location =
+            "Location: http://127.0.0.1:" + QByteArray::number(other.port()) + "/\r\n";
+        const TestServer server(
+            TestServer::always(httpAnswer("over there", "307 Temporary Redirect", location)));
+        OpenAIService service(server.serviceUrl());
+        ConsoleCapture console;
+        QCOMPARE(ask(service), u"<apiError(\"over there\")>"_s);
+        QTest::qWait(50);
+        QCOMPARE(other.requests().size(), 0);
+    }
+
+    void stopsEndlessAnswers()
+    {
+        const QByteArray start = "HTTP/1.1 200 OK\r\n";
+        const QString tooSlow = u"<the service did not answer within 0.3 seconds>"_s;
+        const std::tuple<QByteArray, QByteArray, HttpLimits, QString> cases[]{
+            {{}, {}, {.time = 300ms}, tooSlow},
+            {start + "X:", "x", {.time = 300ms}, tooSlow},
+            {start + "\r\n", " ", {.time = 300ms}, tooSlow},
+            {start + "\r\n",
+             QByteArray(1'000'000, ' '),
+             {},
+             u"<the answer of the service is longer than 67108864 bytes>"_s},
+        };
+        for (const auto &[begin, chunk, limits, failure] : cases) {
+            bool closed = false;
+            const TestServer server(flood(begin, chunk, 5ms, &closed));
+            OpenAIService service(server.serviceUrl(), limits);
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(ask(service), failure);
+            QVERIFY(timer.elapsed() >= 250 || failure != tooSlow);
+            QVERIFY(timer.elapsed() < 5000 || failure != tooSlow);
+            QTRY_VERIFY(closed);
+        }
+    }
+
+    void verifiesCertificates()
+    {
+        const QSslConfiguration tls = makeSelfSignedTls();
+        // So large that it comes in pieces.
+        const QByteArray list = "[{\"a\":\"" + QByteArray(20'000'000, 'x') + "\"}]";
+        const TestServer server(TestServer::always(chatAnswer(list)), &tls);
+        OpenAIService service(u"https://127.0.0.1:%1/v1"_s.arg(server.port()));
+        QCOMPARE(ask(service), u"<SSL handshake failed: The certificate is self-signed, and untrusted>"_s);
+        QCOMPARE(server.requests().size(), 0);
+
+        const QSslConfiguration usual = QSslConfiguration::defaultConfiguration();
+        QSslConfiguration trusting = usual;
+        trusting.addCaCertificate(tls.localCertificate());
+        QSslConfiguration::setDefaultConfiguration(trusting);
+        const qsizetype length = ask(service).size();
+        QSslConfiguration::setDefaultConfiguration(usual);
+        QCOMPARE(length, 20'000'000 + QByteArray("{\n  \"a\": \"\"\n}").size());
+    }
 };
-
-void TestOpenAIService::formsAddress()
-{
-    QProcessEnvironment environment;
-    const QString usual = OpenAIService::baseUrlFrom(environment);
-    environment.insert(u"OPENAI_BASE_URL"_s, u"http://127.8.9.1/v1/"_s);
-    const QString own = OpenAIService::baseUrlFrom(environment);
-    const std::pair<QString, QString> taken[]{
-        {usual, u"https://api.openai.com/v1/chat/completions"_s},
-        {own, u"http://127.8.9.1/v1/chat/completions"_s},
-        {u"https://example.org:8443/a%2Fb/v1//"_s, u"https://example.org:8443/a%2Fb/v1/chat/completions"_s},
-        {u"http://localhost:1/v1"_s, u"http://localhost:1/v1/chat/completions"_s},
-        {u"http://[::1]:80/v1"_s, u"http://[::1]:80/v1/chat/completions"_s},
-    };
-    for (const auto &[base, address] : taken)
-        QCOMPARE(chatCompletionsUrl(base).toString(QUrl::FullyEncoded), address);
-    for (const QString &refused :
-         {u"http://example.org/v1"_s, u"http://localhost.example.org/v1"_s, u"http://10.0.0.1/v1"_s,
-          u"ftp://localhost/v1"_s, u"api.openai.com/v1"_s, u"https:///v1"_s, u"https://u:p@example.org/v1"_s,
-          u"https://example.org/v1?a=b"_s, u"https://example.org/v1#a"_s, u"https://exa mple.org"_s,
-          QString()}) {
-        OpenAIService service(refused);
-        QCOMPARE(ask(service), u"<invalidURL>"_s);
-    }
-}
-
-void TestOpenAIService::sendsRequest()
-{
-    const QString key = u" ké y "_s;
-    const qint64 count = 3;
-    const TestServer server(TestServer::always(httpAnswer("200 OK", emptyList)));
-    OpenAIService service(httpBase(server) + u'/');
-    const auto variations = QCoro::waitFor(
-        service.generateVariations(key, u"my \"goal\"\n😀%2"_s, u"{\"slides\":[]}\t/%1"_s, count));
-    QCOMPARE(*variations, QStringList());
-    QCOMPARE(ask(service, {}), QString());
-    QVERIFY(server.requests().last().contains("\r\nAuthorization: Bearer \r\n"));
-
-    const QByteArray request = server.requests().first();
-    const qsizetype end = request.indexOf("\r\n\r\n");
-    const QByteArrayList lines = request.first(end).split('\n');
-    QCOMPARE(lines.first(), "POST /v1/chat/completions HTTP/1.1\r"_ba);
-    QCOMPARE(lines.count("Content-Type: application/json\r"), 1);
-    QCOMPARE(lines.count("Authorization: Bearer " + key.toUtf8() + '\r'), 1);
-
-    const std::string expectedPrompt =
-        QString(
-            u"You are a creative assistant helping to generate text for slideshows.\nThe user wants to "
-            "create # variations of a slideshow based on a specific topic or goal.\n\nHere is the example "
-            "JSON structure that MUST be followed exactly for each variation:\n{\"slides\":[]}\t/%1\n\n"
-            "The user's goal/prompt is:\n\"my \"goal\"\n😀%2\"\n\nPlease generate # DIFFERENT variations "
-            "of the content.\nReturn ONLY a raw JSON array of objects, where each object follows the "
-            "structure of the example above.\nDo not include markdown formatting (like ```json ... ```), "
-            "just the raw JSON."_s)
-            .replace(u'#', QString::number(count))
-            .toStdString();
-    const nlohmann::json expected{
-        {"model", "gpt-4o"},
-        {"messages",
-         {{{"role", "system"}, {"content", "You are a helpful assistant that outputs raw JSON."}},
-          {{"role", "user"}, {"content", expectedPrompt}}}},
-        {"temperature", 0.9},
-        {"n", 1},
-    };
-    QCOMPARE(nlohmann::json::parse(request.sliced(end + 4).toStdString()).dump(), expected.dump());
-    QVERIFY(!request.sliced(end + 4).contains("\": "));
-
-    // Some requests must not be sent at all.
-    for (const QString &bad :
-         {u"sk\r\nX-Injected: 1"_s, u"s\u0085k"_s, u"sk\t"_s, u"sk"_s + QChar(0), QString(QChar(0xD800))})
-        QCOMPARE(ask(service, bad),
-                 u"<the API key holds a line break or another character that cannot be sent>"_s);
-    const auto odd = QCoro::waitFor(service.generateVariations(u"sk"_s, QString(QChar(0xD800)), u"{}"_s, 1));
-    QCOMPARE(describe(odd.error()), u"the request holds half of a surrogate pair"_s);
-    QTest::qWait(50);
-    QCOMPARE(server.requests().size(), 2);
-}
-
-void TestOpenAIService::answers_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("expected");
-    QTest::addColumn<QString>("console");
-
-    const auto row = [](const char *name, const QByteArray &bytes, const QString &expected,
-                        const QString &console = {}) { QTest::newRow(name) << bytes << expected << console; };
-    const QByteArray list = R"({"choices":[{"message":{"content":"[{\"b\":1},{\"a\":1}]"}}]})";
-    const QString variations = u"{\n  \"b\": 1\n}|{\n  \"a\": 1\n}"_s;
-    row("two", httpAnswer("200 OK", list), variations);
-    row("in chunks",
-        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5\r\n" + list.first(5) + "\r\n" +
-            QByteArray::number(list.size() - 5, 16) + "\r\n" + list.sliced(5) + "\r\n0\r\n\r\n",
-        variations);
-    row("until closed", "HTTP/1.1 200 OK\r\n\r\n" + list, variations);
-    const auto refused = [&row](const char *name, const QByteArray &status, const QByteArray &headers = {}) {
-        row(name, httpAnswer(status, "{\"error\":\"é sk-0123456789\"}", headers),
-            u"<apiError(\"{\"error\":\"é [API key]\"}\")>"_s,
-            u"OpenAI API Error: {\"error\":\"é [API key]\"}"_s);
-    };
-    refused("401", "401 Unauthorized", "WWW-Authenticate: Basic realm=\"x\"\r\n");
-    refused("407", "407 Proxy", "Proxy-Authenticate: Basic realm=\"x\"\r\n");
-    refused("600", "600 Unheard Of");
-    row("304 without body", "HTTP/1.1 304 Not Modified\r\n\r\n", u"<apiError(\"\")>"_s,
-        u"OpenAI API Error: "_s);
-    row("compressed unasked", httpAnswer("200 OK", "\x1F\x8B\x08", "Content-Encoding: gzip\r\n"),
-        u"<parse error at line 1, column 1: syntax error while parsing value - invalid literal>"_s);
-    row("dropped", {}, u"<the connection was closed without an answer>"_s);
-    row("not HTTP", "hello\r\n\r\n", u"<the connection was closed without an answer>"_s);
-    row("cut off", "HTTP/1.1 200 OK\r\nContent-Length: 999\r\n\r\n" + list,
-        u"<the connection was closed in the middle of the answer>"_s);
-    row("cut off between chunks", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n",
-        u"<the connection was closed in the middle of the answer>"_s);
-    row("error cut off", "HTTP/1.1 500 Oh\r\nContent-Length: 999\r\n\r\n{}",
-        u"<the connection was closed in the middle of the answer>"_s);
-}
-
-void TestOpenAIService::answers()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, expected);
-    QFETCH(QString, console);
-    ConsoleCapture capture;
-    const TestServer server(TestServer::always(bytes));
-    OpenAIService service(httpBase(server));
-    QCOMPARE(ask(service), expected);
-    QCOMPARE(capture.lines().join(u'\n'), console);
-    QTest::qWait(20);
-    QCOMPARE(server.requests().size(), 1);
-}
-
-void TestOpenAIService::followsNoRedirect()
-{
-    const TestServer other(TestServer::always(httpAnswer("200 OK", emptyList)));
-    const QByteArray location = "Location: http://127.0.0.1:" + QByteArray::number(other.port()) + "/\r\n";
-    const TestServer server(TestServer::always(httpAnswer("307 Temporary Redirect", "over there", location)));
-    OpenAIService service(httpBase(server));
-    ConsoleCapture console;
-    QCOMPARE(ask(service), u"<apiError(\"over there\")>"_s);
-    QTest::qWait(50);
-    QCOMPARE(other.requests().size(), 0);
-}
-
-void TestOpenAIService::stopsEndlessAnswers()
-{
-    const QByteArray start = "HTTP/1.1 200 OK\r\n";
-    const QString tooSlow = u"<the service did not answer within 0.3 seconds>"_s;
-    const std::tuple<QByteArray, QByteArray, HttpLimits, QString> cases[]{
-        {{}, {}, {.time = 300ms}, tooSlow},
-        {start + "X:", "x", {.time = 300ms}, tooSlow},
-        {start + "\r\n", " ", {.time = 300ms}, tooSlow},
-        {start + "\r\n",
-         QByteArray(1'000'000, ' '),
-         {},
-         u"<the answer of the service is longer than 67108864 bytes>"_s},
-    };
-    for (const auto &[begin, chunk, limits, failure] : cases) {
-        bool closed = false;
-        const TestServer server(flood(begin, chunk, 5ms, &closed));
-        OpenAIService service(httpBase(server), limits);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(ask(service), failure);
-        QVERIFY(timer.elapsed() >= 250 || failure != tooSlow);
-        QVERIFY(timer.elapsed() < 5000 || failure != tooSlow);
-        QTRY_VERIFY(closed);
-    }
-}
-
-void TestOpenAIService::verifiesCertificates()
-{
-    const QSslConfiguration tls = makeSelfSignedTls();
-    // So large that it comes in pieces.
-    const QByteArray body =
-        R"({"choices":[{"message":{"content":"[{\"a\":\")" + QByteArray(20'000'000, 'x') + R"(\"}]"}}]})";
-    const TestServer server(TestServer::always(httpAnswer("200 OK", body)), &tls);
-    OpenAIService service(u"https://127.0.0.1:%1/v1"_s.arg(server.port()));
-    QCOMPARE(ask(service), u"<SSL handshake failed: The certificate is self-signed, and untrusted>"_s);
-    QCOMPARE(server.requests().size(), 0);
-
-    const QSslConfiguration usual = QSslConfiguration::defaultConfiguration();
-    QSslConfiguration trusting = usual;
-    trusting.addCaCertificate(tls.localCertificate());
-    QSslConfiguration::setDefaultConfiguration(trusting);
-    const qsizetype length = ask(service).size();
-    QSslConfiguration::setDefaultConfiguration(usual);
-    QCOMPARE(length, 20'000'000 + QByteArray("{\n  \"a\": \"\"\n}").size());
-}
 
 QTEST_GUILESS_MAIN(TestOpenAIService)
 #include "tst_openai_service.moc"

@@ -1,11 +1,11 @@
 #include "content/slide_content.h"
 #include "content/slide_documents.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QProcess>
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 #include <clocale>
 
@@ -34,19 +34,14 @@ private slots:
 
 void TestSlideContent::parses_data()
 {
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<bool>("valid");
-    QTest::addColumn<Entries>("entries");
-
-    const auto row = [](const char *name, const QString &content, bool valid, const Entries &entries) {
-        QTest::newRow(name) << content << valid << entries;
-    };
+    const auto row = table<QString, bool, Entries>({"content", "valid", "entries"});
     row("subtitles",
-        uR"({"slides":[{"main":"A"},{"subtitle":null,"main":"B"},{"main":"","subtitle":"c"}]})"_s, true,
-        {{u"A"_s, {}}, {u"B"_s, {}}, {{}, u"c"_s}});
+        QString::fromUtf8(
+            R"({"slides":[{"main":"A"},{"subtitle":null,"main":"B"},{"main":"","subtitle":"c"}]})"),
+        true, {{u"A"_s, {}}, {u"B"_s, {}}, {{}, u"c"_s}});
     row("no slides", u"{\"slides\":[]}"_s, true, {});
     row("others ignored, last counts", uR"({"x":{"slides":3,"y":[{}]},"slides":[{"main":"X"}],
-            "slides":[{"main":"1","subtitle":"X","z":[{"main":2}],"main":"A","subtitle":null}]})"_s,
+        "slides":[{"main":"1","subtitle":"X","z":[{"main":2}],"main":"A","subtitle":null}]})"_s,
         true, {{u"A"_s, {}}});
     row("space around", u"\u2003\u0085 \r\n\t{\"slides\":[{\"main\":\" A\\n\"}]}\u00A0\u2029"_s, true,
         {{u" A\n"_s, {}}});
@@ -75,12 +70,7 @@ void TestSlideContent::parses()
 
 void TestSlideContent::complains_data()
 {
-    QTest::addColumn<QString>("content");
-    QTest::addColumn<QString>("error");
-
-    const auto row = [](const char *name, const QString &content, const QString &error) {
-        QTest::newRow(name) << content << error;
-    };
+    const auto row = table<QString, QString>({"content", "error"});
     row("trailing comma", u"\n {\"slides\":[{\"main\":\"A\"},]}"_s, u"line 1, column 25"_s);
     row("raw line break", u"{\"slides\":[{\"main\":\"A\nB\"}]}"_s,
         u"control character U+000A (LF) must be"_s);
@@ -130,13 +120,10 @@ void TestSlideContent::shippedDocuments()
 
 void TestSlideContent::rewrites_data()
 {
-    QTest::addColumn<Operation>("operation");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-
+    const auto add = table<Operation, QString, QString>({"operation", "text", "expected"});
     Operation operation = prettifySlideContent;
-    const auto row = [&operation](const char *name, const QString &text, const QString &expected) {
-        QTest::newRow(name) << operation << text << expected;
+    const auto row = [&](const char *name, const QString &text, const QString &expected) {
+        add(name, operation, text, expected);
     };
     row("order and repetition", uR"( {"b":1,"a":{"z":null},"b":[true,false]})"_s,
         u"{\n  \"b\": 1,\n  \"a\": {\n    \"z\": null\n  },\n  \"b\": [\n    true,\n    false\n  ]\n}"_s);
