@@ -23,6 +23,7 @@ QtObject {
     readonly property color numberText: "#b3ffffff"
     readonly property color accentText: "#ffffff"
     readonly property color disabledAccentText: "#99ffffff"
+    readonly property color titleText: "#ffffff"
     readonly property color overlayText: "#ffffff"
 
     // Meaning.
@@ -37,10 +38,12 @@ QtObject {
     readonly property color orange: "#ff9f0a"
     readonly property color tickBackground: "#ffffff"
     readonly property color lantern: "#e8b85c"
+    readonly property color purple: "#bf5af2"
     readonly property color purpleGround: "#9a3fd0"
     readonly property real disabledOpacity: 0.4
 
     // Where there is nothing to be shown or done.
+    readonly property color gray: "#8e8e93"
     readonly property color unavailableGround: "#4d8e8e93"
     readonly property color emptyCanvas: "#268e8e93"
     readonly property color faintSymbol: "#4dffffff"
@@ -50,6 +53,7 @@ QtObject {
     readonly property color hovered: "#0fffffff"
     readonly property color pressed: "#1cffffff"
     readonly property color selected: "#24ffffff"
+    readonly property color selectedText: "#593f82f0"
     readonly property color accentHoveredOver: "#14ffffff"
     readonly property color accentPressedOver: "#30000000"
     readonly property color pictureShade: "#4d000000"
@@ -82,7 +86,9 @@ QtObject {
 
     // Distances.
     readonly property int padding: 16
+    readonly property int widePadding: 20
     readonly property int spacing: 8
+    readonly property int wideSpacing: 12
     readonly property int controlHeight: 28
     readonly property int headerHeight: 52
     readonly property int captionHeight: 14
@@ -90,6 +96,7 @@ QtObject {
     readonly property int controlRadius: 6
     readonly property int buttonRadius: 8
     readonly property int thumbnailRadius: 8
+    readonly property int blockRadius: 8
     readonly property int cardRadius: 10
     readonly property int tileRadius: 12
     readonly property int canvasRadius: 12

@@ -11,9 +11,9 @@ T.Button {
     property color ground: tint
     property real groundOpacity: 0.2
     property int fontSize: Theme.body
-    property int symbolSize: 15
+    property int symbolSize: Theme.title3
 
-    implicitHeight: contentItem.implicitHeight + 16
+    implicitHeight: contentItem.implicitHeight + Theme.padding
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.Button
     Accessible.name: text
@@ -44,7 +44,7 @@ T.Button {
         }
     }
     background: RoundedArea {
-        radius: 6
+        radius: Theme.controlRadius
         color: Qt.rgba(root.ground.r, root.ground.g, root.ground.b,
                        root.groundOpacity * (root.enabled && root.pressed ? 1.8 : root.enabled && root.hovered ? 1.4 : 1))
 

@@ -116,7 +116,7 @@ Item {
             y: modelData.y
             width: modelData.width
             height: modelData.height
-            color: "#593f82f0"
+            color: Theme.selectedText
         }
     }
     Rectangle {

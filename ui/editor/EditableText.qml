@@ -110,7 +110,7 @@ FocusScope {
         color: "transparent"
         border.color: Theme.blue
         border.width: Theme.focusWidth * root.hairline
-        radius: 8
+        radius: Theme.blockRadius
     }
     Loader {
         id: editor

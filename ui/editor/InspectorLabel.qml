@@ -12,7 +12,7 @@ Row {
 
     Symbol {
         name: root.symbol
-        size: 13
+        size: Theme.body
         color: Theme.primary
         anchors.verticalCenter: parent.verticalCenter
     }

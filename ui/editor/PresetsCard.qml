@@ -9,17 +9,16 @@ InspectorCard {
     required property SlideInspectorView inspector
     required property color saveTint
     readonly property bool hasPreset: inspector.hasSelectedPreset
-    readonly property color gray: "#8e8e93"
 
     title: qsTr("Presets")
 
     Column {
         width: parent.width
-        spacing: 16
+        spacing: Theme.padding
 
         Column {
             width: parent.width
-            spacing: 8
+            spacing: Theme.spacing
 
             InspectorLabel {
                 symbol: "star.fill"
@@ -36,7 +35,7 @@ InspectorCard {
         }
         Row {
             width: parent.width
-            spacing: 12
+            spacing: Theme.wideSpacing
 
             ActionButton {
                 objectName: "applyPreset"
@@ -45,9 +44,9 @@ InspectorCard {
                 text: qsTr("Apply")
                 symbol: "arrow.down.circle"
                 fontSize: Theme.caption
-                symbolSize: 13
+                symbolSize: Theme.body
                 tint: root.hasPreset ? Theme.blue : Theme.secondary
-                ground: root.hasPreset ? Theme.blue : root.gray
+                ground: root.hasPreset ? Theme.blue : Theme.gray
                 groundOpacity: root.hasPreset ? 0.2 : 0.1
                 onClicked: root.inspector.applyPresetToSlide()
             }
@@ -58,9 +57,9 @@ InspectorCard {
                 text: qsTr("Delete")
                 symbol: "trash"
                 fontSize: Theme.caption
-                symbolSize: 13
+                symbolSize: Theme.body
                 tint: root.hasPreset ? Theme.red : Theme.secondary
-                ground: root.hasPreset ? Theme.red : root.gray
+                ground: root.hasPreset ? Theme.red : Theme.gray
                 groundOpacity: 0.1
                 onClicked: root.inspector.deleteSelectedPreset()
             }

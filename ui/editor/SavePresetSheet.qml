@@ -17,7 +17,7 @@ ModalPanel {
 
     Column {
         anchors.centerIn: parent
-        spacing: 20
+        spacing: Theme.widePadding
 
         Text {
             anchors.horizontalCenter: parent.horizontalCenter
@@ -40,7 +40,7 @@ ModalPanel {
         }
         Row {
             anchors.horizontalCenter: parent.horizontalCenter
-            spacing: 12
+            spacing: Theme.wideSpacing
 
             PushButton {
                 objectName: "cancelPreset"

@@ -8,7 +8,6 @@ Rectangle {
     id: root
 
     required property SlideInspectorView inspector
-    readonly property color purple: "#bf5af2"
 
     color: Theme.controlBackground
 
@@ -35,7 +34,7 @@ Rectangle {
         anchors.fill: parent
         onFocusItemChanged: reveal()
         contentWidth: width
-        contentHeight: column.height + 2 * 16
+        contentHeight: column.height + 2 * Theme.padding
         clip: true
         boundsBehavior: Flickable.StopAtBounds
 
@@ -43,17 +42,17 @@ Rectangle {
 
         Column {
             id: column
-            x: 16
-            y: 16
-            width: parent.width - 2 * 16
-            spacing: 16
+            x: Theme.padding
+            y: Theme.padding
+            width: parent.width - 2 * Theme.padding
+            spacing: Theme.padding
 
             Text {
                 width: parent.width
                 leftPadding: 4
                 rightPadding: 4
                 text: qsTr("Edit Slide")
-                color: "white"
+                color: Theme.titleText
                 font.family: Theme.family
                 font.pixelSize: Theme.headline
                 font.weight: Font.Bold
@@ -67,11 +66,11 @@ Rectangle {
 
                 Column {
                     width: parent.width
-                    spacing: 16
+                    spacing: Theme.padding
 
                     Column {
                         width: parent.width
-                        spacing: 8
+                        spacing: Theme.spacing
 
                         InspectorLabel {
                             symbol: "text.quote"
@@ -93,7 +92,7 @@ Rectangle {
                     }
                     Column {
                         width: parent.width
-                        spacing: 8
+                        spacing: Theme.spacing
 
                         InspectorLabel {
                             symbol: "text.bubble"
@@ -119,11 +118,11 @@ Rectangle {
 
                 Column {
                     width: parent.width
-                    spacing: 16
+                    spacing: Theme.padding
 
                     Column {
                         width: parent.width
-                        spacing: 8
+                        spacing: Theme.spacing
 
                         InspectorLabel {
                             symbol: "textformat"
@@ -203,7 +202,7 @@ Rectangle {
                         visible: root.inspector.hasBatch
                         text: qsTr("Apply Style to Whole Batch")
                         symbol: "square.stack.3d.up"
-                        tint: root.purple
+                        tint: Theme.purple
                         onClicked: root.inspector.applyToBatch()
                     }
                 }

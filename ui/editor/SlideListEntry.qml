@@ -38,7 +38,7 @@ Item {
         anchors.fill: preview
         anchors.margins: -margin
         margin: 4
-        cornerRadius: 8
+        cornerRadius: Theme.thumbnailRadius
         blurRadius: 2
         strength: 0.33
     }
@@ -46,7 +46,7 @@ Item {
         anchors.fill: preview
         anchors.margins: -margin
         margin: 8
-        cornerRadius: 8
+        cornerRadius: Theme.thumbnailRadius
         blurRadius: 4
         strength: 0.33
         opacity: Math.min(1, root.emphasis)
@@ -54,15 +54,15 @@ Item {
     SlidePreviewView {
         id: preview
         anchors.centerIn: parent
-        width: Math.round(120 * widthToHeight)
-        height: 120
+        width: Math.round(height * widthToHeight)
+        height: root.implicitHeight
         slide: root.modelData
         aspectRatio: root.aspectRatio
     }
     RoundedArea {
         anchors.fill: preview
         anchors.margins: -1.5 * root.emphasis
-        radius: 8 + 1.5 * root.emphasis
+        radius: Theme.thumbnailRadius + 1.5 * root.emphasis
         borderColor: Theme.blue
         borderWidth: 3 * root.emphasis
     }

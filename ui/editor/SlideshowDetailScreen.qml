@@ -41,7 +41,7 @@ FocusScope {
         id: header
         width: parent.width
         // The toolbar is level with the close button.
-        height: 2 * 20 + close.height
+        height: 2 * Theme.widePadding + close.height
         enabled: !detail.isExporting
         title: qsTr("Edit Slideshow")
 
@@ -100,7 +100,7 @@ FocusScope {
                 anchors.topMargin: heading.height
                 topMargin: Theme.padding
                 bottomMargin: Theme.padding
-                spacing: 16
+                spacing: Theme.padding
                 clip: true
                 focus: true
                 activeFocusOnTab: true
@@ -154,7 +154,7 @@ FocusScope {
         objectName: "close"
         anchors.top: parent.top
         anchors.right: parent.right
-        anchors.margins: 20
+        anchors.margins: Theme.widePadding
         implicitWidth: Theme.title2
         implicitHeight: Theme.title2
         enabled: !detail.isExporting
@@ -181,7 +181,7 @@ FocusScope {
         Rectangle {
             anchors.centerIn: parent
             width: 260
-            height: progress.height + 2 * 20
+            height: progress.height + 2 * Theme.widePadding
             color: Theme.windowBackground
             border.color: Theme.separator
             radius: Theme.sheetRadius
@@ -189,8 +189,8 @@ FocusScope {
             Column {
                 id: progress
                 anchors.centerIn: parent
-                width: parent.width - 2 * 20
-                spacing: 12
+                width: parent.width - 2 * Theme.widePadding
+                spacing: Theme.wideSpacing
 
                 Text {
                     objectName: "exportProgress"
@@ -205,7 +205,7 @@ FocusScope {
                 Rectangle {
                     width: parent.width
                     height: 4
-                    radius: 2
+                    radius: height / 2
                     color: Theme.separator
 
                     Rectangle {
