@@ -11,7 +11,7 @@ Rectangle {
 
     implicitWidth: row.implicitWidth + 2 * 8
     implicitHeight: row.implicitHeight + 2 * 4
-    radius: 6
+    radius: Theme.controlRadius
     color: Qt.rgba(tint.r, tint.g, tint.b, 0.1)
     Accessible.role: Accessible.StaticText
     Accessible.name: text

@@ -24,7 +24,7 @@ T.MenuItem {
             anchors.verticalCenter: parent.verticalCenter
             visible: root.symbol !== ""
             name: root.symbol
-            size: 16
+            size: Theme.symbol
             color: root.contentColor
         }
         Text {

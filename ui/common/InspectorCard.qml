@@ -29,8 +29,7 @@ Column {
 
         Rectangle {
             anchors.fill: parent
-            color: Theme.controlBackground
-            opacity: 0.5
+            color: Theme.cardBackground
             radius: Theme.cardRadius
         }
         Rectangle {

@@ -29,7 +29,7 @@ T.ComboBox {
         x: root.width - width - 9
         y: (root.height - height) / 2
         name: "chevron.up.chevron.down"
-        size: 14
+        size: Theme.smallSymbol
         color: root.enabled ? Theme.secondary : Theme.disabled
     }
     background: Rectangle {
@@ -74,7 +74,7 @@ T.ComboBox {
                 anchors.verticalCenter: parent.verticalCenter
                 visible: option.index === root.currentIndex
                 name: "checkmark"
-                size: 14
+                size: Theme.smallSymbol
                 color: option.highlighted ? Theme.accentText : Theme.primary
             }
         }

@@ -85,12 +85,12 @@ T.Slider {
         y: (root.height - height) / 2
         implicitWidth: 18
         implicitHeight: 18
-        radius: 9
-        color: !root.enabled ? Theme.disabled : root.pressed ? "#d5d9d8" : root.hovered ? "#ffffff" : Theme.primary
-        border.color: "#40000000"
+        radius: width / 2
+        color: !root.enabled ? Theme.disabled : root.pressed ? Theme.knobPressed : root.hovered ? Theme.knobHovered : Theme.primary
+        border.color: Theme.knobOutline
 
         FocusRing {
-            radius: 11
+            radius: parent.radius + distance
             visible: root.activeFocus && InputMode.usesKeyboard
         }
     }

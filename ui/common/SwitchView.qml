@@ -31,7 +31,7 @@ T.Switch {
         y: (root.height - height) / 2
         implicitWidth: 38
         implicitHeight: 22
-        radius: 11
+        radius: height / 2
         color: !root.checked ? Theme.separator : root.enabled ? Theme.accent : Theme.disabled
 
         Rectangle {
@@ -39,7 +39,7 @@ T.Switch {
             y: 2
             width: 18
             height: 18
-            radius: 9
+            radius: width / 2
             color: root.enabled ? Theme.primary : Theme.secondary
 
             Behavior on x {
@@ -50,7 +50,7 @@ T.Switch {
             }
         }
         FocusRing {
-            radius: 13
+            radius: parent.radius + distance
             visible: root.activeFocus && InputMode.usesKeyboard
         }
     }

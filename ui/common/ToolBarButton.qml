@@ -22,7 +22,7 @@ T.ToolButton {
         Symbol {
             anchors.centerIn: parent
             name: root.symbol
-            size: 18
+            size: Theme.largeSymbol
             color: root.enabled ? Theme.primary : Theme.disabled
         }
     }

@@ -106,9 +106,9 @@ InspectorCard {
                 width: parent.width
                 height: 60
                 label: qsTr("Custom Prompt")
-                radius: 4
+                radius: Theme.smallRadius
                 padding: 4
-                borderColor: "#338e8e93"
+                borderColor: Theme.faintOutline
                 font.pixelSize: Theme.caption
                 text: root.generator.customPrompt
                 onTextEdited: (text) => root.generator.customPrompt = text

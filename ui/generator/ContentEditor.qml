@@ -11,7 +11,7 @@ TextEditor {
     label: qsTr("Slide Content (JSON)")
     placeholder: panel.placeholder
     color: Theme.controlBackground
-    radius: 12
+    radius: Theme.tileRadius
     padding: 14
     font.family: Theme.monospaced
 

@@ -9,7 +9,7 @@ T.Button {
 
     required property GeneratorView panel
     readonly property bool isAiMode: panel.generator.isAiMode
-    readonly property color ground: !panel.hasAssets ? "#4d8e8e93" : isAiMode ? Theme.purpleGround : Theme.accent
+    readonly property color ground: !panel.hasAssets ? Theme.unavailableGround : isAiMode ? Theme.purpleGround : Theme.accent
 
     topPadding: 12
     bottomPadding: 12
@@ -26,21 +26,21 @@ T.Button {
     contentItem: SymbolLabel {
         symbol: !root.panel.hasAssets ? "exclamationmark.triangle" : root.isAiMode ? "sparkles" : "wand.and.stars"
         text: root.text
-        color: root.enabled ? "white" : "#99ffffff"
+        color: root.enabled ? Theme.accentText : Theme.disabledAccentText
         weight: Font.DemiBold
         spacing: 8
     }
     background: RoundedArea {
-        radius: 8
-        color: root.enabled || !root.panel.hasAssets ? root.ground : Qt.rgba(root.ground.r, root.ground.g, root.ground.b, 0.4)
+        radius: Theme.buttonRadius
+        color: root.enabled || !root.panel.hasAssets ? root.ground : Qt.alpha(root.ground, Theme.disabledOpacity)
 
         RoundedArea {
             anchors.fill: parent
-            radius: 8
-            color: !root.enabled ? "transparent" : root.pressed ? "#30000000" : root.hovered ? "#14ffffff" : "transparent"
+            radius: Theme.buttonRadius
+            color: !root.enabled ? "transparent" : root.pressed ? Theme.accentPressedOver : root.hovered ? Theme.accentHoveredOver : "transparent"
         }
         FocusRing {
-            radius: 10
+            radius: Theme.buttonRadius + distance
             visible: root.activeFocus && InputMode.usesKeyboard
         }
     }

@@ -3,7 +3,7 @@ import Mosslantern.Common
 
 /// Covers the preview while a run is in progress.
 Rectangle {
-    color: "#b3000000"
+    color: Theme.deepScrim
     Accessible.role: Accessible.AlertMessage
     Accessible.name: label.text
 
@@ -19,7 +19,7 @@ Rectangle {
         width: column.width + 2 * 28
         height: column.height + 2 * 24
         radius: Theme.sheetRadius
-        color: "#b3000000"
+        color: Theme.deepScrim
     }
     Column {
         id: column
@@ -30,12 +30,12 @@ Rectangle {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 32
             height: 32
-            color: "white"
+            color: Theme.overlayText
         }
         Text {
             id: label
             text: qsTr("Generating with AI...")
-            color: "white"
+            color: Theme.overlayText
             font.family: Theme.family
             font.pixelSize: Theme.headline
             font.weight: Font.DemiBold

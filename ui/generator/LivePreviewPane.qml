@@ -56,13 +56,13 @@ FocusScope {
                 Rectangle {
                     anchors.fill: parent
                     visible: root.preview.asset === null
-                    radius: 12
-                    color: "#268e8e93"
+                    radius: Theme.canvasRadius
+                    color: Theme.emptyCanvas
 
                     Symbol {
                         anchors.centerIn: parent
                         name: "photo"
-                        size: 40
+                        size: Theme.emptySymbol
                         color: Theme.secondary
                     }
                 }

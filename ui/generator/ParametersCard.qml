@@ -21,7 +21,7 @@ InspectorCard {
             DigitsText {
                 objectName: "bulkCount"
                 text: Math.trunc(root.panel.generator.bulkCount).toString()
-                color: "#b3ffffff"
+                color: Theme.numberText
             }
         }
         SliderView {

@@ -11,7 +11,7 @@ Rectangle {
 
     implicitWidth: row.implicitWidth + 2 * 8
     implicitHeight: row.implicitHeight + 2 * 6
-    radius: 12
+    radius: Theme.tileRadius
     color: Theme.material
 
     component Step: T.AbstractButton {
@@ -70,7 +70,7 @@ Rectangle {
             anchors.verticalCenter: parent.verticalCenter
             width: counter.implicitWidth + 2 * 8
             height: counter.implicitHeight + 2 * 4
-            radius: 6
+            radius: Theme.controlRadius
             color: Theme.material
 
             DigitsText {
@@ -78,7 +78,7 @@ Rectangle {
                 objectName: "entryCounter"
                 anchors.centerIn: parent
                 text: qsTr("%1 / %2").arg(root.preview.index + 1).arg(root.preview.count)
-                color: "white"
+                color: Theme.overlayText
                 fontSize: Theme.caption
             }
         }

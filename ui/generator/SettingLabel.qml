@@ -13,7 +13,7 @@ Row {
 
     Symbol {
         name: root.symbol
-        size: 16
+        size: Theme.symbol
         color: Theme.primary
         anchors.verticalCenter: parent.verticalCenter
     }

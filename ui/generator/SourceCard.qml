@@ -33,7 +33,7 @@ InspectorCard {
             Symbol {
                 anchors.verticalCenter: parent.verticalCenter
                 name: "photo"
-                size: 13
+                size: Theme.body
                 color: Theme.secondary
             }
             Text {

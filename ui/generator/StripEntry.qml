@@ -44,7 +44,7 @@ Item {
     RoundedArea {
         anchors.fill: thumbnail
         anchors.margins: -1.5
-        radius: 9.5
+        radius: Theme.thumbnailRadius + 1.5
         borderColor: Theme.blue
         borderWidth: 3
         opacity: root.isCurrent ? 1 : 0

@@ -18,7 +18,7 @@ RecordRow {
         x: 10
         anchors.verticalCenter: parent.verticalCenter
         name: "folder.fill"
-        size: 18
+        size: Theme.largeSymbol
         color: root.isLit ? Theme.accentText : Theme.blue
     }
     ElidedText {

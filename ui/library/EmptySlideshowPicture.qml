@@ -8,13 +8,13 @@ Item {
     RoundedArea {
         width: parent.width
         height: parent.height + 24
-        radius: 12
-        color: "#4d8e8e93"
+        radius: Theme.tileRadius
+        color: Theme.unavailableGround
     }
     Symbol {
         anchors.centerIn: parent
         name: "photo.on.rectangle"
         size: Theme.largeTitle * 1.5
-        color: "#4dffffff"
+        color: Theme.faintSymbol
     }
 }

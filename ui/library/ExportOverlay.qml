@@ -32,7 +32,7 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 36
             height: 36
-            color: "white"
+            color: Theme.overlayText
             isStepping: false
 
             // Goes round while the interface is at work on the slides, too.
@@ -52,7 +52,7 @@ FocusScope {
                 objectName: "exportingLabel"
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("Exporting...")
-                color: "white"
+                color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim
                 font.family: Theme.family
@@ -64,7 +64,7 @@ FocusScope {
                 objectName: "exportProgress"
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("%1 of %2 slides").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
-                color: "white"
+                color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim
                 font.family: Theme.family

@@ -39,7 +39,7 @@ GridCell {
         Symbol {
             anchors.centerIn: parent
             name: "checkmark.circle.fill"
-            size: 22
+            size: parent.width
             color: Theme.blue
         }
     }

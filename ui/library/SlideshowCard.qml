@@ -12,7 +12,7 @@ Item {
     /// Whether the keyboard is on it, and to be seen there.
     property bool isMarked: false
     readonly property bool isHovering: hover.hovered
-    readonly property real corner: 12
+    readonly property real corner: Theme.tileRadius
     /// 0 as it lies, 1 raised; the spring passes a little beyond both.
     property real lift: isHovering ? 1 : 0
 
@@ -48,7 +48,7 @@ Item {
         radius: root.corner
         lift: root.lift
         color: Theme.windowBackground
-        barColor: Qt.alpha(Theme.controlBackground, 0.5)
+        barColor: Theme.cardBackground
         barHeight: root.barHeight
     }
     Item {
@@ -76,7 +76,7 @@ Item {
                 }
                 GradientStop {
                     position: 1
-                    color: "#4d000000"
+                    color: Theme.pictureShade
                 }
             }
         }
@@ -120,7 +120,7 @@ Item {
             anchors.verticalCenter: parent.verticalCenter
             anchors.right: parent.right
             name: "chevron.right"
-            size: 14
+            size: Theme.smallSymbol
             color: Theme.secondary
         }
     }
