@@ -7,7 +7,7 @@
 namespace mosslantern {
 
 RoundedArea::RoundedArea(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PaintedItem(parent)
 {
     setAntialiasing(true);
     connect(this, &RoundedArea::lookChanged, this, [this] { update(); });

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "ui/common/painted_item.h"
+
 #include <QtGui/QColor>
-#include <QtQuick/QQuickPaintedItem>
 
 namespace mosslantern {
 
 /// A rectangle with continuous corners, filled and bordered; the border lies inside the edge.
-class RoundedArea : public QQuickPaintedItem
+class RoundedArea : public mosslantern::PaintedItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -7,7 +7,7 @@
 namespace mosslantern {
 
 Symbol::Symbol(QQuickItem *parent)
-    : QQuickPaintedItem(parent)
+    : PaintedItem(parent)
 {
     setSize(16);
 }

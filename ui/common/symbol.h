@@ -1,12 +1,13 @@
 #pragma once
 
+#include "ui/common/painted_item.h"
+
 #include <QtGui/QColor>
-#include <QtQuick/QQuickPaintedItem>
 
 namespace mosslantern {
 
 /// A system symbol by its name, in one colour. As large as `size` by itself.
-class Symbol : public QQuickPaintedItem
+class Symbol : public mosslantern::PaintedItem
 {
     Q_OBJECT
     QML_ELEMENT

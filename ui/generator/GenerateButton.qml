@@ -36,8 +36,9 @@ T.Button {
 
         RoundedArea {
             anchors.fill: parent
+            visible: root.enabled && (root.pressed || root.hovered)
             radius: Theme.buttonRadius
-            color: !root.enabled ? "transparent" : root.pressed ? Theme.accentPressedOver : root.hovered ? Theme.accentHoveredOver : "transparent"
+            color: root.pressed ? Theme.accentPressedOver : Theme.accentHoveredOver
         }
         FocusRing {
             radius: Theme.buttonRadius + distance

@@ -48,6 +48,7 @@ Item {
         borderColor: Theme.blue
         borderWidth: 3
         opacity: root.isCurrent ? 1 : 0
+        visible: opacity > 0
 
         Behavior on opacity {
             NumberAnimation {

@@ -83,17 +83,14 @@ FocusScope {
                 drop.accept(Qt.CopyAction)
         }
 
-        // A picture of its size is painted even of an area that is not visible.
-        Loader {
+        RoundedArea {
             anchors.fill: parent
             anchors.margins: 8
-            active: drop.containsDrag
-            sourceComponent: RoundedArea {
-                radius: Theme.tileRadius
-                color: Theme.dropTarget
-                borderColor: Theme.accent
-                borderWidth: 2
-            }
+            visible: drop.containsDrag
+            radius: Theme.tileRadius
+            color: Theme.dropTarget
+            borderColor: Theme.accent
+            borderWidth: 2
         }
     }
 }
