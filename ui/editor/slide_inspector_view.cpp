@@ -1,16 +1,10 @@
 #include "ui/editor/slide_inspector_view.h"
 
-#include <array>
+#include "ui/editor/colors.h"
 
 namespace mosslantern {
 
 namespace {
-
-constexpr RgbaColor white{1, 1, 1, 1};
-constexpr RgbaColor black{0, 0, 0, 1};
-constexpr RgbaColor clear{0, 0, 0, 0};
-constexpr std::array boxChoices{white, black};
-constexpr std::array borderChoices{black, clear};
 
 void copyStyle(const Slide &from, Slide &to)
 {
@@ -110,14 +104,12 @@ void SlideInspectorView::setTextStyle(int style)
 
 int SlideInspectorView::colorChoice() const
 {
-    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
-    const auto found = std::ranges::find(choices, m_boxColor);
-    return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
+    return choiceOf(m_boxColor, showsBoxColor() ? boxColors : borderColors);
 }
 
 void SlideInspectorView::chooseColor(int choice)
 {
-    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
+    const auto &choices = showsBoxColor() ? boxColors : borderColors;
     setBoxColor(choices.at(static_cast<size_t>(choice)));
 }
 

@@ -2,21 +2,12 @@
 
 #include "content/slide_content.h"
 #include "content/slide_documents.h"
+#include "ui/editor/colors.h"
 #include "ui/editor/slide_inspector_view.h"
 
 #include <cmath>
 
 namespace mosslantern {
-
-namespace {
-
-constexpr RgbaColor white{1, 1, 1, 1};
-constexpr RgbaColor black{0, 0, 0, 1};
-constexpr RgbaColor clear{0, 0, 0, 0};
-constexpr std::array boxChoices{white, black};
-constexpr std::array borderChoices{black, clear};
-
-} // namespace
 
 GeneratorView::GeneratorView(SlideshowGenerator &generator, QObject *parent)
     : QObject(parent)
@@ -119,14 +110,12 @@ void GeneratorView::setStyle(int style)
 
 int GeneratorView::colorChoice() const
 {
-    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
-    const auto found = std::ranges::find(choices, m_generator.boxColor());
-    return found == choices.end() ? -1 : static_cast<int>(found - choices.begin());
+    return choiceOf(m_generator.boxColor(), showsBoxColor() ? boxColors : borderColors);
 }
 
 void GeneratorView::chooseColor(int choice)
 {
-    const auto &choices = showsBoxColor() ? boxChoices : borderChoices;
+    const auto &choices = showsBoxColor() ? boxColors : borderColors;
     m_generator.setBoxColor(choices.at(static_cast<size_t>(choice)));
 }
 
