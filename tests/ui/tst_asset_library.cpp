@@ -1,5 +1,6 @@
 #include "model/collection.h"
 #include "tests/ui/window_test.h"
+#include "ui/common/thumbnail.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
@@ -123,6 +124,24 @@ private slots:
         session().key(Qt::Key_Home);
         session().key(Qt::Key_Backspace);
         QCOMPARE(assetNames(), QStringList());
+    }
+
+    void marksTheFrameOfTheCurrentCell()
+    {
+        for (int i = 0; i < 60; ++i)
+            session().library().addAsset(QString::number(i));
+        session().open();
+        session().key(Qt::Key_Tab);
+        QQuickItem *const grid = session().find(u"assetGrid"_s);
+        const auto place = [](const QQuickItem &item) { return item.mapRectToScene(item.boundingRect()); };
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Up, Qt::Key_Left}) {
+            session().key(key);
+            QQuickItem *const cell = grid->property("currentItem").value<QQuickItem *>();
+            QQuickItem *const ring = session().find(u"gridRing"_s);
+            QVERIFY(cell && ring);
+            QCOMPARE(place(*ring), place(*cell->findChild<Thumbnail *>()).adjusted(-3, -3, 3, 3));
+            QCOMPARE(grid->property("contentY").toDouble() > 0, key != Qt::Key_Right && key != Qt::Key_Down);
+        }
     }
 
     void laysOutAdaptiveColumns_data()

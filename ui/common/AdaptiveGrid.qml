@@ -87,6 +87,7 @@ GridView {
         visible: root.marksCurrent && root.currentItem
 
         FocusRing {
+            objectName: "gridRing"
             distance: 3
             radius: root.frameRadius + distance
         }
