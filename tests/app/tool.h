@@ -53,6 +53,9 @@ public:
         return process;
     }
 
+    /// The same with a line of arguments, none of which holds a space.
+    std::unique_ptr<QProcess> prepare(const QString &line) const { return prepare(words(line)); }
+
     /// Runs it to its end; the event loop goes on meanwhile.
     Outcome run(const QStringList &arguments, const QByteArray &input = {}) const
     {
@@ -60,6 +63,18 @@ public:
         process->start();
         process->write(input);
         process->closeWriteChannel();
+        return finish(*process);
+    }
+
+    Outcome run(const QString &line, const QByteArray &input = {}) const { return run(words(line), input); }
+
+    /// Runs a line of bash, in which %1 is the tool.
+    Outcome runShell(const QString &line) const
+    {
+        const auto process = prepare(QStringList());
+        process->setProgram(QStringLiteral("bash"));
+        process->setArguments({QStringLiteral("-c"), line.arg(QStringLiteral(MOSSLANTERN_CLI))});
+        process->start();
         return finish(*process);
     }
 
@@ -108,6 +123,8 @@ public:
     }
 
 private:
+    static QStringList words(const QString &line) { return line.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+
     QTemporaryDir m_folder;
     QProcessEnvironment m_variables;
 };

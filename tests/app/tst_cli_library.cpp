@@ -1,4 +1,5 @@
 #include "tests/app/tool.h"
+#include "tests/table.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -25,7 +26,7 @@ private slots:
 
         const QString idOfGreen = assets[1][u"id"_s].toString();
         QCOMPARE(run(u"collections create Warm"_s).status, 0);
-        QCOMPARE(run({u"collections"_s, u"add"_s, u"Warm"_s, u"red.png"_s, idOfGreen}).status, 0);
+        QCOMPARE(run(u"collections add Warm red.png "_s + idOfGreen).status, 0);
         QCOMPARE(run(u"collections remove Warm red.png"_s).status, 0);
         QCOMPARE(array(u"collections list --json"_s)[0][u"assets"_s].toArray(), QJsonArray{idOfGreen});
 
@@ -60,7 +61,7 @@ private slots:
         QCOMPARE(png.pixelColor(230, 120), QColor(Qt::green));
 
         const QString start = made[0][u"id"_s].toString().left(13).toLower();
-        QCOMPARE(run({u"export"_s, u"--slideshow"_s, start, u"--to"_s, u"single"_s}).status, 0);
+        QCOMPARE(run(u"export --to single --slideshow "_s + start).status, 0);
         QCOMPARE(m_tool->files(u"single"_s).size(), 3);
     }
 
@@ -97,13 +98,8 @@ private slots:
         const QByteArray undecodable = m_tool->path(u"folder/b"_s).toUtf8() + "\xFF.png";
         QCOMPARE(::rename(qPrintable(m_tool->path(u"folder/b.png"_s)), undecodable.constData()), 0);
         const auto removal = qScopeGuard([&] { ::unlink(undecodable.constData()); });
-        const QString tool = QStringLiteral(MOSSLANTERN_CLI);
-        const auto process = m_tool->prepare({});
-        process->setProgram(u"bash"_s);
-        process->setArguments(
-            {u"-c"_s, u"'%1' --library library import folder folder/b$'\\xFF'.png folder/a.png"_s.arg(tool)});
-        process->start();
-        const Outcome outcome = Tool::finish(*process);
+        const Outcome outcome =
+            m_tool->runShell(u"'%1' --library library import folder folder/b$'\\xFF'.png folder/a.png"_s);
         QCOMPARE(outcome.status, 1);
         QCOMPARE(outcome.lines().size(), 2);
         for (const QString &reported : {u"folder/link.JPG: "_s, u"folder/pipe.png: "_s})
@@ -111,9 +107,7 @@ private slots:
         QCOMPARE(outcome.error().count(u"folder/b\uFFFD.png: The name of the file is not UTF-8."_s), 2);
         QCOMPARE(outcome.err.count('\n'), 4);
 
-        process->setArguments({u"-c"_s, u"'%1' --library l$'\\xFF' list assets"_s.arg(tool)});
-        process->start();
-        const Outcome unusable = Tool::finish(*process);
+        const Outcome unusable = m_tool->runShell(u"'%1' --library l$'\\xFF' list assets"_s);
         QCOMPARE(unusable.status, 2);
         QVERIFY2(unusable.error().contains(u"“l\uFFFD” is not UTF-8"_s), unusable.err.constData());
     }
@@ -121,13 +115,9 @@ private slots:
     void aLibraryThatCannotBeSaved()
     {
         importPictures({u"a.png"_s});
-        const auto process = m_tool->prepare({});
-        process->setProgram(u"bash"_s);
-        process->setArguments(
-            {u"-c"_s, u"trap '' XFSZ; ulimit -f 64; echo text | '%1' --library library generate "
-                      "--content - --count 1000"_s.arg(QStringLiteral(MOSSLANTERN_CLI))});
-        process->start();
-        const Outcome outcome = Tool::finish(*process);
+        const Outcome outcome =
+            m_tool->runShell(u"trap '' XFSZ; ulimit -f 64; echo text | '%1' --library library generate "
+                             "--content - --count 1000"_s);
         QCOMPARE(outcome.status, 1);
         QVERIFY2(outcome.out.isEmpty() && outcome.hasOneErrorLine() &&
                      outcome.error().count(u"could not be saved"_s) == 1,
@@ -142,9 +132,9 @@ private slots:
         importPictures(names);
         const auto choice = [&](const QString &options) {
             QStringList assets;
-            const QStringList arguments =
-                u"generate --json --content - --count 4 "_s.append(options).split(u' ');
-            for (const QJsonValue slideshow : run(arguments, "a\nb\nc\nd\ne\n").json().array())
+            const Outcome made =
+                run(u"generate --json --content - --count 4 "_s + options, "a\nb\nc\nd\ne\n");
+            for (const QJsonValue slideshow : made.json().array())
                 for (const QJsonValue slide : slideshow[u"slides"_s].toArray())
                     assets.append(slide[u"asset"_s].toString());
             return assets;
@@ -157,18 +147,13 @@ private slots:
 
     void nothingToMake_data()
     {
-        QTest::addColumn<QString>("options");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("no slides") << u""_s << QByteArray("{\"slides\":[]}")
-                                   << u"The content has no slides."_s;
-        QTest::newRow("broken") << u""_s << QByteArray("{\"slides\":") << u"The content has no slides."_s;
-        QTest::newRow("empty collection") << u"--collection Empty"_s << QByteArray("a")
-                                          << u"There are no pictures in the collection “Empty”"_s;
-        QTest::newRow("no collection")
-            << u"--collection None"_s << QByteArray("a") << u"There is no collection “None”."_s;
-        QTest::newRow("two collections")
-            << u"--collection Twin"_s << QByteArray("a") << u"2 collections are called “Twin”; give an id"_s;
+        const auto row = table<QString, QByteArray, QString>({"options", "content", "error"});
+        row("no slides", u""_s, "{\"slides\":[]}", u"The content has no slides."_s);
+        row("broken", u""_s, "{\"slides\":", u"The content has no slides."_s);
+        row("empty collection", u"--collection Empty"_s, "a",
+            u"There are no pictures in the collection “Empty”"_s);
+        row("no collection", u"--collection None"_s, "a", u"There is no collection “None”."_s);
+        row("two collections", u"--collection Twin"_s, "a", u"2 collections are called “Twin”; give an id"_s);
     }
 
     void nothingToMake()
@@ -179,8 +164,7 @@ private slots:
         importPictures({u"a.png"_s});
         for (const QString &name : {u"Empty"_s, u"Twin"_s, u"Twin"_s})
             QCOMPARE(run(u"collections create "_s + name).status, 0);
-        const Outcome outcome =
-            run(u"generate --content - "_s.append(options).split(u' ', Qt::SkipEmptyParts), content);
+        const Outcome outcome = run(u"generate --content - "_s + options, content);
         QCOMPARE(outcome.status, 1);
         QVERIFY2(outcome.error().contains(error), outcome.err.constData());
         QVERIFY(array(u"list slideshows --json"_s).isEmpty());
@@ -191,18 +175,16 @@ private slots:
         const QJsonArray assets = importPictures({u"a.png"_s, u"b.png"_s});
         // The first slideshow shows the asset's file, because its own copies cannot be made.
         m_tool->write(u"library/Slideshows"_s, "in the way");
-        const Outcome dependent =
-            run({u"generate"_s, u"--content"_s, u"-"_s, u"--batch-name"_s, u"Dependent"_s}, "text");
+        const Outcome dependent = run(u"generate --content - --batch-name Dependent"_s, "text");
         QCOMPARE(dependent.status, 0);
         QVERIFY(dependent.out.contains("Failed to copy slide image: "));
-        const QString dependentId = array(u"list slideshows --json"_s)[0][u"id"_s].toString();
-        const QString usedAsset =
-            array(u"list slideshows --json"_s)[0][u"slides"_s][0][u"asset"_s].toString();
+        const QJsonArray slideshows = array(u"list slideshows --json"_s);
+        const QString dependentId = slideshows[0][u"id"_s].toString();
+        const QString usedAsset = slideshows[0][u"slides"_s][0][u"asset"_s].toString();
         QVERIFY(QFile::remove(m_tool->path(u"library/Slideshows"_s)));
-        QCOMPARE(run({u"generate"_s, u"--content"_s, u"-"_s, u"--batch-name"_s, u"Kept"_s}, "text").status,
-                 0);
+        QCOMPARE(run(u"generate --content - --batch-name Kept"_s, "text").status, 0);
 
-        const Outcome deleted = run({u"delete"_s, u"asset"_s, usedAsset, u"nothing"_s});
+        const Outcome deleted = run(u"delete asset %1 nothing"_s.arg(usedAsset));
         QCOMPARE(deleted.status, 1);
         QCOMPARE(deleted.lines(), QStringList{u"Deleting dependent slideshow: "_s + dependentId});
         QVERIFY(deleted.error().contains(u"There is no asset “nothing”."_s));
@@ -218,13 +200,8 @@ private slots:
     {
         importPictures({u"a.png"_s});
         // It has the library open while its output is not taken.
-        const auto holder = m_tool->prepare(
-            {u"--library"_s, u"library"_s, u"export"_s, u"--batch"_s, u"B"_s, u"--to"_s, u"out"_s});
-        QCOMPARE(
-            run({u"generate"_s, u"--content"_s, u"-"_s, u"--count"_s, u"50"_s, u"--batch-name"_s, u"B"_s},
-                "a\nb\nc\nd\ne")
-                .status,
-            0);
+        const auto holder = m_tool->prepare(u"--library library export --batch B --to out"_s);
+        QCOMPARE(run(u"generate --content - --count 50 --batch-name B"_s, "a\nb\nc\nd\ne").status, 0);
         holder->start();
         QTRY_VERIFY(QFile::exists(m_tool->path(u"out/B/Slideshow_1/Slide_1.png"_s)));
         const Outcome second = run(u"list assets"_s);
@@ -247,7 +224,7 @@ private slots:
     void filesThatCannotBeWritten()
     {
         importPictures({u"a.png"_s});
-        QCOMPARE(run(u"generate --content - --shape 1:1 --batch-name B"_s.split(u' '), "a\nb\nc").status, 0);
+        QCOMPARE(run(u"generate --content - --shape 1:1 --batch-name B"_s, "a\nb\nc").status, 0);
         QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"out/B/Slideshow_1/Slide_2.png"_s));
         const Outcome outcome = run(u"export --batch B --to out"_s);
         QCOMPARE(outcome.status, 1);
@@ -268,7 +245,7 @@ private slots:
         QVERIFY(missing.error().contains(u"There is no library in “library”."_s));
         QVERIFY(!QFile::exists(m_tool->path(u"library"_s)));
 
-        QCOMPARE(m_tool->run({u"list"_s, u"assets"_s, u"--json"_s}).out, "[]\n"); // the user's own
+        QCOMPARE(m_tool->run(u"list assets --json"_s).out, "[]\n"); // the user's own
         m_tool->write(u"library/library.sqlite"_s, "something else");
         const Outcome foreign = run(u"import x.png"_s);
         QCOMPARE(foreign.status, 1);
@@ -277,12 +254,10 @@ private slots:
     }
 
 private:
-    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const
+    Outcome run(const QString &line, const QByteArray &input = {}) const
     {
-        return m_tool->run(QStringList{u"--library"_s, u"library"_s} + arguments, input);
+        return m_tool->run(u"--library library "_s + line, input);
     }
-
-    Outcome run(const QString &line) const { return run(line.split(u' ')); }
 
     QJsonArray array(const QString &line) const { return run(line).json().array(); }
 
@@ -291,7 +266,7 @@ private:
     {
         for (qsizetype i = 0; i < names.size(); ++i)
             m_tool->writePicture(names[i], static_cast<Qt::GlobalColor>(Qt::red + i % 12));
-        return run(QStringList{u"import"_s, u"--json"_s} + names).json().array();
+        return run(u"import --json "_s + names.join(u' ')).json().array();
     }
 
     std::unique_ptr<Tool> m_tool;

@@ -1,4 +1,5 @@
 #include "tests/app/tool.h"
+#include "tests/table.h"
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -14,9 +15,9 @@ private slots:
     void oneFile()
     {
         m_tool->writePicture(u"in.jpg"_s, Qt::blue);
-        const Outcome outcome = m_tool->run({u"render"_s, u"--text"_s, u"-x"_s, u"--size"_s, u"60x40.5"_s,
-                                             u"--pixel-ratio"_s, u"1.5"_s, u"--text-pos"_s, u"-5,-5"_s,
-                                             u"--out"_s, u"out\u202F1.png"_s, u"in.jpg"_s});
+        const Outcome outcome =
+            m_tool->run(u"render --text -x --size 60x40.5 --pixel-ratio 1.5 --text-pos -5,-5 "
+                        "--out out\u202F1.png in.jpg"_s);
         QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.lines(), QStringList{u"out\u202F1.png"_s});
@@ -28,10 +29,9 @@ private slots:
     void textsAreDrawn()
     {
         m_tool->writePicture(u"in.png"_s, Qt::blue);
-        const auto draw = [&](const QStringList &options) {
-            const Outcome outcome = m_tool->run(QStringList{u"render"_s, u"--shape"_s, u"1:1"_s, u"--out"_s,
-                                                            u"out.png"_s, u"in.png"_s, u"--text"_s, u"M"_s} +
-                                                options);
+        const auto draw = [&](const QString &options) {
+            const Outcome outcome =
+                m_tool->run(u"render --shape 1:1 --out out.png in.png --text M "_s + options);
             return outcome.status == 0 && outcome.err.isEmpty() ? QImage(m_tool->path(u"out.png"_s))
                                                                 : QImage();
         };
@@ -42,15 +42,13 @@ private slots:
                     pixels += image.pixel(x, y) == color;
             return pixels;
         };
-        QVERIFY(!draw({u"--subtitle"_s, u"नमस्ते"_s}).isNull());
+        QVERIFY(!draw(u"--subtitle नमस्ते"_s).isNull());
         const QRect upper(0, 0, 240, 120);
         const QRect lower(0, 120, 240, 120);
-        const QImage boxed =
-            draw({u"--style"_s, u"boxed"_s, u"--box-color"_s, u"#ff0000"_s, u"--text-pos"_s, u"0.5,0.25"_s});
+        const QImage boxed = draw(u"--style boxed --box-color #ff0000 --text-pos 0.5,0.25"_s);
         QVERIFY(count(boxed, qRgb(255, 0, 0), upper) > 100);
         QCOMPARE(count(boxed, qRgb(255, 0, 0), lower), 0);
-        const QImage both = draw({u"--subtitle"_s, u"S"_s, u"--subtitle-pos"_s, u"0.5,0.75"_s, u"--style"_s,
-                                  u"boxed"_s, u"--text-pos"_s, u"0.5,0.25"_s});
+        const QImage both = draw(u"--subtitle S --subtitle-pos 0.5,0.75 --style boxed --text-pos 0.5,0.25"_s);
         QVERIFY(count(both, qRgb(255, 255, 255), upper) > 100);
         QVERIFY(count(both, qRgb(255, 255, 255), lower) > 100);
     }
@@ -58,8 +56,7 @@ private slots:
     void severalFiles()
     {
         for (const QString &pictures : {u"a.png b.png"_s, u"."_s}) {
-            const Outcome misused =
-                m_tool->run(u"render --text t --out out.png "_s.append(pictures).split(u' '));
+            const Outcome misused = m_tool->run(u"render --text t --out out.png "_s + pictures);
             QCOMPARE(misused.status, 2);
             QVERIFY2(misused.hasOneErrorLine() && misused.error().contains(u"--out: expected a folder"_s),
                      misused.err.constData());
@@ -90,10 +87,9 @@ private slots:
     {
         m_tool->writePicture(u"photo.png"_s, Qt::red);
         const QByteArray input = m_tool->read(u"photo.png"_s);
-        const QStringList common{u"render"_s, u"--text"_s,    u"t"_s,    u"--shape"_s,
-                                 u"1:1"_s,    u"photo.png"_s, u"--out"_s};
-        QCOMPARE(m_tool->run(common + QStringList{u"./photo.png"_s}).status, 1);
-        QCOMPARE(m_tool->run(common + QStringList{u"."_s}).lines(), QStringList{u"./photo-2.png"_s});
+        const QString common = u"render --text t --shape 1:1 photo.png --out "_s;
+        QCOMPARE(m_tool->run(common + u"./photo.png"_s).status, 1);
+        QCOMPARE(m_tool->run(common + u"."_s).lines(), QStringList{u"./photo-2.png"_s});
         QCOMPARE(m_tool->read(u"photo.png"_s), input);
     }
 
@@ -101,9 +97,9 @@ private slots:
     {
         m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
         m_tool->writePicture(u"pictures/b.png"_s, Qt::green);
-        const QStringList arguments = u"make --images pictures --content - --out out --count 2 --shape 1:1 "
-                                      "--batch-name B --seed 3"_s.split(u' ');
-        const Outcome outcome = m_tool->run(arguments, "one\ntwo\n");
+        const QString line = u"make --images pictures --content - --out out --count 2 --shape 1:1 "
+                             "--batch-name B --seed 3"_s;
+        const Outcome outcome = m_tool->run(line, "one\ntwo\n");
         QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.lines(), QStringList{m_tool->path(u"out/B"_s)});
@@ -113,10 +109,9 @@ private slots:
                               u"pictures/a.png"_s, u"pictures/b.png"_s}));
 
         m_tool->write(u"pictures/broken.jpg"_s, "broken");
-        QCOMPARE(m_tool->run(arguments, "one\n").status, 1);
+        QCOMPARE(m_tool->run(line, "one\n").status, 1);
         QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"empty"_s));
-        const Outcome nothing =
-            m_tool->run(u"make --images empty --content - --out out2"_s.split(u' '), "one");
+        const Outcome nothing = m_tool->run(u"make --images empty --content - --out out2"_s, "one");
         QCOMPARE(nothing.status, 1);
         QVERIFY2(nothing.hasOneErrorLine() && nothing.error().contains(u"no pictures in “empty”"_s),
                  nothing.err.constData());
@@ -125,17 +120,17 @@ private slots:
 
     void interruptingLeavesNothingBehind_data()
     {
-        QTest::addColumn<int>("signal");
-        QTest::newRow("interrupt") << SIGINT;
-        QTest::newRow("terminate") << SIGTERM;
+        const auto row = table<int>({"signal"});
+        row("interrupt", SIGINT);
+        row("terminate", SIGTERM);
     }
 
     void interruptingLeavesNothingBehind()
     {
         QFETCH(int, signal);
         m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
-        const auto process = m_tool->prepare(
-            u"make --images pictures --content - --out out --count 200 --batch-name B"_s.split(u' '));
+        const auto process =
+            m_tool->prepare(u"make --images pictures --content - --out out --count 200 --batch-name B"_s);
         process->start();
         process->write("a\nb\nc\nd\ne\n");
         process->closeWriteChannel();

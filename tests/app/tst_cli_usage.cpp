@@ -1,4 +1,5 @@
 #include "tests/app/tool.h"
+#include "tests/table.h"
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -12,10 +13,9 @@ private slots:
 
     void wrongUsage_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QString>("expected");
-        const auto add = [](const char *line, const QString &expected) {
-            QTest::newRow(line) << QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts) << expected;
+        const auto row = table<QString, QString>({"line", "expected"});
+        const auto add = [&](const char *line, const QString &expected) {
+            row(line, QString::fromUtf8(line), expected);
         };
         add("", u"a command is missing"_s);
         add("frobnicate", u"unknown command “frobnicate”"_s);
@@ -57,9 +57,9 @@ private slots:
 
     void wrongUsage()
     {
-        QFETCH(QStringList, arguments);
+        QFETCH(QString, line);
         QFETCH(QString, expected);
-        const Outcome outcome = m_tool->run(arguments);
+        const Outcome outcome = m_tool->run(line);
         QVERIFY2(outcome.error().contains(expected), outcome.err.constData());
         QVERIFY2(outcome.hasOneErrorLine(), outcome.err.constData());
         QCOMPARE(outcome.status, 2);
@@ -69,7 +69,7 @@ private slots:
 
     void everyCommandHasHelp()
     {
-        const Outcome help = m_tool->run({u"--help"_s});
+        const Outcome help = m_tool->run(u"--help"_s);
         QCOMPARE(help.status, 0);
         QStringList commands;
         for (const QString &line : help.lines()) {
@@ -78,39 +78,32 @@ private slots:
         }
         QVERIFY(commands.size() > 20);
         for (const QString &command : std::as_const(commands)) {
-            const Outcome own = m_tool->run(command.split(u' ') << u"--help"_s);
+            const Outcome own = m_tool->run(command + u" --help"_s);
             QCOMPARE(own.status, 0);
             QVERIFY2(own.out.startsWith("Usage: mosslantern-cli " + command.toUtf8()), own.out.constData());
             for (const QString &line : own.lines())
                 QVERIFY2(line.size() <= 80, qPrintable(line));
         }
-        QCOMPARE(m_tool->run({u"--version"_s}).status, 0);
-        QCOMPARE(m_tool->run({u"content"_s, u"-h"_s}).status, 0);
+        QCOMPARE(m_tool->run(u"--version"_s).status, 0);
+        QCOMPARE(m_tool->run(u"content -h"_s).status, 0);
         QVERIFY(m_tool->files(u"."_s).isEmpty());
     }
 
     void contentCommands_data()
     {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QByteArray>("input");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("output");
-        QTest::addColumn<QString>("error");
-        const auto add = [](const char *name, const QString &command, const QByteArray &input, int status,
-                            const QByteArray &output, const QString &error = {}) {
-            QTest::newRow(name) << command << input << status << output << error;
-        };
+        const auto add = table<QString, QByteArray, int, QByteArray, QString>(
+            {"command", "input", "status", "output", "error"});
         const QByteArray broken = "{\"slides\":[{\"main\":\"a\nb\"}]}";
-        add("valid", u"check"_s, "\xEF\xBB\xBF{\"slides\":[{\"main\":\"a\"}]}", 0, "valid, 1 slide\n");
+        add("valid", u"check"_s, "\xEF\xBB\xBF{\"slides\":[{\"main\":\"a\"}]}", 0, "valid, 1 slide\n", {});
         add("invalid", u"check"_s, broken, 1, {}, u"mosslantern-cli: standard input: "_s);
         add("lines", u"check"_s, "a\n\nb\n", 1, {}, u"as lines of text it gives 2 slides"_s);
         add("not UTF-8", u"check"_s, "\xFF", 1, {}, u"Standard input is not a text in UTF-8"_s);
         add("parsed lines", u"parse"_s, "  \xC3\xA9\n", 0,
-            "[\n  {\n    \"main\": \"\xC3\xA9\",\n    \"subtitle\": \"\"\n  }\n]\n");
+            "[\n  {\n    \"main\": \"\xC3\xA9\",\n    \"subtitle\": \"\"\n  }\n]\n", {});
         add("parsed nothing", u"parse"_s, broken, 1, "[]\n", u"Tip: Check for unescaped quotes"_s);
-        add("pretty", u"prettify"_s, "[1.0,{}]", 0, "[\n  1.0,\n  {}\n]\n");
+        add("pretty", u"prettify"_s, "[1.0,{}]", 0, "[\n  1.0,\n  {}\n]\n", {});
         add("unchanged", u"prettify"_s, "no JSON\n", 1, "no JSON\n", u"left unchanged"_s);
-        add("fixed", u"fix-newlines"_s, broken, 0, "{\"slides\":[{\"main\":\"a\\nb\"}]}");
+        add("fixed", u"fix-newlines"_s, broken, 0, "{\"slides\":[{\"main\":\"a\\nb\"}]}", {});
     }
 
     void contentCommands()
@@ -119,21 +112,21 @@ private slots:
         QFETCH(QByteArray, input);
         QFETCH(QByteArray, output);
         QFETCH(QString, error);
-        const Outcome fromInput = m_tool->run({u"content"_s, command, u"-"_s}, input);
+        const Outcome fromInput = m_tool->run(u"content %1 -"_s.arg(command), input);
         QTEST(fromInput.status, "status");
         QCOMPARE(fromInput.out, output);
         QVERIFY2(error.isEmpty() ? fromInput.err.isEmpty() : fromInput.error().contains(error),
                  fromInput.err.constData());
 
         m_tool->write(u"-file"_s, input);
-        const Outcome fromFile = m_tool->run({u"content"_s, command, u"--"_s, u"-file"_s});
+        const Outcome fromFile = m_tool->run(u"content %1 -- -file"_s.arg(command));
         QCOMPARE(fromFile.status, fromInput.status);
         QCOMPARE(fromFile.out, output);
     }
 
     void inputThatComesInParts()
     {
-        const auto process = m_tool->prepare({u"content"_s, u"parse"_s, u"-"_s});
+        const auto process = m_tool->prepare(u"content parse -"_s);
         process->start();
         const QByteArray lines = QByteArray("line\n").repeated(50'000);
         process->write(lines);
@@ -146,12 +139,10 @@ private slots:
 
     void outputThatCannotBeWritten_data()
     {
-        QTest::addColumn<QString>("redirection");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QString>("error");
-        QTest::newRow("full disk") << u"> /dev/full"_s << 1 << u"No space left on device"_s;
-        QTest::newRow("closed") << u">&-"_s << 1 << u"standard output could not be written"_s;
-        QTest::newRow("no reader") << u"| true; exit ${PIPESTATUS[0]}"_s << 141 << QString();
+        const auto row = table<QString, int, QString>({"redirection", "status", "error"});
+        row("full disk", u"> /dev/full"_s, 1, u"No space left on device"_s);
+        row("closed", u">&-"_s, 1, u"standard output could not be written"_s);
+        row("no reader", u"| true; exit ${PIPESTATUS[0]}"_s, 141, QString());
     }
 
     void outputThatCannotBeWritten()
@@ -160,12 +151,7 @@ private slots:
         QFETCH(QString, error);
         // Long enough for a reader to be gone before the end.
         m_tool->write(u"lines"_s, QByteArray("line\n").repeated(100'000));
-        const auto process = m_tool->prepare({});
-        process->setProgram(u"bash"_s);
-        process->setArguments(
-            {u"-c"_s, u"'%1' content parse lines %2"_s.arg(QStringLiteral(MOSSLANTERN_CLI), redirection)});
-        process->start();
-        const Outcome outcome = Tool::finish(*process);
+        const Outcome outcome = m_tool->runShell(u"'%1' content parse lines "_s + redirection);
         QTEST(outcome.status, "status");
         QVERIFY2(error.isEmpty() ? outcome.err.isEmpty() : outcome.error().contains(error),
                  outcome.err.constData());
@@ -173,10 +159,9 @@ private slots:
 
     void preferencesBelongToTheUser()
     {
-        QCOMPARE(m_tool->run({u"preferences"_s, u"get"_s, u"openAiApiKey"_s}).out, "\n");
-        QCOMPARE(m_tool->run({u"preferences"_s, u"set"_s, u"openAiApiKey"_s, u"-"_s}, "sk-key\n").status, 0);
-        const Outcome stored = m_tool->run({u"preferences"_s, u"get"_s, u"openAiApiKey"_s});
-        QCOMPARE(stored.out, "sk-key\n");
+        QCOMPARE(m_tool->run(u"preferences get openAiApiKey"_s).out, "\n");
+        QCOMPARE(m_tool->run(u"preferences set openAiApiKey -"_s, "sk-key\n").status, 0);
+        QCOMPARE(m_tool->run(u"preferences get openAiApiKey"_s).out, "sk-key\n");
         const QStringList files = m_tool->files(u"."_s);
         QCOMPARE(files.size(), 1);
         QCOMPARE(QFileInfo(m_tool->path(files.first())).permissions() &
