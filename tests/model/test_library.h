@@ -8,10 +8,54 @@
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
 namespace mosslantern {
+
+inline QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+inline void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+/// Who may do what with a file or folder; -1 when there is none.
+inline int modeOf(const QString &path)
+{
+    struct stat status = {};
+    const bool exists = ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    return exists ? static_cast<int>(status.st_mode & 0777) : -1;
+}
+
+/// While it exists no file of this process may grow beyond `bytes`, as if the disk were full.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &m_original);
+        const rlimit full = {bytes, m_original.rlim_max};
+        if (::setrlimit(RLIMIT_FSIZE, &full) != 0)
+            qFatal("cannot limit the size of files");
+    }
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &m_original); }
+    Q_DISABLE_COPY_MOVE(FullDisk)
+
+private:
+    rlimit m_original = {};
+};
 
 /// A library in a temporary folder.
 class TestLibrary
@@ -54,10 +98,8 @@ public:
 
     QString writeFile(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(name));
-        return file.fileName();
+        mosslantern::writeFile(path(name), bytes);
+        return path(name);
     }
 
     /// An asset whose file does not exist.
@@ -114,11 +156,5 @@ private:
     size_t m_size = 0;
     std::FILE *m_stream;
 };
-
-inline QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
 
 } // namespace mosslantern
