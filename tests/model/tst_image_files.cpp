@@ -1,15 +1,10 @@
 #include "model/collection.h"
 #include "model/image_files.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
-#include <QtTest/QTest>
-
-#include <sys/resource.h>
-#include <sys/stat.h>
-
-#include <csignal>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -37,16 +32,15 @@ class ImageFilesTest : public QObject
 private slots:
     void importKeepsNameAndExtension_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("extension");
-        QTest::newRow("case") << u"Sunset.JPG"_s << u"JPG"_s;
-        QTest::newRow("two full stops") << u"archive.tar.gz"_s << u"gz"_s;
-        QTest::newRow("no extension") << u"picture"_s << u""_s;
-        QTest::newRow("full stop at the end") << u"name."_s << u""_s;
-        QTest::newRow("hidden") << u".hidden"_s << u""_s;
-        QTest::newRow("hidden with extension") << u".hidden.png"_s << u"png"_s;
-        QTest::newRow("unicode") << u"Bäume 🌳 100% #1?.ЖПГ"_s << u"ЖПГ"_s;
-        QTest::newRow("spaces") << u" a b .j p g "_s << u"j p g "_s;
+        const auto row = table<QString, QString>({"name", "extension"});
+        row("case", u"Sunset.JPG"_s, u"JPG"_s);
+        row("two full stops", u"archive.tar.gz"_s, u"gz"_s);
+        row("no extension", u"picture"_s, u""_s);
+        row("full stop at the end", u"name."_s, u""_s);
+        row("hidden", u".hidden"_s, u""_s);
+        row("hidden with extension", u".hidden.png"_s, u"png"_s);
+        row("unicode", u"Bäume 🌳 100% #1?.ЖПГ"_s, u"ЖПГ"_s);
+        row("spaces", u" a b .j p g "_s, u"j p g "_s);
     }
 
     void importKeepsNameAndExtension()
@@ -73,9 +67,7 @@ private slots:
             const QString copy = library.location().assetFolder() + u'/' + asset->filename();
             QCOMPARE(asset->fileURL(), QUrl::fromLocalFile(copy));
             QVERIFY(readFile(copy) == bytes);
-            struct stat status = {};
-            QCOMPARE(::stat(QFile::encodeName(copy).constData(), &status), 0);
-            QCOMPARE(status.st_mode & 0777, 0600U);
+            QCOMPARE(modeOf(copy), 0600);
         }
         QCOMPARE(namesIn(library.location().assetFolder()).size(), 2);
         QCOMPARE(console.lines(), QStringList());
@@ -84,18 +76,16 @@ private slots:
 
     void failedImportPrintsTheReason_data()
     {
-        QTest::addColumn<QUrl>("file");
-        QTest::addColumn<QString>("reason");
-        QTest::newRow("missing") << QUrl(u"file:///nowhere/x.png"_s)
-                                 << u"“/nowhere/x.png” could not be read: No such file or directory"_s;
-        QTest::newRow("folder") << QUrl(u"file:///tmp"_s) << u"“/tmp” could not be read: Is a directory"_s;
-        QTest::newRow("device") << QUrl(u"file:///dev/null"_s)
-                                << u"“/dev/null” could not be read: Invalid argument"_s;
+        const auto row = table<QUrl, QString>({"file", "reason"});
+        row("missing", QUrl(u"file:///nowhere/x.png"_s),
+            u"“/nowhere/x.png” could not be read: No such file or directory"_s);
+        row("folder", QUrl(u"file:///tmp"_s), u"“/tmp” could not be read: Is a directory"_s);
+        row("device", QUrl(u"file:///dev/null"_s), u"“/dev/null” could not be read: Invalid argument"_s);
         const QString longName = u"x."_s + QString(240, u'j');
-        QTest::newRow("long extension") << QUrl::fromLocalFile(u"/"_s + longName)
-                                        << u"The extension of “%1” is too long."_s.arg(longName);
-        QTest::newRow("remote") << QUrl(u"https://example.org/x.png"_s)
-                                << u"“https://example.org/x.png” is not a file on this computer."_s;
+        row("long extension", QUrl::fromLocalFile(u"/"_s + longName),
+            u"The extension of “%1” is too long."_s.arg(longName));
+        row("remote", QUrl(u"https://example.org/x.png"_s),
+            u"“https://example.org/x.png” is not a file on this computer."_s);
     }
 
     void failedImportPrintsTheReason()
@@ -138,15 +128,11 @@ private slots:
         TestLibrary library;
         const QString picture = library.writeFile(u"x.png"_s, QByteArray(600'000, 'x'));
         library.store();
-        ::signal(SIGXFSZ, SIG_IGN);
-        rlimit original = {};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &original), 0);
-        const rlimit full = {300'000, original.rlim_max};
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &full), 0);
         const ConsoleCapture console;
-        const auto imported = importFile(library, picture);
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &original), 0);
-        QVERIFY(!imported);
+        {
+            const FullDisk full(300'000);
+            QVERIFY(!importFile(library, picture));
+        }
         QVERIFY(console.lines()[0].endsWith(u"could not be written: File too large"_s));
         QVERIFY(namesIn(library.location().assetFolder()).isEmpty());
     }

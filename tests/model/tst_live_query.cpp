@@ -1,11 +1,11 @@
 #include "model/collection.h"
 #include "model/live_query.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtCore/QRandomGenerator>
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -144,7 +144,7 @@ private slots:
 
     void agreesWithEvaluationFromNothing_data()
     {
-        QTest::addColumn<quint32>("seed");
+        table<quint32>({"seed"});
         for (quint32 seed = 1; seed <= 6; ++seed)
             QTest::addRow("seed %u", seed) << seed;
     }

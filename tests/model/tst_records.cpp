@@ -2,9 +2,9 @@
 #include "model/content_template.h"
 #include "model/slide_preset.h"
 #include "tests/model/test_library.h"
+#include "tests/table.h"
 
 #include <QtTest/QSignalSpy>
-#include <QtTest/QTest>
 
 #include <limits>
 
@@ -101,14 +101,12 @@ private slots:
 
     void orderOfSlides_data()
     {
-        QTest::addColumn<QList<int>>("orders");
-        QTest::addColumn<QString>("inOrder");
-        QTest::addColumn<QList<int>>("repaired");
-        QTest::newRow("none") << QList<int>{} << u""_s << QList<int>{};
-        QTest::newRow("all 0") << QList<int>{0, 0, 0} << u"012"_s << QList<int>{0, 1, 2};
-        QTest::newRow("some 0") << QList<int>{5, 0, 2, 0} << u"1320"_s << QList<int>{5, 0, 2, 1};
-        QTest::newRow("negative first") << QList<int>{0, -3, 0} << u"102"_s << QList<int>{1, -3, 2};
-        QTest::newRow("equal, not 0") << QList<int>{4, 4, 1} << u"201"_s << QList<int>{4, 4, 1};
+        const auto row = table<QList<int>, QString, QList<int>>({"orders", "inOrder", "repaired"});
+        row("none", {}, u""_s, {});
+        row("all 0", {0, 0, 0}, u"012"_s, {0, 1, 2});
+        row("some 0", {5, 0, 2, 0}, u"1320"_s, {5, 0, 2, 1});
+        row("negative first", {0, -3, 0}, u"102"_s, {1, -3, 2});
+        row("equal, not 0", {4, 4, 1}, u"201"_s, {4, 4, 1});
     }
 
     void orderOfSlides()

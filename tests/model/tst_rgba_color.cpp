@@ -1,6 +1,5 @@
 #include "model/rgba_color.h"
-
-#include <QtTest/QTest>
+#include "tests/table.h"
 
 #include <limits>
 
@@ -26,10 +25,9 @@ class RgbaColorTest : public QObject
 private slots:
     void decode_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<RgbaColor>("color");
-        const auto row = [](const QString &text, const RgbaColor &color) {
-            QTest::newRow(qPrintable(u"“%1”"_s.arg(text))) << text << color;
+        const auto add = table<QString, RgbaColor>({"text", "color"});
+        const auto row = [&](const QString &text, const RgbaColor &color) {
+            add(qPrintable(u"“%1”"_s.arg(text)), text, color);
         };
         row(u"FF0000"_s, bytes(255, 0, 0));
         row(u" \n#ff0000\r\n\t"_s, bytes(255, 0, 0));
@@ -60,16 +58,15 @@ private slots:
 
     void encode_data()
     {
-        QTest::addColumn<RgbaColor>("color");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("white") << RgbaColor{1, 1, 1, 1} << u"FFFFFF"_s;
-        QTest::newRow("black") << RgbaColor{0, 0, 0, 1} << u"000000"_s;
-        QTest::newRow("truncated, not rounded") << RgbaColor{1, 1, 1, 0.5} << u"FFFFFF7F"_s;
-        QTest::newRow("almost opaque") << RgbaColor{0, 0, 0, 0.9999} << u"000000FE"_s;
-        QTest::newRow("transparent") << RgbaColor{0.1, 0.2, 0.3, 0} << u"19334C00"_s;
-        QTest::newRow("wide gamut") << RgbaColor{1.5, -0.2, infinite, 7} << u"FF00FF"_s;
-        QTest::newRow("red is no number") << RgbaColor{notANumber, 0, 0, 1} << u"FFFFFF"_s;
-        QTest::newRow("opacity is no number") << RgbaColor{0, 0, 0, notANumber} << u"FFFFFF"_s;
+        const auto row = table<RgbaColor, QString>({"color", "text"});
+        row("white", {1, 1, 1, 1}, u"FFFFFF"_s);
+        row("black", {0, 0, 0, 1}, u"000000"_s);
+        row("truncated, not rounded", {1, 1, 1, 0.5}, u"FFFFFF7F"_s);
+        row("almost opaque", {0, 0, 0, 0.9999}, u"000000FE"_s);
+        row("transparent", {0.1, 0.2, 0.3, 0}, u"19334C00"_s);
+        row("wide gamut", {1.5, -0.2, infinite, 7}, u"FF00FF"_s);
+        row("red is no number", {notANumber, 0, 0, 1}, u"FFFFFF"_s);
+        row("opacity is no number", {0, 0, 0, notANumber}, u"FFFFFF"_s);
     }
 
     void encode()
