@@ -1,6 +1,5 @@
 #include "render/pixels/alpha_plane.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 #include <cmath>
 #include <numeric>
@@ -58,14 +57,13 @@ class TestAlphaPlane : public QObject
 private slots:
     void blurIsGaussian_data()
     {
-        QTest::addColumn<double>("sigma");
-        QTest::addColumn<QSize>("size");
-        QTest::newRow("kernel") << 1.0 << QSize(60, 40);
-        QTest::newRow("wide kernel") << 3.9 << QSize(100, 60);
-        QTest::newRow("halved once") << 4.0 << QSize(101, 61);
-        QTest::newRow("halved twice") << 10.0 << QSize(203, 149);
-        QTest::newRow("halved thrice") << 30.0 << QSize(300, 301);
-        QTest::newRow("wider than the plane") << 30.0 << QSize(9, 7);
+        const auto row = table<double, QSize>({"sigma", "size"});
+        row("kernel", 1.0, QSize(60, 40));
+        row("wide kernel", 3.9, QSize(100, 60));
+        row("halved once", 4.0, QSize(101, 61));
+        row("halved twice", 10.0, QSize(203, 149));
+        row("halved thrice", 30.0, QSize(300, 301));
+        row("wider than the plane", 30.0, QSize(9, 7));
     }
 
     void blurIsGaussian()
@@ -99,16 +97,16 @@ private slots:
 
     void shiftMoves_data()
     {
-        QTest::addColumn<QPointF>("offset");
-        QTest::addColumn<QList<int>>("row"); // the middle row of a single 200 at (2, 1) of 5 × 3
-        QTest::newRow("not at all") << QPointF(0, 0) << QList<int>{0, 0, 200, 0, 0};
-        QTest::newRow("right") << QPointF(2, 0) << QList<int>{0, 0, 0, 0, 200};
-        QTest::newRow("left") << QPointF(-1, 0) << QList<int>{0, 200, 0, 0, 0};
-        QTest::newRow("out of sight") << QPointF(9, 0) << QList<int>{0, 0, 0, 0, 0};
-        QTest::newRow("half a pixel right") << QPointF(0.5, 0) << QList<int>{0, 0, 100, 100, 0};
-        QTest::newRow("half a pixel left") << QPointF(-0.5, 0) << QList<int>{0, 100, 100, 0, 0};
-        QTest::newRow("a quarter down") << QPointF(0, 0.25) << QList<int>{0, 0, 150, 0, 0};
-        QTest::newRow("a quarter up") << QPointF(0, -0.25) << QList<int>{0, 0, 150, 0, 0};
+        // "row" is the middle one of 5 × 3 pixels with a single 200 at (2, 1).
+        const auto row = table<QPointF, QList<int>>({"offset", "row"});
+        row("not at all", {0, 0}, {0, 0, 200, 0, 0});
+        row("right", {2, 0}, {0, 0, 0, 0, 200});
+        row("left", {-1, 0}, {0, 200, 0, 0, 0});
+        row("out of sight", {9, 0}, {0, 0, 0, 0, 0});
+        row("half a pixel right", {0.5, 0}, {0, 0, 100, 100, 0});
+        row("half a pixel left", {-0.5, 0}, {0, 100, 100, 0, 0});
+        row("a quarter down", {0, 0.25}, {0, 0, 150, 0, 0});
+        row("a quarter up", {0, -0.25}, {0, 0, 150, 0, 0});
     }
 
     void shiftMoves()

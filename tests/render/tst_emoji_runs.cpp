@@ -1,6 +1,5 @@
 #include "render/text/emoji_runs.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -12,11 +11,7 @@ class TestEmojiRuns : public QObject
 private slots:
     void finds_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("runs");
-        const auto row = [](const char *name, const QString &text, const QStringList &runs) {
-            QTest::newRow(name) << text << runs;
-        };
+        const auto row = table<QString, QStringList>({"text", "runs"});
         row("none", u"plain 123 #* text"_s, {});
         row("single", u"a😀b"_s, {u"😀"_s});
         row("neighbours are two", u"😀😀"_s, {u"😀"_s, u"😀"_s});

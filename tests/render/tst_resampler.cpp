@@ -1,6 +1,5 @@
 #include "render/pixels/resampler.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 #include <random>
 
@@ -61,17 +60,12 @@ private slots:
 
     void rows_data()
     {
-        QTest::addColumn<QList<int>>("from");
-        QTest::addColumn<QRectF>("source");
-        QTest::addColumn<QList<int>>("to");
-        QTest::newRow("doubled") << QList<int>{0, 100} << QRectF(0, 0, 2, 1) << QList<int>{0, 25, 75, 100};
-        QTest::newRow("half a pixel aside")
-            << QList<int>{0, 100, 200} << QRectF(0.5, 0, 2, 1) << QList<int>{50, 150};
-        QTest::newRow("halved") << QList<int>{0, 80, 160, 240, 240, 240} << QRectF(0, 0, 6, 1)
-                                << QList<int>{50, 190, 240};
-        QTest::newRow("beyond the edge")
-            << QList<int>{10, 20} << QRectF(-1, 0, 4, 1) << QList<int>{10, 10, 20, 20};
-        QTest::newRow("one pixel") << QList<int>{77} << QRectF(0, 0, 1, 1) << QList<int>{77, 77, 77};
+        const auto row = table<QList<int>, QRectF, QList<int>>({"from", "source", "to"});
+        row("doubled", {0, 100}, QRectF(0, 0, 2, 1), {0, 25, 75, 100});
+        row("half a pixel aside", {0, 100, 200}, QRectF(0.5, 0, 2, 1), {50, 150});
+        row("halved", {0, 80, 160, 240, 240, 240}, QRectF(0, 0, 6, 1), {50, 190, 240});
+        row("beyond the edge", {10, 20}, QRectF(-1, 0, 4, 1), {10, 10, 20, 20});
+        row("one pixel", {77}, QRectF(0, 0, 1, 1), {77, 77, 77});
     }
 
     void rows()
@@ -94,10 +88,10 @@ private slots:
 
     void rowsDoNotDependOnTheirGrouping_data()
     {
-        QTest::addColumn<QSize>("target");
-        QTest::newRow("enlarged") << QSize(211, 307);
-        QTest::newRow("reduced") << QSize(31, 17);
-        QTest::newRow("a little reduced") << QSize(79, 90);
+        const auto row = table<QSize>({"target"});
+        row("enlarged", QSize(211, 307));
+        row("reduced", QSize(31, 17));
+        row("a little reduced", QSize(79, 90));
     }
 
     void rowsDoNotDependOnTheirGrouping()

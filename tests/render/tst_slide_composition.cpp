@@ -1,7 +1,6 @@
 #include "drawn.h"
 #include "render/text/fonts.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 #include <cstring>
 
@@ -35,14 +34,12 @@ private slots:
 
     void rowsDoNotDependOnTheirGrouping_data()
     {
-        QTest::addColumn<Background>("background");
-        QTest::addColumn<double>("pixelRatio");
-        QTest::newRow("opaque picture") << pictureBackground(QImage::Format_RGBX8888) << 2.0;
-        QTest::newRow("transparent picture")
-            << pictureBackground(QImage::Format_RGBA8888_Premultiplied) << 2.0;
-        QTest::newRow("no picture") << Background(noPictureColor) << 2.0;
-        QTest::newRow("missing picture") << Background(missingPictureColor) << 2.0;
-        QTest::newRow("missing picture, wide blur") << Background(missingPictureColor) << 10.0;
+        const auto row = table<Background, double>({"background", "pixelRatio"});
+        row("opaque picture", pictureBackground(QImage::Format_RGBX8888), 2.0);
+        row("transparent picture", pictureBackground(QImage::Format_RGBA8888_Premultiplied), 2.0);
+        row("no picture", Background(noPictureColor), 2.0);
+        row("missing picture", Background(missingPictureColor), 2.0);
+        row("missing picture, wide blur", Background(missingPictureColor), 10.0);
     }
 
     void rowsDoNotDependOnTheirGrouping()
@@ -117,13 +114,6 @@ private slots:
         QCOMPARE(image.pixelColor(2, 100), QColor(Qt::blue));
         QVERIFY(image.pixelColor(97, 100).green() > 250);
         QCOMPARE(image.pixelColor(30, 2), QColor(Qt::blue));
-    }
-
-    void exportSizes()
-    {
-        QCOMPARE(exportCanvas(AspectRatio::tiktok).pixelSize(), QSize(2160, 3840));
-        QCOMPARE(exportCanvas(AspectRatio::instagram).pixelSize(), QSize(960, 1200));
-        QCOMPARE(exportCanvas(AspectRatio::square).pixelSize(), QSize(240, 240));
     }
 
     void fittedCanvasKeepsItsShape()

@@ -1,6 +1,5 @@
 #include "render/text/style_look.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 #include <limits>
 
@@ -13,14 +12,12 @@ class TestStyleLook : public QObject
 private slots:
     void fontSizes_data()
     {
-        QTest::addColumn<double>("canvasWidth");
-        QTest::addColumn<QList<double>>("sizes"); // in the order of the styles
-        QTest::newRow("350") << 350.0 << QList<double>{32, 28.8, 35.2, 32};
-        QTest::newRow("export") << 1080.0 << QList<double>{96, 86.4, 105.6, 96};
-        QTest::newRow("largest") << 1050.0 << QList<double>{96, 86.4, 105.6, 96};
-        QTest::newRow("smallest") << 30.0 << QList<double>{3.2, 2.88, 3.52, 3.2};
-        QTest::newRow("not a number")
-            << std::numeric_limits<double>::quiet_NaN() << QList<double>{96, 86.4, 105.6, 96};
+        const auto row = table<double, QList<double>>({"canvasWidth", "sizes"}); // in the order of the styles
+        row("350", 350.0, QList<double>{32, 28.8, 35.2, 32});
+        row("export", 1080.0, QList<double>{96, 86.4, 105.6, 96});
+        row("largest", 1050.0, QList<double>{96, 86.4, 105.6, 96});
+        row("smallest", 30.0, QList<double>{3.2, 2.88, 3.52, 3.2});
+        row("not a number", std::numeric_limits<double>::quiet_NaN(), QList<double>{96, 86.4, 105.6, 96});
     }
 
     void fontSizes()
@@ -35,16 +32,14 @@ private slots:
     {
         constexpr RgbaColor black{0, 0, 0, 1};
         constexpr RgbaColor white{1, 1, 1, 1};
-        QTest::addColumn<RgbaColor>("box");
-        QTest::addColumn<RgbaColor>("text");
-        QTest::newRow("white") << white << black;
-        QTest::newRow("black") << black << white;
-        QTest::newRow("exactly half") << RgbaColor{0.25, 0.5, 0.75, 1} << white;
-        QTest::newRow("just above half") << RgbaColor{0.5, 0.5, 0.501, 1} << black;
-        QTest::newRow("pure green is dark") << RgbaColor{0, 1, 0, 1} << white;
-        QTest::newRow("clear black") << RgbaColor{0, 0, 0, 0} << white;
-        QTest::newRow("no device colour")
-            << RgbaColor{std::numeric_limits<double>::quiet_NaN(), 0, 0, 1} << black;
+        const auto row = table<RgbaColor, RgbaColor>({"box", "text"});
+        row("white", white, black);
+        row("black", black, white);
+        row("exactly half", RgbaColor{0.25, 0.5, 0.75, 1}, white);
+        row("just above half", RgbaColor{0.5, 0.5, 0.501, 1}, black);
+        row("pure green is dark", RgbaColor{0, 1, 0, 1}, white);
+        row("clear black", RgbaColor{0, 0, 0, 0}, white);
+        row("no device colour", RgbaColor{std::numeric_limits<double>::quiet_NaN(), 0, 0, 1}, black);
     }
 
     void contrast()

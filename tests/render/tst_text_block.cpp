@@ -1,7 +1,6 @@
 #include "drawn.h"
 #include "render/text/fonts.h"
-
-#include <QtTest/QtTest>
+#include "tests/table.h"
 
 #include <limits>
 
@@ -44,18 +43,14 @@ private slots:
 
     void boxesStandWhereTheyBelong_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QPointF>("position");
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<int>("lines");
-        QTest::newRow("centre") << u"Hello"_s << QPointF(0.5, 0.5) << 1.0 << 1;
-        QTest::newRow("elsewhere, scaled") << u"Hello"_s << QPointF(0.4, 0.3) << 1.7 << 1;
-        QTest::newRow("small") << u"Hello there"_s << QPointF(0.6, 0.7) << 0.4 << 1;
-        QTest::newRow("three lines, an empty one") << u"A\n\nB"_s << QPointF(0.5, 0.5) << 1.0 << 3;
-        QTest::newRow("carriage return and line feed") << u"A\r\nB"_s << QPointF(0.5, 0.5) << 1.0 << 3;
-        QTest::newRow("every line break")
-            << u"A\vB\fC\u0085D\u2028E\u2029F"_s << QPointF(0.5, 0.5) << 0.7 << 6;
-        QTest::newRow("nothing") << QString() << QPointF(0.5, 0.5) << 1.0 << 1;
+        const auto row = table<QString, QPointF, double, int>({"text", "position", "scale", "lines"});
+        row("centre", u"Hello"_s, {0.5, 0.5}, 1.0, 1);
+        row("elsewhere, scaled", u"Hello"_s, {0.4, 0.3}, 1.7, 1);
+        row("small", u"Hello there"_s, {0.6, 0.7}, 0.4, 1);
+        row("three lines, an empty one", u"A\n\nB"_s, {0.5, 0.5}, 1.0, 3);
+        row("carriage return and line feed", u"A\r\nB"_s, {0.5, 0.5}, 1.0, 3);
+        row("every line break", u"A\vB\fC\u0085D\u2028E\u2029F"_s, {0.5, 0.5}, 0.7, 6);
+        row("nothing", QString(), {0.5, 0.5}, 1.0, 1);
     }
 
     void boxesStandWhereTheyBelong()
@@ -93,9 +88,7 @@ private slots:
 
     void linesAreNotWrapped()
     {
-        const QString longLine = QString(60, u'm');
-        const QImage image = drawn(slide(TextStyle::boxed, longLine, red), canvas);
-        const QRect box = boundsOf(image, isRed);
+        const QRect box = boundsOf(drawn(slide(TextStyle::boxed, QString(60, u'm'), red), canvas), isRed);
         QCOMPARE(box.left(), 0);
         QCOMPARE(box.right(), 699);
         QVERIFY(box.height() < 90);
@@ -111,27 +104,22 @@ private slots:
         QVERIFY(std::abs(cut.width() - whole.width() / 2) <= 1);
     }
 
-    void outlineReaches_data()
-    {
-        QTest::addColumn<double>("scale");
-        QTest::newRow("natural size") << 1.0;
-        QTest::newRow("scaled") << 3.0;
-        QTest::newRow("fraction of a pixel") << 1.3;
-    }
-
     void outlineReaches()
     {
-        QFETCH(double, scale);
         SlideValues values = slide(TextStyle::classic, u"I"_s, black);
-        values.textScale = scale;
-        const QImage image = drawn(values, canvas);
-        const int middle = 400;
-        const QRect letter = boundsOf(image, isWhite, QRect(0, middle, 700, 1));
-        const QRect outline = boundsOf(image, isDark, QRect(0, middle, 700, 1));
-        // Diagonal copies of one point, twice over in each direction: two points of hard edge, then the blur.
-        const double points = (letter.left() - outline.left()) / (2 * scale);
-        QVERIFY2(points > 1.6 && points < 2.8, qPrintable(u"%1 points"_s.arg(points)));
-        QVERIFY(std::abs(letter.left() - outline.left() - (outline.right() - letter.right())) <= 1);
+        for (const double scale : {1.0, 3.0, 1.3}) {
+            values.textScale = scale;
+            const QImage image = drawn(values, canvas);
+            const QRect middle(0, 400, 700, 1);
+            const QRect letter = boundsOf(image, isWhite, middle);
+            const QRect outline = boundsOf(image, isDark, middle);
+            // Diagonal copies of one point, twice over in each direction: two points of hard edge, then the
+            // blur.
+            const int left = letter.left() - outline.left();
+            const double points = left / (2 * scale);
+            QVERIFY2(points > 1.6 && points < 2.8, qPrintable(u"%1 points at %2"_s.arg(points).arg(scale)));
+            QVERIFY(std::abs(left - (outline.right() - letter.right())) <= 1);
+        }
     }
 
     void outlineOfAClearColourIsNone()
@@ -158,23 +146,21 @@ private slots:
 
     void pillsStandBehindSubtitlesOnly_data()
     {
-        QTest::addColumn<int>("style");
-        QTest::addColumn<QString>("subtitle");
-        QTest::addColumn<bool>("pill");
-        QTest::newRow("modern") << int(TextStyle::modern) << u"sub"_s << true;
-        QTest::newRow("neon") << int(TextStyle::neon) << u"sub"_s << true;
-        QTest::newRow("a space") << int(TextStyle::modern) << u" "_s << true;
-        QTest::newRow("none") << int(TextStyle::modern) << QString() << false;
-        QTest::newRow("classic") << int(TextStyle::classic) << u" "_s << false;
+        const auto row = table<TextStyle, QString, bool>({"style", "subtitle", "pill"});
+        row("modern", TextStyle::modern, u"sub"_s, true);
+        row("neon", TextStyle::neon, u"sub"_s, true);
+        row("a space", TextStyle::modern, u" "_s, true);
+        row("none", TextStyle::modern, QString(), false);
+        row("classic", TextStyle::classic, u" "_s, false);
     }
 
     void pillsStandBehindSubtitlesOnly()
     {
-        QFETCH(int, style);
+        QFETCH(TextStyle, style);
         QFETCH(QString, subtitle);
         QFETCH(bool, pill);
         // The main text is a space: in these styles it shows nothing at all.
-        SlideValues values = slide(static_cast<TextStyle>(style), u" "_s, clear);
+        SlideValues values = slide(style, u" "_s, clear);
         values.subtitle = subtitle;
         const QImage image = drawn(values, canvas, Qt::white);
         const auto isPill = [](const QColor &color) { return color.red() > 90 && color.red() < 115; };
@@ -237,15 +223,14 @@ private slots:
 
     void absurdValuesAreBounded_data()
     {
-        QTest::addColumn<double>("scale");
-        QTest::addColumn<QPointF>("position");
+        const auto row = table<double, QPointF>({"scale", "position"});
         const double nan = std::numeric_limits<double>::quiet_NaN();
         const double infinity = std::numeric_limits<double>::infinity();
         for (const double scale : {0.0, 1e-9, 50.0, 1e4, 1e12, 1e300, infinity, nan, -1.0, -1e9})
             QTest::addRow("scale %g", scale) << scale << QPointF(0.5, 0.5);
-        QTest::newRow("far away") << 1.0 << QPointF(1e9, -1e9);
-        QTest::newRow("nowhere") << 1.0 << QPointF(nan, infinity);
-        QTest::newRow("far away and large") << 1e6 << QPointF(1e6, 0.5);
+        row("far away", 1.0, {1e9, -1e9});
+        row("nowhere", 1.0, {nan, infinity});
+        row("far away and large", 1e6, {1e6, 0.5});
     }
 
     void absurdValuesAreBounded()
@@ -264,12 +249,12 @@ private slots:
 
     void endlessTextsAreBounded_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("letters") << QString(300'000, u'x');
-        QTest::newRow("words") << u"word "_s.repeated(100'000);
-        QTest::newRow("emoji") << u"🎉"_s.repeated(40'000);
-        QTest::newRow("joined letters") << u"الله "_s.repeated(20'000);
-        QTest::newRow("lines") << u"line\n"_s.repeated(100'000);
+        const auto row = table<QString>({"text"});
+        row("letters", QString(300'000, u'x'));
+        row("words", u"word "_s.repeated(100'000));
+        row("emoji", u"🎉"_s.repeated(40'000));
+        row("joined letters", u"الله "_s.repeated(20'000));
+        row("lines", u"line\n"_s.repeated(100'000));
     }
 
     void endlessTextsAreBounded()
