@@ -26,11 +26,6 @@ public:
             library.addAsset(QStringLiteral("asset %1.png").arg(i), collection);
     }
 
-    Collection *addCollection()
-    {
-        return library.store().insert(std::make_unique<Collection>(QStringLiteral("collection")));
-    }
-
     /// Runs to the end; assets have no files here, of which nothing need be said.
     Result<GeneratedBatch> generate()
     {

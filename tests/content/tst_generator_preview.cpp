@@ -53,7 +53,7 @@ private slots:
         SlideshowGenerator &generator = studio.generator;
         generator.setTextInput(threeLines.repeated(10));
         QVERIFY(generator.previewAssetMapping().isEmpty());
-        Collection *collection = studio.addCollection();
+        Collection *collection = studio.library.addCollection(u"c"_s);
         studio.addAssets(20);
         studio.addAssets(20, collection);
         QVERIFY(generator.previewAssetMapping().isEmpty());

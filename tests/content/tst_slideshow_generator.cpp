@@ -112,8 +112,8 @@ private slots:
     void drawsFromSource()
     {
         Studio studio;
-        Collection *full = studio.addCollection();
-        Collection *empty = studio.addCollection();
+        Collection *full = studio.library.addCollection(u"c"_s);
+        Collection *empty = studio.library.addCollection(u"c"_s);
         studio.addAssets(3);
         studio.addAssets(2, full);
         studio.generator.setTextInput(threeLines);
@@ -241,10 +241,8 @@ private slots:
         waiting[0]->write(chatAnswer('[' + oneSlide + ',' + oneSlide + ']'));
         const Result<GeneratedBatch> firstBatch = QCoro::waitFor(first);
         QVERIFY(firstBatch->id != secondBatch->id);
-        QStringList names;
-        for (const Slideshow *slideshow : studio.slideshows())
-            names += *slideshow->batchName();
-        QCOMPARE(names, QStringList({u"second"_s, u"first"_s, u"first"_s}));
+        const auto name = [](const Slideshow *slideshow) { return *slideshow->batchName(); };
+        QCOMPARE(textsOf(studio.slideshows(), name), QStringList({u"second"_s, u"first"_s, u"first"_s}));
     }
 
     void survivesItsEnd()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/asset.h"
+#include "model/collection.h"
 #include "model/console.h"
 #include "model/slideshow.h"
 #include "model/store.h"
@@ -57,6 +58,16 @@ private:
     rlimit m_original = {};
 };
 
+/// One field of each record: textsOf(slides, &Slide::text).
+template <typename Records, typename Field>
+QStringList textsOf(const Records &records, Field field)
+{
+    QStringList texts;
+    for (const auto *record : records)
+        texts << std::invoke(field, record);
+    return texts;
+}
+
 /// A library in a temporary folder.
 class TestLibrary
 {
@@ -102,6 +113,11 @@ public:
         return path(name);
     }
 
+    Collection *addCollection(const QString &name)
+    {
+        return store().insert(std::make_unique<Collection>(name));
+    }
+
     /// An asset whose file does not exist.
     Asset *addAsset(const QString &name, Collection *collection = nullptr)
     {
@@ -109,7 +125,8 @@ public:
     }
 
     /// A slideshow with one slide for each text; the slides keep no images of their own.
-    Slideshow *addSlideshow(Asset *asset, const QStringList &texts)
+    Slideshow *addSlideshow(Asset *asset, const QStringList &texts,
+                            const std::optional<QString> &batchName = {})
     {
         std::vector<std::unique_ptr<Slide>> slides;
         std::FILE *const nowhere = std::fopen("/dev/null", "w");
@@ -120,7 +137,7 @@ public:
         setConsoleStream(stdout);
         std::fclose(nowhere);
         return store().insert(
-            std::make_unique<Slideshow>(std::move(slides), AspectRatio::tiktok, QUuid(), std::nullopt));
+            std::make_unique<Slideshow>(std::move(slides), AspectRatio::tiktok, QUuid(), batchName));
     }
 
 private:

@@ -17,8 +17,7 @@ private slots:
     void deletingAnAssetTakesTheSlideshowsThatShowItsFile()
     {
         TestLibrary library;
-        Asset *const asset =
-            library.addAsset(u"gone.jpg"_s, library.store().insert(std::make_unique<Collection>(u"All"_s)));
+        Asset *const asset = library.addAsset(u"gone.jpg"_s, library.addCollection(u"All"_s));
         Asset *const other = library.addAsset(u"other.jpg"_s);
         const Result<Asset *> whole =
             importAsset(QUrl::fromLocalFile(library.writeFile(u"whole.jpg"_s, "bytes")), library.store());
@@ -44,9 +43,8 @@ private slots:
     void slideshowsAreGroupedByBatchNameNewestFirst()
     {
         TestLibrary library;
-        const auto add = [&](const std::optional<QString> &batchName) {
-            return library.store().insert(std::make_unique<Slideshow>(
-                std::vector<std::unique_ptr<Slide>>(), AspectRatio::square, QUuid::createUuid(), batchName));
+        const auto add = [&](const std::optional<QString> &name) {
+            return library.addSlideshow(nullptr, {}, name);
         };
         Slideshow *const cats1 = add(u"Cats"_s);
         Slideshow *const nameless = add(std::nullopt);

@@ -81,10 +81,7 @@ bool nameComesBefore(const Collection &a, const Collection &b)
 
 QStringList names(const LiveQuery<Collection> &query)
 {
-    QStringList names;
-    for (const Collection *collection : query.records())
-        names << collection->name();
-    return names;
+    return textsOf(query.records(), &Collection::name);
 }
 
 } // namespace
@@ -101,14 +98,11 @@ private slots:
         LiveQuery<Collection> query(
             store, [](const Collection &c) { return c.name() != u"hidden"_s; }, nameComesBefore);
         Mirror mirror(query);
-        const auto add = [&](const QString &name) {
-            return store.insert(std::make_unique<Collection>(name));
-        };
-        add(u"b"_s);
-        Collection *const d = add(u"d"_s);
-        add(u"a"_s);
-        add(u"hidden"_s);
-        Collection *const secondB = add(u"b"_s);
+        library.addCollection(u"b"_s);
+        Collection *const d = library.addCollection(u"d"_s);
+        library.addCollection(u"a"_s);
+        library.addCollection(u"hidden"_s);
+        Collection *const secondB = library.addCollection(u"b"_s);
         QCOMPARE(names(query), (QStringList{u"a"_s, u"b"_s, u"b"_s, u"d"_s}));
         QCOMPARE(query.at(2), secondB); // equal names in the store's order
         QCOMPARE(query.indexOf(d), 3);
@@ -181,7 +175,7 @@ private slots:
             switch (random.bounded(9)) {
             case 0:
             case 1:
-                store.insert(std::make_unique<Collection>(randomName()));
+                library.addCollection(randomName());
                 break;
             case 2:
                 if (Collection *const collection = anyCollection())
@@ -250,7 +244,7 @@ private slots:
         QStringList inserted;
         for (int i = 0; i < 20; ++i) { // several in one millisecond
             inserted.prepend(QString::number(i));
-            library.store().insert(std::make_unique<Collection>(inserted[0]));
+            library.addCollection(inserted[0]);
         }
         QCOMPARE(names(query), inserted);
     }
@@ -273,12 +267,12 @@ private slots:
             if (collection->name() != u"remove me"_s)
                 return;
             store.remove(collection);
-            store.insert(std::make_unique<Collection>(u"instead"_s));
+            library.addCollection(u"instead"_s);
             made = std::make_unique<LiveQuery<Collection>>(store);
         });
-        store.insert(std::make_unique<Collection>(u"z"_s));
+        library.addCollection(u"z"_s);
         QCOMPARE(names(last), QStringList(u"z"_s));
-        store.insert(std::make_unique<Collection>(u"remove me"_s));
+        library.addCollection(u"remove me"_s);
         QCOMPARE(names(last), (QStringList{u"instead"_s, u"z"_s}));
         QCOMPARE(names(*made), (QStringList{u"z"_s, u"instead"_s}));
         QCOMPARE(mirror.shown().size(), 2);
@@ -286,7 +280,7 @@ private slots:
         // A change in the middle of showing a new filter.
         connect(&last, &QAbstractItemModel::rowsRemoved, this, [&] {
             if (store.all<Collection>().size() == 2)
-                store.insert(std::make_unique<Collection>(u"added"_s));
+                library.addCollection(u"added"_s);
         });
         last.setFilter([](const Collection &collection) { return collection.name() != u"z"_s; });
         QCOMPARE(names(last), (QStringList{u"added"_s, u"instead"_s}));

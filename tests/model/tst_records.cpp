@@ -18,18 +18,16 @@ class RecordsTest : public QObject
 private slots:
     void enumerations()
     {
-        QStringList styles;
+        QStringList styles, shapes;
         for (const TextStyle style : allTextStyles) {
             styles << rawText(style);
             QCOMPARE(textStyleFromRawText(rawText(style)), style);
         }
-        QCOMPARE(styles, (QStringList{u"classic"_s, u"boxed"_s, u"modern"_s, u"neon"_s}));
-
-        QStringList shapes;
         for (const AspectRatio ratio : allAspectRatios) {
             shapes << u"%1 %2 %3"_s.arg(rawText(ratio), displayName(ratio)).arg(widthToHeight(ratio));
             QCOMPARE(aspectRatioFromRawText(rawText(ratio)), ratio);
         }
+        QCOMPARE(styles, (QStringList{u"classic"_s, u"boxed"_s, u"modern"_s, u"neon"_s}));
         QCOMPARE(shapes, (QStringList{u"9:16 TikTok (9:16) 0.5625"_s, u"4:5 Instagram (4:5) 0.8"_s,
                                       u"1:1 Square (1:1) 1"_s}));
 
@@ -119,10 +117,7 @@ private slots:
         Slideshow *const slideshow = library.addSlideshow(library.addAsset(u"a"_s), texts);
         for (qsizetype i = 0; i < orders.size(); ++i)
             slideshow->slides()[i]->setOrder(orders[i]);
-        QString inOrder;
-        for (const Slide *slide : slideshow->slidesInOrder())
-            inOrder += slide->text();
-        QTEST(inOrder, "inOrder");
+        QTEST(textsOf(slideshow->slidesInOrder(), &Slide::text).join(QString()), "inOrder");
         slideshow->repairSlideOrder();
         QList<int> repaired;
         for (const Slide *slide : slideshow->slides())
@@ -133,8 +128,8 @@ private slots:
     void bothSidesOfARelationAgree()
     {
         TestLibrary library;
-        auto *const first = library.store().insert(std::make_unique<Collection>(u"first"_s));
-        auto *const second = library.store().insert(std::make_unique<Collection>(u"second"_s));
+        auto *const first = library.addCollection(u"first"_s);
+        auto *const second = library.addCollection(u"second"_s);
         Asset *const a = library.addAsset(u"a"_s, first);
         Asset *const b = library.addAsset(u"b"_s, first);
         Asset *const c = library.addAsset(u"c"_s);
@@ -169,8 +164,9 @@ private slots:
         loose.reset();
         QCOMPARE(collection->assets(), (QList{stored, inserted}));
         const auto makeSlideshow = [&] {
-            auto slideshow = std::make_unique<Slideshow>(std::vector<std::unique_ptr<Slide>>(), std::nullopt,
-                                                         QUuid(), std::nullopt);
+            std::vector<std::unique_ptr<Slide>> none;
+            auto slideshow =
+                std::make_unique<Slideshow>(std::move(none), std::nullopt, QUuid(), std::nullopt);
             slideshow->setCollection(collection.get());
             return slideshow;
         };
@@ -193,7 +189,7 @@ private slots:
     void removingACollectionKeepsItsMembers()
     {
         TestLibrary library;
-        auto *const collection = library.store().insert(std::make_unique<Collection>(u"c"_s));
+        auto *const collection = library.addCollection(u"c"_s);
         Asset *const asset = library.addAsset(u"a"_s, collection);
         Slideshow *const slideshow = library.addSlideshow(asset, {u"x"_s});
         slideshow->setCollection(collection);
@@ -219,7 +215,7 @@ private slots:
     void removingAnAssetLeavesItsSlidesWithoutAsset()
     {
         TestLibrary library;
-        auto *const collection = library.store().insert(std::make_unique<Collection>(u"c"_s));
+        auto *const collection = library.addCollection(u"c"_s);
         Asset *const asset = library.addAsset(u"a"_s, collection);
         const Slideshow *const slideshow = library.addSlideshow(asset, {u"x"_s, u"y"_s});
         Slide *const slide = slideshow->slides()[1];
@@ -240,7 +236,7 @@ private slots:
     void removingASlideshowTakesItsSlides()
     {
         TestLibrary library;
-        auto *const collection = library.store().insert(std::make_unique<Collection>(u"c"_s));
+        auto *const collection = library.addCollection(u"c"_s);
         Asset *const asset = library.addAsset(u"a"_s);
         Slideshow *const gone = library.addSlideshow(asset, {u"x"_s, u"y"_s});
         Slideshow *const kept = library.addSlideshow(asset, {u"1"_s, u"2"_s, u"3"_s});
@@ -256,10 +252,7 @@ private slots:
 
         const Store &store = library.reopen();
         QCOMPARE(store.all<Slideshow>().size(), 1U);
-        QStringList texts;
-        for (const Slide *slide : store.all<Slideshow>()[0]->slides())
-            texts << slide->text();
-        QCOMPARE(texts, (QStringList{u"1"_s, u"3"_s}));
+        QCOMPARE(textsOf(store.all<Slideshow>()[0]->slides(), &Slide::text), QStringList({u"1"_s, u"3"_s}));
         QCOMPARE(store.all<Slide>().size(), 2U);
     }
 };

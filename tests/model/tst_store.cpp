@@ -157,10 +157,7 @@ private slots:
         library.store().remove(library.store().all<Asset>()[1]);
         library.addAsset(u"d"_s);
         library.addAsset(u"e"_s);
-        QStringList names;
-        for (const Asset *asset : library.reopen().all<Asset>())
-            names << asset->name();
-        QCOMPARE(names, (QStringList{u"a"_s, u"d"_s, u"e"_s}));
+        QCOMPARE(textsOf(library.reopen().all<Asset>(), &Asset::name), QStringList({u"a"_s, u"d"_s, u"e"_s}));
     }
 
     void oneTurnIsOneSave()
@@ -239,11 +236,7 @@ private slots:
                  qPrintable(failed[0][0].toString()));
         QCOMPARE(slideshow->slides()[0]->text(), u"after"_s);
         QVERIFY(library.store().flush());
-
-        QStringList texts;
-        for (const Slide *slide : library.reopen().all<Slide>())
-            texts << slide->text();
-        QCOMPARE(texts, (QStringList{u"after"_s, u"new"_s}));
+        QCOMPARE(textsOf(library.reopen().all<Slide>(), &Slide::text), QStringList({u"after"_s, u"new"_s}));
     }
 };
 
