@@ -136,11 +136,13 @@ private slots:
         const auto place = [](const QQuickItem &item) { return item.mapRectToScene(item.boundingRect()); };
         for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Up, Qt::Key_Left}) {
             session().key(key);
+            // It scrolls with the next step of an animation that takes no time.
+            const bool isAtTop = key == Qt::Key_Right || key == Qt::Key_Down;
+            QTRY_COMPARE(grid->property("contentY").toDouble() <= 0, isAtTop);
             QQuickItem *const cell = grid->property("currentItem").value<QQuickItem *>();
             QQuickItem *const ring = session().find(u"gridRing"_s);
             QVERIFY(cell && ring);
             QCOMPARE(place(*ring), place(*cell->findChild<Thumbnail *>()).adjusted(-3, -3, 3, 3));
-            QCOMPARE(grid->property("contentY").toDouble() > 0, key != Qt::Key_Right && key != Qt::Key_Down);
         }
     }
 
