@@ -1,5 +1,7 @@
 #include "ui/library/gallery_grid.h"
 
+#include "model/slideshow.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -17,6 +19,12 @@ constexpr int frame = 8;
 size_t place(int index)
 {
     return static_cast<size_t>(index);
+}
+
+/// Whether a card of the layout that was is in the next one, too.
+bool stays(const GalleryLayout::Card &card)
+{
+    return card.slideshow && card.slideshow->store();
 }
 
 } // namespace
@@ -191,7 +199,6 @@ double GalleryGrid::anchoredTop(const GalleryLayout &next) const
     const auto &cards = m_layout.cards();
     const auto below = std::ranges::find_if(
         cards, [this](const GalleryLayout::Card &card) { return card.rect.bottom() > m_viewTop; });
-    const auto stays = [&](const GalleryLayout::Card &card) { return next.indexOf(card.id) >= 0; };
     auto anchor = std::find_if(below, cards.end(), stays);
     if (anchor == cards.end()) {
         const auto above = std::find_if(std::reverse_iterator(below), cards.rend(), stays);
@@ -209,7 +216,6 @@ void GalleryGrid::keepCurrent(const GalleryLayout &next)
     // The card that takes the place of the one that went.
     const auto &cards = m_layout.cards();
     const auto gone = std::ranges::find(cards, m_current, &GalleryLayout::Card::id);
-    const auto stays = [&](const GalleryLayout::Card &card) { return next.indexOf(card.id) >= 0; };
     if (const auto later = std::find_if(gone, cards.end(), stays); later != cards.end())
         m_current = later->id;
     else if (const auto sooner = std::find_if(std::reverse_iterator(gone), cards.rend(), stays);
