@@ -8,6 +8,7 @@
 #include <jpeglib.h>
 #include <zlib.h>
 
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -18,18 +19,10 @@ namespace mosslantern::samples {
 
 namespace {
 
-QByteArray bigEndian(quint32 value)
+/// The four bytes of a number as they stand in memory.
+QByteArray bytesOf(quint32 value)
 {
-    QByteArray bytes(4, Qt::Uninitialized);
-    qToBigEndian(value, bytes.data());
-    return bytes;
-}
-
-QByteArray littleEndian(quint32 value)
-{
-    QByteArray bytes(4, Qt::Uninitialized);
-    qToLittleEndian(value, bytes.data());
-    return bytes;
+    return {reinterpret_cast<const char *>(&value), sizeof value};
 }
 
 /// A TIFF header and a directory whose second entry is the orientation.
@@ -112,34 +105,16 @@ QByteArray jpeg(const QImage &image, const JpegOptions &options)
 
 QByteArray gif()
 {
-    constexpr int width = 30, height = 10;
-    QByteArray bytes("GIF89a\x1e\0\x0a\0\x81\0\0", 13);
-    bytes += QByteArray("\xff\0\0\0\xff\0\0\0\xff\xff\xff\xff", 12);
-    for (const bool white : {false, true}) {
-        bytes += QByteArray("\x2c\0\0\0\0\x1e\0\x0a\0\0\x02", 11);
-        // Codes of three bits; a clear code after each two pixels keeps them from growing.
-        QByteArray data;
-        unsigned bits = 0;
-        int pending = 0;
-        const auto put = [&](unsigned code) {
-            bits |= code << pending;
-            for (pending += 3; pending >= 8; pending -= 8, bits >>= 8)
-                data += char(bits & 0xFF);
-        };
-        for (int i = 0; i < width * height; ++i) {
-            if (i % 2 == 0)
-                put(4);
-            put(white ? 3U : unsigned(i % width / 10));
-        }
-        put(5);
-        data += char(bits);
-        for (; !data.isEmpty(); data = data.sliced(std::min<qsizetype>(200, data.size()))) {
-            const QByteArray block = data.first(std::min<qsizetype>(200, data.size()));
-            bytes += char(block.size()) + block;
-        }
-        bytes += '\0';
-    }
-    return bytes + ';';
+    // Eight times a clear code, which keeps the codes at three bits, and two pixels of one colour.
+    const auto rows = [](const char *row) { return QByteArray::fromHex(row).repeated(9); };
+    const QByteArray red = rows("040810204080000102"), green = rows("4c983061c284091326");
+    const QByteArray blue = rows("942851a2448912254a"), white = rows("dcb871e3c68d1b376e");
+    const auto frame = [](const QByteArray &codes) {
+        return QByteArray("\x2c\0\0\0\0\x10\0\x1b\0\0\x02\xf4", 12) + codes + QByteArray("\5\0", 2);
+    };
+    return QByteArray("GIF89a\x10\0\x1b\0\x81\0\0", 13) +
+           QByteArray("\xff\0\0\0\xff\0\0\0\xff\xff\xff\xff", 12) + frame(red + green + blue) +
+           frame(white.repeated(3)) + ';';
 }
 
 QByteArray heif(const QImage &image, const HeifOptions &options)
@@ -214,7 +189,8 @@ QByteArray jpegWithOrientation(const QByteArray &file, int orientation)
 QByteArray pngChunk(const QByteArray &content)
 {
     const auto check = crc32(0, reinterpret_cast<const Bytef *>(content.data()), uInt(content.size()));
-    return bigEndian(quint32(content.size() - 4)) + content + bigEndian(quint32(check));
+    return bytesOf(qToBigEndian(quint32(content.size() - 4))) + content +
+           bytesOf(qToBigEndian(quint32(check)));
 }
 
 QByteArray pngWithOrientation(const QByteArray &file, int orientation)
@@ -226,8 +202,8 @@ QByteArray pngWithOrientation(const QByteArray &file, int orientation)
 QByteArray webpWithOrientation(const QByteArray &file, int orientation)
 {
     const QByteArray data = exif(orientation);
-    QByteArray result = file + "EXIF"_ba + littleEndian(quint32(data.size())) + data;
-    return result.replace(4, 4, littleEndian(quint32(result.size() - 8)));
+    QByteArray result = file + "EXIF"_ba + bytesOf(qToLittleEndian(quint32(data.size()))) + data;
+    return result.replace(4, 4, bytesOf(qToLittleEndian(quint32(result.size() - 8))));
 }
 
 QByteArray tiffWithOrientation(const QByteArray &file, int orientation)
@@ -239,24 +215,15 @@ QByteArray tiffWithOrientation(const QByteArray &file, int orientation)
 QImage upright(const QImage &stored, int orientation)
 {
     const auto rotated = [&](int degrees) { return stored.transformed(QTransform().rotate(degrees)); };
-    switch (orientation) {
-    case 2:
-        return stored.mirrored(true, false);
-    case 3:
-        return rotated(180);
-    case 4:
-        return stored.mirrored(false, true);
-    case 5:
-        return rotated(90).mirrored(true, false);
-    case 6:
-        return rotated(90);
-    case 7:
-        return rotated(90).mirrored(false, true);
-    case 8:
-        return rotated(270);
-    default:
-        return stored;
-    }
+    const std::array images{stored,
+                            stored.mirrored(true, false),
+                            rotated(180),
+                            stored.mirrored(false, true),
+                            rotated(90).mirrored(true, false),
+                            rotated(90),
+                            rotated(90).mirrored(false, true),
+                            rotated(270)};
+    return orientation >= 1 && orientation <= 8 ? images[size_t(orientation - 1)] : stored;
 }
 
 QByteArray reason(const Result<Picture> &result)

@@ -29,7 +29,7 @@ struct JpegOptions
 };
 QByteArray jpeg(const QImage &image, const JpegOptions &options = {});
 
-/// Three bars, red, green and blue, 30 × 10 pixels, of 2 frames of which the second is white.
+/// Red, green and blue, 16 × 9 pixels each, one below the other; of 2 frames of which the second is white.
 QByteArray gif();
 
 struct HeifOptions

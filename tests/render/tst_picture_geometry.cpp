@@ -1,9 +1,6 @@
-#include "picture_samples.h"
 #include "render/picture/picture_fit.h"
 #include "render/picture/picture_geometry.h"
-#include "render/picture/picture_orientation.h"
-
-#include <QtTest/QTest>
+#include "tests/table.h"
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -13,84 +10,51 @@ class PictureGeometryTest : public QObject
     Q_OBJECT
 
 private slots:
-    void coversCentred_data();
-    void coversCentred();
-    void asksForPixelsAround();
-    void turnsPixelsAndRectangles_data();
-    void turnsPixelsAndRectangles();
-    void averagesBlocks();
+    void coversCentred_data()
+    {
+        const auto row = table<QSizeF, QSizeF, QRectF>({"full", "cover", "region"});
+        row("wide picture, tall canvas", {5640, 3172}, {2160, 3840}, QRectF(1927.875, 0, 1784.25, 3172));
+        row("tall picture, square canvas", {100, 300}, {50, 50}, QRectF(0, 100, 100, 100));
+        row("same shape", {90, 160}, {2160, 3840}, QRectF(0, 0, 90, 160));
+        row("one pixel", {1, 1}, {2160, 3840}, QRectF(0.21875, 0, 0.5625, 1));
+    }
+
+    void coversCentred()
+    {
+        QFETCH(QSizeF, full);
+        QFETCH(QSizeF, cover);
+        QTEST(coverRegion(full, cover), "region");
+    }
+
+    void asksForPixelsAround()
+    {
+        QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 1, {100, 100}), QRect(8, 18, 35, 45));
+        QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 0.5, {50, 50}), QRect(3, 8, 20, 25));
+        QCOMPARE(pixelsShowing({0, 0, 100, 50}, 1, {100, 50}), QRect(0, 0, 100, 50));
+        const PictureRequest half{.cover = {50, 20}};
+        QCOMPARE(neededScale({100, 50}, half), 0.5);
+        QCOMPARE(neededRegion({100, 50}, half), QRectF(0, 0, 100, 50));
+        QCOMPARE(neededScale({100, 50}, {.cover = {500, 20}}), 1.0);
+        QCOMPARE(neededScale({100, 50}, {}), 1.0);
+    }
+
+    void averagesBlocks()
+    {
+        QImage image(5, 3, QImage::Format_RGBA8888_Premultiplied);
+        image.fill(Qt::transparent);
+        image.setPixelColor(0, 0, Qt::red);
+        image.setPixelColor(1, 1, Qt::blue);
+        image.setPixelColor(4, 2, Qt::green);
+        const QImage small = reduced(image, 2);
+        QCOMPARE(small.size(), QSize(3, 2));
+        const auto bytes = [&](int x, int y) {
+            return QByteArray(reinterpret_cast<const char *>(small.constScanLine(y)) + x * 4, 4).toHex();
+        };
+        QCOMPARE(bytes(0, 0), "40004080"_ba);
+        QCOMPARE(bytes(1, 0), "00000000"_ba);
+        QCOMPARE(bytes(2, 1), "00ff00ff"_ba);
+    }
 };
-
-void PictureGeometryTest::coversCentred_data()
-{
-    QTest::addColumn<QSizeF>("full");
-    QTest::addColumn<QSizeF>("cover");
-    QTest::addColumn<QRectF>("region");
-    QTest::newRow("wide picture, tall canvas")
-        << QSizeF(5640, 3172) << QSizeF(2160, 3840) << QRectF(1927.875, 0, 1784.25, 3172);
-    QTest::newRow("tall picture, square canvas")
-        << QSizeF(100, 300) << QSizeF(50, 50) << QRectF(0, 100, 100, 100);
-    QTest::newRow("same shape") << QSizeF(90, 160) << QSizeF(2160, 3840) << QRectF(0, 0, 90, 160);
-    QTest::newRow("one pixel") << QSizeF(1, 1) << QSizeF(2160, 3840) << QRectF(0.21875, 0, 0.5625, 1);
-}
-
-void PictureGeometryTest::coversCentred()
-{
-    QFETCH(QSizeF, full);
-    QFETCH(QSizeF, cover);
-    QTEST(coverRegion(full, cover), "region");
-}
-
-void PictureGeometryTest::asksForPixelsAround()
-{
-    QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 1, {100, 100}), QRect(8, 18, 35, 45));
-    QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 0.5, {50, 50}), QRect(3, 8, 20, 25));
-    QCOMPARE(pixelsShowing({0, 0, 100, 50}, 1, {100, 50}), QRect(0, 0, 100, 50));
-    const PictureRequest half{.cover = {50, 20}};
-    QCOMPARE(neededScale({100, 50}, half), 0.5);
-    QCOMPARE(neededRegion({100, 50}, half), QRectF(0, 0, 100, 50));
-    QCOMPARE(neededScale({100, 50}, {.cover = {500, 20}}), 1.0);
-    QCOMPARE(neededScale({100, 50}, {}), 1.0);
-}
-
-void PictureGeometryTest::turnsPixelsAndRectangles_data()
-{
-    QTest::addColumn<int>("exif");
-    for (int exif = 0; exif <= 9; ++exif)
-        QTest::addRow("%d", exif) << exif;
-}
-
-void PictureGeometryTest::turnsPixelsAndRectangles()
-{
-    QFETCH(int, exif);
-    const auto orientation = Orientation::fromExif(exif);
-    const QImage stored = samples::painting(70, 45).convertToFormat(QImage::Format_RGBX8888);
-    const QImage expected = samples::upright(stored, exif);
-    QCOMPARE(turned(stored, orientation), expected);
-    QCOMPARE(turned(turned(stored, orientation), orientation.inverse()), stored);
-
-    const QRect part(3, 5, 20, 11);
-    const QRectF moved = turned(QRectF(part), stored.size(), orientation);
-    QCOMPARE(expected.copy(moved.toRect()), samples::upright(stored.copy(part), exif));
-    QCOMPARE(turned(moved, expected.size(), orientation.inverse()), QRectF(part));
-}
-
-void PictureGeometryTest::averagesBlocks()
-{
-    QImage image(5, 3, QImage::Format_RGBA8888_Premultiplied);
-    image.fill(Qt::transparent);
-    image.setPixelColor(0, 0, Qt::red);
-    image.setPixelColor(1, 1, Qt::blue);
-    image.setPixelColor(4, 2, Qt::green);
-    const QImage small = reduced(image, 2);
-    QCOMPARE(small.size(), QSize(3, 2));
-    const auto bytes = [&](int x, int y) {
-        return QByteArray(reinterpret_cast<const char *>(small.constScanLine(y)) + x * 4, 4).toHex();
-    };
-    QCOMPARE(bytes(0, 0), "40004080"_ba);
-    QCOMPARE(bytes(1, 0), "00000000"_ba);
-    QCOMPARE(bytes(2, 1), "00ff00ff"_ba);
-}
 
 QTEST_APPLESS_MAIN(PictureGeometryTest)
 #include "tst_picture_geometry.moc"

@@ -1,9 +1,9 @@
 #include "picture_samples.h"
 #include "render/picture/picture_loader.h"
+#include "tests/table.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QtEndian>
-#include <QtTest/QTest>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -60,161 +60,144 @@ class PictureHostileTest : public QObject
     Q_OBJECT
 
 private slots:
-    void refusesWhatIsNoPicture_data();
-    void refusesWhatIsNoPicture();
-    void refusesPathsThatAreNoFiles();
-    void refusesAbsurdSizes_data();
-    void refusesAbsurdSizes();
-    void survivesCutFiles_data();
-    void survivesCutFiles();
-    void survivesBrokenFiles_data();
-    void survivesBrokenFiles();
-};
-
-void PictureHostileTest::refusesWhatIsNoPicture_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("message");
-    const QString unknown = u"The file is not a JPEG, PNG, WebP, GIF, BMP, TIFF, HEIC or AVIF picture."_s;
-    QTest::newRow("nothing") << ""_ba << u"The picture file is empty."_s;
-    QTest::newRow("one byte") << "\xff"_ba << unknown;
-    QTest::newRow("text") << "All the leaves are brown"_ba << unknown;
-    QTest::newRow("SVG") << R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"/>)"_ba << unknown;
-    QTest::newRow("XPM") << encoded(painting(8, 8), "xpm") << unknown;
-    QTest::newRow("ICO") << encoded(painting(8, 8), "ico") << unknown;
-    QTest::newRow("film") << QByteArray("\0\0\0\x18"
-                                        "ftypisom\0\0\2\0isomiso2",
-                                        24)
-                          << unknown;
-    QTest::newRow("sound") << QByteArray("RIFF\x10\0\0\0WAVEfmt \0\0\0\0", 20) << unknown;
-    QTest::newRow("PNG signature alone") << "\x89PNG\r\n\x1a\n"_ba << u"The picture is damaged."_s;
-    QTest::newRow("JPEG start alone") << "\xff\xd8\xff"_ba << u"The picture is damaged."_s;
-}
-
-void PictureHostileTest::refusesWhatIsNoPicture()
-{
-    QFETCH(QByteArray, bytes);
-    const auto picture = decodePicture(bytes, {});
-    QVERIFY(!picture);
-    QTEST(picture.error().message, "message");
-}
-
-void PictureHostileTest::refusesPathsThatAreNoFiles()
-{
-    QTemporaryDir folder;
-    const QString pipe = folder.filePath(u"pipe.jpg"_s);
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    const std::pair<QString, QString> cases[]{
-        {folder.filePath(u"none.jpg"_s), u"The picture file is missing."_s},
-        {folder.path(), u"This is not a picture file."_s},
-        {pipe, u"This is not a picture file."_s},
-        {u"/dev/zero"_s, u"This is not a picture file."_s}};
-    for (const auto &[path, message] : cases) {
-        QCOMPARE(reason(loadPicture(path, {})), message.toUtf8());
-        QVERIFY(!readPictureInfo(path));
+    void refusesWhatIsNoPicture_data()
+    {
+        const auto row = table<QByteArray, QString>({"bytes", "message"});
+        const QString unknown = u"The file is not a JPEG, PNG, WebP, GIF, BMP, TIFF, HEIC or AVIF picture."_s;
+        row("nothing", ""_ba, u"The picture file is empty."_s);
+        row("one byte", "\xff"_ba, unknown);
+        row("text", "All the leaves are brown"_ba, unknown);
+        row("SVG", "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>"_ba, unknown);
+        row("XPM", encoded(painting(8, 8), "xpm"), unknown);
+        row("ICO", encoded(painting(8, 8), "ico"), unknown);
+        row("film", QByteArray::fromHex("00000018") + "ftypisom" + QByteArray("\0\0\2\0isomiso2", 12),
+            unknown);
+        row("sound", QByteArray("RIFF\x10\0\0\0WAVEfmt \0\0\0\0", 20), unknown);
+        row("PNG signature alone", "\x89PNG\r\n\x1a\n"_ba, u"The picture is damaged."_s);
+        row("JPEG start alone", "\xff\xd8\xff"_ba, u"The picture is damaged."_s);
     }
-}
 
-void PictureHostileTest::refusesAbsurdSizes_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    const QImage image = painting(72, 50);
-    const QByteArray huge("\xea\x60\xea\x60", 4); // 60,000 twice
-    const QByteArray png = encoded(image, "png");
-    QByteArray header = patched(png.sliced(12, 17), 4, QByteArray("\0\0\xea\x60\0\0\xea\x60", 8));
-    QTest::newRow("PNG") << png.first(8) + pngChunk(header) + png.sliced(8 + 25);
-    const QByteArray plain = jpeg(image);
-    const auto frame = plain.indexOf("\xff\xc0");
-    QTest::newRow("JPEG") << patched(plain, frame + 5, huge);
-    QTest::newRow("JPEG, size allowed") << patched(plain, frame + 5, QByteArray("\x0b\xb8\xea\x60", 4));
-    const QByteArray fine = jpeg(image, {.progressive = true});
-    QTest::newRow("JPEG, progressive, size allowed")
-        << patched(fine, fine.indexOf("\xff\xc2") + 5, QByteArray("\x0b\xb8\xea\x60", 4));
-    QTest::newRow("GIF") << patched(patched(gif(), 6, "\xff\xff\xff\xff"_ba), 30, "\xff\xff\xff\xff"_ba);
-    QTest::newRow("BMP") << patched(encoded(image, "bmp"), 18, QByteArray("\x60\xea\0\0\x60\xea\0\0", 8));
-    QByteArray tiff = encoded(image, "tiff");
-    for (const char tag : {'\0', '\1'}) {
-        const auto entry = tiff.indexOf(QByteArray(1, tag) + "\x01"_ba, 8);
-        tiff = patched(tiff, entry + 2, QByteArray("\x04\0\x01\0\0\0\x60\xea\0\0", 10));
-    }
-    QTest::newRow("TIFF") << tiff;
-    QTest::newRow("WebP") << QByteArray("RIFF\x16\0\0\0WEBPVP8X\x0a\0\0\0\0\0\0\0\xff\xff\xff\xff\xff\xff",
-                                        30);
-    QByteArray heic = heif(image);
-    for (auto at = heic.indexOf("ispe"); at >= 0; at = heic.indexOf("ispe", at + 1))
-        heic = patched(heic, at + 8, QByteArray("\0\0\xea\x60\0\0\xea\x60", 8));
-    QTest::newRow("HEIC") << heic;
-}
-
-void PictureHostileTest::refusesAbsurdSizes()
-{
-    QFETCH(QByteArray, file);
-    const long before = peakMegabytes();
-    for (const PictureRequest &request : {PictureRequest{}, PictureRequest{{100, 100}, true}}) {
-        const auto picture = decodePicture(file, request);
+    void refusesWhatIsNoPicture()
+    {
+        QFETCH(QByteArray, bytes);
+        const auto picture = decodePicture(bytes, {});
         QVERIFY(!picture);
-        QVERIFY(picture.error().message.startsWith(u"The picture"));
+        QTEST(picture.error().message, "message");
     }
-    QCOMPARE_LE(peakMegabytes() - before, 32);
-}
 
-void PictureHostileTest::survivesCutFiles_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    for (const auto &[name, file] : files())
-        QTest::newRow(name) << file;
-}
-
-void PictureHostileTest::survivesCutFiles()
-{
-    QFETCH(QByteArray, file);
-    QVERIFY2(decodePicture(file, {}), reason(decodePicture(file, {})));
-    const qsizetype step = std::max<qsizetype>(1, file.size() / 300);
-    for (qsizetype size = 0; size < file.size(); size += size < 200 ? 1 : step) {
-        const auto picture = decodePicture(file.first(size), anyRequest(size_t(size)));
-        QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
-        QVERIFY(!picture || size > 32);
-    }
-}
-
-void PictureHostileTest::survivesBrokenFiles_data()
-{
-    survivesCutFiles_data();
-}
-
-void PictureHostileTest::survivesBrokenFiles()
-{
-    QFETCH(QByteArray, file);
-    std::mt19937 random(1);
-    const auto below = [&](qsizetype limit) { return qsizetype(random() % size_t(limit)); };
-    const int rounds = qEnvironmentVariableIsSet("PICTURE_FUZZ_ROUNDS")
-                           ? qEnvironmentVariableIntValue("PICTURE_FUZZ_ROUNDS")
-                           : 300;
-    for (int round = 0; round < rounds; ++round) {
-        QByteArray broken = file;
-        for (qsizetype change = 0; change <= below(6); ++change) {
-            // Headers are where it matters: half of the changes fall into the first 200 bytes.
-            const auto at = below(random() % 2 ? std::min<qsizetype>(200, file.size()) : file.size());
-            switch (random() % 4) {
-            case 0:
-                broken[at] = char(random());
-                break;
-            case 1:
-                broken[at] = char(broken[at] ^ 1 << random() % 8);
-                break;
-            case 2:
-                broken.replace(at, 2, random() % 2 ? "\xff\xff" : QByteArray(2, '\0'));
-                break;
-            default:
-                broken.remove(at, below(20));
-            }
-            if (broken.size() < file.size())
-                broken.resize(file.size(), '\0');
+    void refusesPathsThatAreNoFiles()
+    {
+        QTemporaryDir folder;
+        const QString pipe = folder.filePath(u"pipe.jpg"_s);
+        QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        const std::pair<QString, QString> cases[]{
+            {folder.filePath(u"none.jpg"_s), u"The picture file is missing."_s},
+            {folder.path(), u"This is not a picture file."_s},
+            {pipe, u"This is not a picture file."_s},
+            {u"/dev/zero"_s, u"This is not a picture file."_s}};
+        for (const auto &[path, message] : cases) {
+            QCOMPARE(reason(loadPicture(path, {})), message.toUtf8());
+            QVERIFY(!readPictureInfo(path));
         }
-        const auto picture = decodePicture(broken, anyRequest(random()));
-        QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
     }
-}
+
+    void refusesAbsurdSizes_data()
+    {
+        const auto row = table<QByteArray>({"file"});
+        const QImage image = painting(72, 50);
+        const QByteArray huge("\xea\x60\xea\x60", 4); // 60,000 twice
+        const QByteArray png = encoded(image, "png");
+        QByteArray header = patched(png.sliced(12, 17), 4, QByteArray("\0\0\xea\x60\0\0\xea\x60", 8));
+        row("PNG", png.first(8) + pngChunk(header) + png.sliced(8 + 25));
+        const QByteArray plain = jpeg(image);
+        const auto frame = plain.indexOf("\xff\xc0");
+        row("JPEG", patched(plain, frame + 5, huge));
+        row("JPEG, size allowed", patched(plain, frame + 5, QByteArray("\x0b\xb8\xea\x60", 4)));
+        const QByteArray fine = jpeg(image, {.progressive = true});
+        row("JPEG, progressive, size allowed",
+            patched(fine, fine.indexOf("\xff\xc2") + 5, QByteArray("\x0b\xb8\xea\x60", 4)));
+        row("GIF", patched(patched(gif(), 6, "\xff\xff\xff\xff"_ba), 30, "\xff\xff\xff\xff"_ba));
+        row("BMP", patched(encoded(image, "bmp"), 18, QByteArray("\x60\xea\0\0\x60\xea\0\0", 8)));
+        QByteArray tiff = encoded(image, "tiff");
+        for (const char tag : {'\0', '\1'}) {
+            const auto entry = tiff.indexOf(QByteArray(1, tag) + "\x01"_ba, 8);
+            tiff = patched(tiff, entry + 2, QByteArray("\x04\0\x01\0\0\0\x60\xea\0\0", 10));
+        }
+        row("TIFF", tiff);
+        row("WebP", QByteArray("RIFF\x16\0\0\0WEBPVP8X\x0a\0\0\0\0\0\0\0\xff\xff\xff\xff\xff\xff", 30));
+        QByteArray heic = heif(image);
+        for (auto at = heic.indexOf("ispe"); at >= 0; at = heic.indexOf("ispe", at + 1))
+            heic = patched(heic, at + 8, QByteArray("\0\0\xea\x60\0\0\xea\x60", 8));
+        row("HEIC", heic);
+    }
+
+    void refusesAbsurdSizes()
+    {
+        QFETCH(QByteArray, file);
+        const long before = peakMegabytes();
+        for (const PictureRequest &request : {PictureRequest{}, PictureRequest{{100, 100}, true}}) {
+            const auto picture = decodePicture(file, request);
+            QVERIFY(!picture);
+            QVERIFY(picture.error().message.startsWith(u"The picture"));
+        }
+        QCOMPARE_LE(peakMegabytes() - before, 32);
+    }
+
+    void survivesCutFiles_data()
+    {
+        const auto row = table<QByteArray>({"file"});
+        for (const auto &[name, file] : files())
+            row(name, file);
+    }
+
+    void survivesCutFiles()
+    {
+        QFETCH(QByteArray, file);
+        QVERIFY2(decodePicture(file, {}), reason(decodePicture(file, {})));
+        const qsizetype step = std::max<qsizetype>(1, file.size() / 300);
+        for (qsizetype size = 0; size < file.size(); size += size < 200 ? 1 : step) {
+            const auto picture = decodePicture(file.first(size), anyRequest(size_t(size)));
+            QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
+            QVERIFY(!picture || size > 32);
+        }
+    }
+
+    void survivesBrokenFiles_data() { survivesCutFiles_data(); }
+
+    void survivesBrokenFiles()
+    {
+        QFETCH(QByteArray, file);
+        std::mt19937 random(1);
+        const auto below = [&](qsizetype limit) { return qsizetype(random() % size_t(limit)); };
+        const int rounds = qEnvironmentVariableIsSet("PICTURE_FUZZ_ROUNDS")
+                               ? qEnvironmentVariableIntValue("PICTURE_FUZZ_ROUNDS")
+                               : 300;
+        for (int round = 0; round < rounds; ++round) {
+            QByteArray broken = file;
+            for (qsizetype change = 0; change <= below(6); ++change) {
+                // Headers are where it matters: half of the changes fall into the first 200 bytes.
+                const auto at = below(random() % 2 ? std::min<qsizetype>(200, file.size()) : file.size());
+                switch (random() % 4) {
+                case 0:
+                    broken[at] = char(random());
+                    break;
+                case 1:
+                    broken[at] = char(broken[at] ^ 1 << random() % 8);
+                    break;
+                case 2:
+                    broken.replace(at, 2, random() % 2 ? "\xff\xff" : QByteArray(2, '\0'));
+                    break;
+                default:
+                    broken.remove(at, below(20));
+                }
+                if (broken.size() < file.size())
+                    broken.resize(file.size(), '\0');
+            }
+            const auto picture = decodePicture(broken, anyRequest(random()));
+            QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
+        }
+    }
+};
 
 QTEST_GUILESS_MAIN(PictureHostileTest)
 #include "tst_picture_hostile.moc"
