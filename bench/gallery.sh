@@ -3,17 +3,9 @@
 # with OpenGL in software.
 # Usage: bench/gallery.sh [PRESET]: a build with the benchmarks ("bench" by default)
 set -euo pipefail
-source "$(dirname "${BASH_SOURCE[0]}")/../setup/setup.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/window_setup.sh"
 
-preset=${1:-bench}
-bin=$root/build/$preset/bin/gallery_bench
-[ -x "$bin" ] || build_preset "$preset" gallery_bench
-[ -n "${DISPLAY:-}" ] || exec xvfb-run -a -s '-screen 0 1920x1200x24' "$0" "$preset"
-
-library=$(mktemp -d)
-trap 'rm -rf "$library"' EXIT
-export XDG_RUNTIME_DIR=$library/run LC_ALL=C.UTF-8
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+set_up_window gallery_bench "$@"
 for batch in 1 20 1000; do
   "$bin" prepare "$library/$batch" 1000 "$batch" /usr/share/backgrounds/mate/nature
   echo "1,000 slideshows in batches of $batch:"

@@ -2,17 +2,9 @@
 # First frame and scrolling with 20,000 assets, on an X server in memory with OpenGL in software.
 # Usage: bench/window.sh [PRESET]: a build with the benchmarks ("bench" by default)
 set -euo pipefail
-source "$(dirname "${BASH_SOURCE[0]}")/../setup/setup.sh"
+source "$(dirname "${BASH_SOURCE[0]}")/window_setup.sh"
 
-preset=${1:-bench}
-bin=$root/build/$preset/bin/window_bench
-[ -x "$bin" ] || build_preset "$preset" window_bench
-[ -n "${DISPLAY:-}" ] || exec xvfb-run -a -s '-screen 0 1920x1200x24' "$0" "$preset"
-
-library=$(mktemp -d)
-trap 'rm -rf "$library"' EXIT
-export XDG_RUNTIME_DIR=$library/run LC_ALL=C.UTF-8
-mkdir -m 700 "$XDG_RUNTIME_DIR"
+set_up_window window_bench "$@"
 "$bin" prepare "$library/20000" 20000 /usr/share/backgrounds/mate/nature
 
 # The median of seven starts.
