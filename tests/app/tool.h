@@ -25,8 +25,18 @@ struct Outcome
     QJsonDocument json() const { return QJsonDocument::fromJson(out); }
     QString error() const { return QString::fromUtf8(err); }
 
-    /// Whether standard error holds exactly one line, with the tool's name in front.
-    bool hasOneErrorLine() const { return err.startsWith("mosslantern-cli: ") && err.count('\n') == 1; }
+    bool succeeded() const { return status == 0 && err.isEmpty(); }
+
+    /// Whether it ended with this status and one line on standard error, with the tool's name in front, that
+    /// says `text`.
+    bool failed(int expected, const QString &text) const
+    {
+        return status == expected && err.startsWith("mosslantern-cli: ") && err.count('\n') == 1 &&
+               error().count(text) == 1;
+    }
+
+    /// All of it, for a message.
+    QByteArray all() const { return QByteArray::number(status) + '\n' + out + err; }
 };
 
 /// Runs mosslantern-cli in a folder of its own, which is also the user's home.

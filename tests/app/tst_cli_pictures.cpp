@@ -18,8 +18,7 @@ private slots:
         const Outcome outcome =
             m_tool->run(u"render --text -x --size 60x40.5 --pixel-ratio 1.5 --text-pos -5,-5 "
                         "--out out\u202F1.png in.jpg"_s);
-        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
-        QCOMPARE(outcome.status, 0);
+        QVERIFY2(outcome.succeeded(), outcome.all());
         QCOMPARE(outcome.lines(), QStringList{u"out\u202F1.png"_s});
         const QImage png(m_tool->path(u"out\u202F1.png"_s));
         QCOMPARE(png.size(), QSize(90, 61));
@@ -32,8 +31,7 @@ private slots:
         const auto draw = [&](const QString &options) {
             const Outcome outcome =
                 m_tool->run(u"render --shape 1:1 --out out.png in.png --text M "_s + options);
-            return outcome.status == 0 && outcome.err.isEmpty() ? QImage(m_tool->path(u"out.png"_s))
-                                                                : QImage();
+            return outcome.succeeded() ? QImage(m_tool->path(u"out.png"_s)) : QImage();
         };
         const auto count = [](const QImage &image, QRgb color, const QRect &area) {
             int pixels = 0;
@@ -57,9 +55,7 @@ private slots:
     {
         for (const QString &pictures : {u"a.png b.png"_s, u"."_s}) {
             const Outcome misused = m_tool->run(u"render --text t --out out.png "_s + pictures);
-            QCOMPARE(misused.status, 2);
-            QVERIFY2(misused.hasOneErrorLine() && misused.error().contains(u"--out: expected a folder"_s),
-                     misused.err.constData());
+            QVERIFY2(misused.failed(2, u"--out: expected a folder"_s), misused.all());
             QVERIFY(m_tool->files(u"."_s).isEmpty());
         }
 
@@ -100,8 +96,7 @@ private slots:
         const QString line = u"make --images pictures --content - --out out --count 2 --shape 1:1 "
                              "--batch-name B --seed 3"_s;
         const Outcome outcome = m_tool->run(line, "one\ntwo\n");
-        QVERIFY2(outcome.err.isEmpty(), outcome.err.constData());
-        QCOMPARE(outcome.status, 0);
+        QVERIFY2(outcome.succeeded(), outcome.all());
         QCOMPARE(outcome.lines(), QStringList{m_tool->path(u"out/B"_s)});
         QCOMPARE(m_tool->files(u"."_s),
                  QStringList({u"out/B/Slideshow_1/Slide_1.png"_s, u"out/B/Slideshow_1/Slide_2.png"_s,
@@ -112,9 +107,7 @@ private slots:
         QCOMPARE(m_tool->run(line, "one\n").status, 1);
         QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"empty"_s));
         const Outcome nothing = m_tool->run(u"make --images empty --content - --out out2"_s, "one");
-        QCOMPARE(nothing.status, 1);
-        QVERIFY2(nothing.hasOneErrorLine() && nothing.error().contains(u"no pictures in “empty”"_s),
-                 nothing.err.constData());
+        QVERIFY2(nothing.failed(1, u"no pictures in “empty”"_s), nothing.all());
         QVERIFY(m_tool->files(u"out2"_s).isEmpty());
     }
 
