@@ -2,6 +2,7 @@
 #include "app/gui/content_view.h"
 #include "app/gui/mosslantern_app.h"
 #include "app/gui/window_memory.h"
+#include "tests/table.h"
 #include "tests/ui/window_test.h"
 #include "ui/common/symbol_drawing.h"
 
@@ -140,11 +141,10 @@ private slots:
 
     void offersUpdatesOnlyWithAFeed_data()
     {
-        QTest::addColumn<QUrl>("feed");
-        QTest::addColumn<bool>("isOffered");
-        QTest::newRow("none") << QUrl(QString(), QUrl::StrictMode) << false;
-        QTest::newRow("not over HTTPS") << QUrl(u"http://updates.example/feed.xml"_s) << false;
-        QTest::newRow("over HTTPS") << QUrl(u"https://updates.example/feed.xml"_s) << true;
+        const auto row = table<QUrl, bool>({"feed", "isOffered"});
+        row("none", QUrl(QString(), QUrl::StrictMode), false);
+        row("not over HTTPS", QUrl(u"http://updates.example/feed.xml"_s), false);
+        row("over HTTPS", QUrl(u"https://updates.example/feed.xml"_s), true);
     }
     void offersUpdatesOnlyWithAFeed()
     {
@@ -165,9 +165,7 @@ private slots:
     {
         QDir().mkpath(QFileInfo(session().library().storeFile()).path());
         const QByteArray foreign = "this is no library, and it must stay as it is\n";
-        QFile file(session().library().storeFile());
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(foreign) == foreign.size());
-        file.close();
+        writeFile(session().library().storeFile(), foreign);
 
         MosslanternApp app(startOptions());
         QCOMPARE(app.start(), StartOutcome::shown);
@@ -182,14 +180,14 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(window));
         QTest::keyClick(window, Qt::Key_Escape);
         QTRY_VERIFY(!window->isVisible());
-        QCOMPARE(readFile(file.fileName()), foreign);
+        QCOMPARE(readFile(session().library().storeFile()), foreign);
     }
 
     void raisesTheFirstWindowOnASecondStart_data()
     {
-        QTest::addColumn<bool>("byLink");
-        QTest::newRow("by the same path") << false;
-        QTest::newRow("through a link") << true;
+        const auto row = table<bool>({"byLink"});
+        row("by the same path", false);
+        row("through a link", true);
     }
     void raisesTheFirstWindowOnASecondStart()
     {

@@ -1,11 +1,11 @@
 #include "app/update/spu_updater.h"
 #include "app/update/version_order.h"
 #include "tests/content/test_server.h"
+#include "tests/table.h"
 
 #include <QtCore/QSettings>
 #include <QtNetwork/QNetworkReply>
 #include <QtTest/QSignalSpy>
-#include <QtTest/QtTest>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -25,10 +25,16 @@ QByteArray item(const QByteArray &inside)
     return "<item>" + inside + "<link>https://example.org/get</link></item>";
 }
 
-QByteArray response(const QByteArray &body, const QByteArray &status = "200 OK")
+/// An item of which nothing is known but its version, and `more`.
+QByteArray release(const QByteArray &version, const QByteArray &more = {})
 {
-    return "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) +
-           "\r\nConnection: close\r\n\r\n" + body;
+    return item("<sparkle:version>" + version + "</sparkle:version>" + more);
+}
+
+/// A server's answer with this feed.
+QByteArray feedAnswer(const QByteArray &items)
+{
+    return httpAnswer(feedOf(items));
 }
 
 } // namespace
@@ -50,58 +56,43 @@ private:
 private slots:
     void init() { QFile::remove(m_folder.filePath(u"state.ini"_s)); }
 
-    void ordersVersions_data()
-    {
-        QTest::addColumn<QString>("older");
-        QTest::addColumn<QString>("newer");
-        const QList<std::pair<QString, QString>> pairs{
-            {u"1.0"_s, u"1.1"_s},
-            {u"1.9"_s, u"1.10"_s},
-            {u"1.0"_s, u"1.0.1"_s},
-            {u"1.0b2"_s, u"1.0"_s},
-            {u"1.0b2"_s, u"1.0b10"_s},
-            {u"1.0a1"_s, u"1.0b1"_s},
-            {u"1.0rc1"_s, u"1.0.1"_s},
-            {u"007"_s, u"8"_s},
-            {u"99999999999999999999"_s, u"100000000000000000000"_s}};
-        for (const auto &[older, newer] : pairs)
-            QTest::addRow("%s < %s", qPrintable(older), qPrintable(newer)) << older << newer;
-    }
     void ordersVersions()
     {
-        QFETCH(const QString, older);
-        QFETCH(const QString, newer);
-        QVERIFY(compareVersions(older, newer) < 0);
-        QVERIFY(compareVersions(newer, older) > 0);
-        QVERIFY(compareVersions(newer, newer) == 0);
+        const std::pair<QString, QString> pairs[]{{u"1.0"_s, u"1.1"_s},
+                                                  {u"1.9"_s, u"1.10"_s},
+                                                  {u"1.0"_s, u"1.0.1"_s},
+                                                  {u"1.0b2"_s, u"1.0"_s},
+                                                  {u"1.0b2"_s, u"1.0b10"_s},
+                                                  {u"1.0a1"_s, u"1.0b1"_s},
+                                                  {u"1.0rc1"_s, u"1.0.1"_s},
+                                                  {u"007"_s, u"8"_s},
+                                                  {u"99999999999999999999"_s, u"100000000000000000000"_s}};
+        for (const auto &[older, newer] : pairs) {
+            QVERIFY2(compareVersions(older, newer) < 0, qPrintable(older));
+            QVERIFY2(compareVersions(newer, older) > 0, qPrintable(older));
+            QVERIFY2(compareVersions(newer, newer) == 0, qPrintable(newer));
+        }
     }
 
     void readsAppcasts_data()
     {
-        QTest::addColumn<QByteArray>("items");
-        QTest::addColumn<QString>("found");
-        const QByteArray two = item("<sparkle:version>2</sparkle:version>");
-        QTest::newRow("nothing") << QByteArray() << QString();
-        QTest::newRow("newest of several")
-            << two + item("<sparkle:version>10</sparkle:version>") + two << u"10"_s;
-        QTest::newRow("version in the enclosure")
-            << item("<enclosure url='https://e.org/f' sparkle:version='3' sparkle:shortVersionString='3 "
-                    "beta'/>")
-            << u"3 beta"_s;
-        QTest::newRow("other systems")
-            << item("<enclosure url='https://e.org/f' sparkle:version='3' sparkle:os='macos'/>") + two
-            << u"2"_s;
-        QTest::newRow("a channel")
-            << item("<sparkle:version>3</sparkle:version><sparkle:channel>beta</sparkle:channel>") + two
-            << u"2"_s;
-        QTest::newRow("no safe page")
-            << QByteArray("<item><sparkle:version>3</sparkle:version><link>javascript:x</link></item>")
-            << QString();
-        QTest::newRow("elements of another namespace")
-            << QByteArray("<item><sparkle:version>3</sparkle:version><link>https://e.org/f</link>"
-                          "<atom:link href='https://e.org/feed'/></item>")
-            << u"3"_s;
-        QTest::newRow("not newer") << item("<sparkle:version>1.2</sparkle:version>") << QString();
+        const auto row = table<QByteArray, QString>({"items", "found"});
+        const QByteArray two = release("2");
+        row("nothing", {}, {});
+        row("newest of several", two + release("10") + two, u"10"_s);
+        row("version in the enclosure",
+            item(
+                "<enclosure url='https://e.org/f' sparkle:version='3' sparkle:shortVersionString='3 beta'/>"),
+            u"3 beta"_s);
+        row("other systems",
+            item("<enclosure url='https://e.org/f' sparkle:version='3' sparkle:os='macos'/>") + two, u"2"_s);
+        row("a channel", release("3", "<sparkle:channel>beta</sparkle:channel>") + two, u"2"_s);
+        row("no safe page", "<item><sparkle:version>3</sparkle:version><link>javascript:x</link></item>", {});
+        row("elements of another namespace",
+            "<item><sparkle:version>3</sparkle:version><link>https://e.org/f</link>"
+            "<atom:link href='https://e.org/feed'/></item>",
+            u"3"_s);
+        row("not newer", release("1.2"), {});
     }
     void readsAppcasts()
     {
@@ -116,22 +107,17 @@ private slots:
     void showsWhatAnAskedCheckFinds_data()
     {
         using Status = SPUUpdater::Status;
-        QTest::addColumn<QByteArray>("answer");
-        QTest::addColumn<Status>("status");
-        QTest::newRow("newer") << response(feedOf(
-                                      item("<sparkle:version>2</sparkle:version>"
-                                           "<sparkle:releaseNotesLink>https://example.org/notes"
-                                           "</sparkle:releaseNotesLink>"
-                                           "<description>&lt;b&gt;New&lt;/b&gt; things</description>")))
-                               << Status::UpdateFound;
-        QTest::newRow("same") << response(feedOf(item("<sparkle:version>1.2</sparkle:version>")))
-                              << Status::UpToDate;
-        QTest::newRow("cut off") << response(feedOf({}).first(90)) << Status::Failed;
-        QTest::newRow("no feed") << response("<html/>") << Status::Failed;
-        QTest::newRow("endless") << response(feedOf(item("<sparkle:version>2</sparkle:version>" +
-                                                         QByteArray(5 << 20, ' '))))
-                                 << Status::Failed;
-        QTest::newRow("not there") << response({}, "404 Not Found") << Status::Failed;
+        const auto row = table<QByteArray, Status>({"answer", "status"});
+        row("newer",
+            feedAnswer(release("2", "<sparkle:releaseNotesLink>https://example.org/notes"
+                                    "</sparkle:releaseNotesLink>"
+                                    "<description>&lt;b&gt;New&lt;/b&gt; things</description>")),
+            Status::UpdateFound);
+        row("same", feedAnswer(release("1.2")), Status::UpToDate);
+        row("cut off", httpAnswer(feedOf({}).first(90)), Status::Failed);
+        row("no feed", httpAnswer("<html/>"), Status::Failed);
+        row("endless", feedAnswer(release("2", QByteArray(5 << 20, ' '))), Status::Failed);
+        row("not there", httpAnswer({}, "404 Not Found"), Status::Failed);
     }
     void showsWhatAnAskedCheckFinds()
     {
@@ -157,13 +143,10 @@ private slots:
 
     void checksByItselfOnceADayAndQuietly_data()
     {
-        QTest::addColumn<int>("hoursAgo");
-        QTest::addColumn<QByteArray>("version");
-        QTest::addColumn<int>("requests");
-        QTest::addColumn<bool>("isShown");
-        QTest::newRow("first time, newer") << -1 << QByteArray("2") << 1 << true;
-        QTest::newRow("a day ago, nothing new") << 25 << QByteArray("1") << 1 << false;
-        QTest::newRow("an hour ago") << 1 << QByteArray("2") << 0 << false;
+        const auto row = table<int, QByteArray, int, bool>({"hoursAgo", "version", "requests", "isShown"});
+        row("first time, newer", -1, "2", 1, true);
+        row("a day ago, nothing new", 25, "1", 1, false);
+        row("an hour ago", 1, "2", 0, false);
     }
     void checksByItselfOnceADayAndQuietly()
     {
@@ -171,8 +154,7 @@ private slots:
         QFETCH(const QByteArray, version);
         QFETCH(const int, requests);
         QFETCH(const bool, isShown);
-        const TestServer server(
-            TestServer::always(response(feedOf(item("<sparkle:version>" + version + "</sparkle:version>")))));
+        const TestServer server(TestServer::always(feedAnswer(release(version))));
         if (hoursAgo >= 0) {
             QSettings(settings(server).stateFile, QSettings::IniFormat)
                 .setValue(u"lastUpdateCheck"_s, QDateTime::currentDateTimeUtc().addSecs(-3600 * hoursAgo));
@@ -187,13 +169,10 @@ private slots:
     void showsACheckThatIsUnderWayAlready_data()
     {
         using Status = SPUUpdater::Status;
-        QTest::addColumn<QByteArray>("version");
-        QTest::addColumn<bool>("isHidden");
-        QTest::addColumn<Status>("outcome");
-        QTest::addColumn<bool>("isShown");
-        QTest::newRow("nothing new") << QByteArray("1") << false << Status::UpToDate << true;
-        QTest::newRow("nothing new, hidden meanwhile") << QByteArray("1") << true << Status::Idle << false;
-        QTest::newRow("newer, hidden meanwhile") << QByteArray("2") << true << Status::UpdateFound << true;
+        const auto row = table<QByteArray, bool, Status, bool>({"version", "isHidden", "outcome", "isShown"});
+        row("nothing new", "1", false, Status::UpToDate, true);
+        row("nothing new, hidden meanwhile", "1", true, Status::Idle, false);
+        row("newer, hidden meanwhile", "2", true, Status::UpdateFound, true);
     }
     void showsACheckThatIsUnderWayAlready()
     {
@@ -212,8 +191,7 @@ private slots:
         QCOMPARE(updater.status(), SPUUpdater::Status::Checking);
         if (isHidden)
             updater.dismiss();
-        TestServer::always(response(feedOf(item("<sparkle:version>" + version + "</sparkle:version>"))))(
-            waiting);
+        TestServer::always(feedAnswer(release(version)))(waiting);
         QTRY_COMPARE(updater.status(), outcome);
         QCOMPARE(updater.isShown(), isShown);
         QCOMPARE(server.requests().size(), 1);
