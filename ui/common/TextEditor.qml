@@ -13,20 +13,26 @@ FocusScope {
     property alias font: area.font
     property alias cursorPosition: area.cursorPosition
     property alias padding: area.padding
+    property real sidePadding: padding
+    readonly property alias contentHeight: area.contentHeight
     property string placeholder
     property color borderColor: Theme.separator
     property color color: Theme.textBackground
     property real radius: Theme.controlRadius
 
-    /// The text has been changed into this one.
+    /// The user has changed the text into this one, or another has changed it in the document.
     signal textEdited(text: string)
+
+    property bool isTakingText: false
 
     function takeText() {
         const lines = PlainText.withLineFeeds(text)
         if (PlainText.of(area.textDocument) === lines)
             return
         const caret = area.cursorPosition
+        isTakingText = true
         area.text = lines
+        isTakingText = false
         area.cursorPosition = Math.min(caret, area.length)
     }
 
@@ -53,6 +59,8 @@ FocusScope {
             implicitWidth: contentWidth + leftPadding + rightPadding
             implicitHeight: contentHeight + topPadding + bottomPadding
             padding: 8
+            leftPadding: root.sidePadding
+            rightPadding: root.sidePadding
             focus: true
             color: Theme.primary
             selectionColor: Theme.accent
@@ -64,7 +72,7 @@ FocusScope {
             wrapMode: TextEdit.Wrap
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-            onTextChanged: root.textEdited(PlainText.of(textDocument))
+            onTextChanged: if (!root.isTakingText) root.textEdited(PlainText.of(textDocument))
             Keys.onPressed: (event) => {
                 // Of itself this would insert a line separator, which is no line feed to those who read the text.
                 if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ShiftModifier) {

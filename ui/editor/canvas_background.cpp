@@ -14,8 +14,8 @@ void CanvasBackground::setSlide(Slide *slide)
         m_slide->disconnect(this);
     m_slide = slide;
     if (slide)
-        connect(slide, &Slide::imageURLChanged, this, &CanvasBackground::reload);
-    reload();
+        connect(slide, &Slide::imageURLChanged, this, &CanvasBackground::redraw);
+    redraw();
     emit slideChanged();
 }
 

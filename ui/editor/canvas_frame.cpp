@@ -3,7 +3,6 @@
 #include "render/pixels/continuous_corners.h"
 #include "render/pixels/pixels.h"
 #include "render/pixels/shadows.h"
-#include "ui/editor/image_layer.h"
 
 #include <QtGui/QPainter>
 
@@ -50,17 +49,15 @@ QImage drawFrame(QSize canvas, int margin, double pixelRatio, const QColor &back
 } // namespace
 
 CanvasFrame::CanvasFrame(QQuickItem *parent)
-    : QQuickItem(parent)
-{
-    setFlag(ItemHasContents);
-}
+    : DrawnItem(parent)
+{}
 
 void CanvasFrame::setBackdrop(const QColor &color)
 {
     if (m_backdrop == color)
         return;
     m_backdrop = color;
-    polish();
+    redraw();
     emit backdropChanged();
 }
 
@@ -69,57 +66,30 @@ void CanvasFrame::setShadowStrength(double strength)
     if (m_shadowStrength == strength)
         return;
     m_shadowStrength = strength;
-    polish();
+    redraw();
     emit shadowStrengthChanged();
 }
 
-void CanvasFrame::itemChange(ItemChange change, const ItemChangeData &value)
+std::vector<PlacedImage> CanvasFrame::draw(double pixelRatio)
 {
-    QQuickItem::itemChange(change, value);
-    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
-        polish();
-}
-
-void CanvasFrame::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
-{
-    QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry.size() != oldGeometry.size())
-        polish();
-}
-
-void CanvasFrame::updatePolish()
-{
-    if (!window() || size().isEmpty())
-        return;
-    m_pixelRatio = window()->effectiveDevicePixelRatio();
+    if (size().isEmpty())
+        return {};
     const std::vector<Shadow> shadows = frameShadow(m_shadowStrength);
-    m_margin = static_cast<int>(std::ceil(shadowReach(shadows, m_pixelRatio)));
-    m_image = drawFrame((size() * m_pixelRatio).toSize(), m_margin, m_pixelRatio, m_backdrop, shadows);
-    m_imageIsNew = true;
-    update();
-}
-
-QSGNode *CanvasFrame::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
-{
-    if (m_image.isNull() || (node && !m_imageIsNew))
-        return node;
-    delete node;
-    m_imageIsNew = false;
-    auto *const root = new QSGNode;
+    const int margin = static_cast<int>(std::ceil(shadowReach(shadows, pixelRatio)));
+    const QImage frame = drawFrame((size() * pixelRatio).toSize(), margin, pixelRatio, m_backdrop, shadows);
     // Only the four sides, with the corners in the upper and the lower one: nothing is drawn over the middle.
-    const int corner = static_cast<int>(std::ceil(continuousCornerExtent * cornerRadius * m_pixelRatio));
-    const int side = m_margin + corner;
-    const QRect all = m_image.rect();
+    const int corner = static_cast<int>(std::ceil(continuousCornerExtent * cornerRadius * pixelRatio));
+    const int side = margin + corner;
+    const QRect all = frame.rect();
     const int between = std::max(0, all.height() - 2 * side);
-    for (const QRect &part : {QRect(0, 0, all.width(), side), QRect(0, side, m_margin, between),
-                              QRect(all.width() - m_margin, side, m_margin, between),
+    std::vector<PlacedImage> images;
+    for (const QRect &part : {QRect(0, 0, all.width(), side), QRect(0, side, margin, between),
+                              QRect(all.width() - margin, side, margin, between),
                               QRect(0, all.height() - side, all.width(), side)}) {
-        QSGNode *const drawn = makeImageNode(window(), m_image.copy(part),
-                                             part.topLeft() - QPoint(m_margin, m_margin), m_pixelRatio);
-        drawn->setFlag(QSGNode::OwnedByParent);
-        root->appendChildNode(drawn);
+        if (!part.isEmpty())
+            images.push_back(place(frame.copy(part), part.topLeft() - QPoint(margin, margin), pixelRatio));
     }
-    return root;
+    return images;
 }
 
 } // namespace mosslantern

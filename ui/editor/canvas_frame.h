@@ -1,14 +1,14 @@
 #pragma once
 
+#include "ui/editor/drawn_item.h"
+
 #include <QtGui/QColor>
-#include <QtGui/QImage>
-#include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
 /// What surrounds the editor's canvas, which the item fills: rounded corners cut out of the backdrop, and the
 /// shadow on it. Lies above the canvas.
-class CanvasFrame : public QQuickItem
+class CanvasFrame : public mosslantern::DrawnItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -31,18 +31,11 @@ signals:
     void shadowStrengthChanged();
 
 protected:
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
-    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
-    void updatePolish() override;
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    std::vector<PlacedImage> draw(double pixelRatio) override;
 
 private:
     QColor m_backdrop;
     double m_shadowStrength = 0.3;
-    QImage m_image;
-    int m_margin = 0;
-    double m_pixelRatio = 1;
-    bool m_imageIsNew = false;
 };
 
 } // namespace mosslantern

@@ -2,11 +2,12 @@
 
 #include "model/rgba_color.h"
 #include "ui/editor/canvas_picture.h"
+#include "ui/editor/drawn_item.h"
 
 namespace mosslantern {
 
 /// What stands behind the texts of a canvas, filling the item: a picture, or the colour in its place.
-class PictureBackground : public QQuickItem
+class PictureBackground : public mosslantern::DrawnItem
 {
     Q_OBJECT
     QML_ANONYMOUS
@@ -32,19 +33,11 @@ protected:
     /// What stands there then.
     virtual RgbaColor noPicture() const = 0;
 
-    /// To be called when the path may have changed.
-    void reload();
-
-    void componentComplete() override;
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
-    void updatePolish() override;
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    std::vector<PlacedImage> draw(double pixelRatio) override;
 
 private:
     QSizeF m_canvasSize;
     CanvasPicture m_picture;
-    QImage m_image;
-    bool m_imageIsNew = false;
 };
 
 } // namespace mosslantern

@@ -2,7 +2,6 @@
 
 #include "render/picture/picture_geometry.h"
 #include "render/pixels/continuous_corners.h"
-#include "ui/editor/image_layer.h"
 
 #include <QtGui/QPainter>
 
@@ -40,40 +39,13 @@ AspectRatio aspectRatioFromVariant(const QVariant &value)
 }
 
 StaticSlide::StaticSlide(QQuickItem *parent)
-    : QQuickItem(parent)
+    : DrawnItem(parent)
     , m_picture(*this, CanvasPicture::Turn::later)
 {
-    setFlag(ItemHasContents);
     connect(&m_picture, &CanvasPicture::changed, this, [this] {
         redraw();
         emit isLoadedChanged();
     });
-}
-
-void StaticSlide::redraw()
-{
-    if (isComponentComplete() && window())
-        polish();
-}
-
-void StaticSlide::componentComplete()
-{
-    QQuickItem::componentComplete();
-    redraw();
-}
-
-void StaticSlide::itemChange(ItemChange change, const ItemChangeData &value)
-{
-    QQuickItem::itemChange(change, value);
-    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
-        redraw();
-}
-
-void StaticSlide::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
-{
-    QQuickItem::geometryChange(newGeometry, oldGeometry);
-    if (newGeometry.size() != oldGeometry.size())
-        redraw();
 }
 
 void StaticSlide::setTopRadius(double radius)
@@ -103,36 +75,24 @@ Background StaticSlide::background(const Content &content, const Canvas &canvas)
     return content.picturePath.isEmpty() ? content.noPicture : missingPictureColor;
 }
 
-void StaticSlide::updatePolish()
+std::vector<PlacedImage> StaticSlide::draw(double pixelRatio)
 {
     const QRectF rect = canvasRect();
     if (rect.isEmpty())
-        return;
-    m_pixelRatio = window()->effectiveDevicePixelRatio();
-    const Canvas canvas{rect.size(), m_pixelRatio};
+        return {};
+    const Canvas canvas{rect.size(), pixelRatio};
     const Content shown = content();
     // When only the picture is new, the texts need not be drawn again.
-    if (m_image.isNull() || shown.values != m_drawnValues || canvas.size != m_drawnCanvas.size ||
+    if (shown.values != m_drawnValues || canvas.size != m_drawnCanvas.size ||
         canvas.pixelRatio != m_drawnCanvas.pixelRatio) {
         m_texts = drawTexts(shown.values, canvas);
         m_drawnValues = shown.values;
         m_drawnCanvas = canvas;
     }
-    m_image = SlideComposition(canvas, background(shown, canvas), m_texts).image();
+    QImage image = SlideComposition(canvas, background(shown, canvas), m_texts).image();
     if (m_topRadius > 0)
-        cutTopCorners(m_image, m_topRadius * m_pixelRatio);
-    m_imageIsNew = true;
-    update();
-}
-
-QSGNode *StaticSlide::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
-{
-    if (m_image.isNull() || (node && !m_imageIsNew))
-        return node;
-    delete node;
-    m_imageIsNew = false;
-    const QPoint at = (canvasRect().topLeft() * m_pixelRatio).toPoint();
-    return makeImageNode(window(), m_image, at, m_pixelRatio);
+        cutTopCorners(image, m_topRadius * pixelRatio);
+    return {place(image, (rect.topLeft() * pixelRatio).toPoint(), pixelRatio)};
 }
 
 } // namespace mosslantern

@@ -3,14 +3,13 @@
 #include "model/aspect_ratio.h"
 #include "render/slide_values.h"
 #include "ui/editor/canvas_picture.h"
-
-#include <QtGui/QImage>
+#include "ui/editor/drawn_item.h"
 
 namespace mosslantern {
 
 /// A slide drawn by the exporter's painter: the largest canvas of its shape that fits into the item, in its
 /// centre, with rounded corners and a shadow.
-class StaticSlide : public QQuickItem
+class StaticSlide : public mosslantern::DrawnItem
 {
     Q_OBJECT
     QML_ANONYMOUS
@@ -49,14 +48,7 @@ protected:
     virtual Content content() const = 0;
     virtual AspectRatio shape() const = 0;
 
-    /// Draws anew before the next frame.
-    void redraw();
-
-    void componentComplete() override;
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
-    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
-    void updatePolish() override;
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    std::vector<PlacedImage> draw(double pixelRatio) override;
 
 private:
     double canvasShape() const { return mosslantern::widthToHeight(shape()); }
@@ -67,9 +59,6 @@ private:
     SlideValues m_drawnValues;
     Canvas m_drawnCanvas;
     std::vector<Layer> m_texts; // of these values on that canvas
-    QImage m_image;
-    double m_pixelRatio = 1;
-    bool m_imageIsNew = false;
 };
 
 /// The shape that a screen hands over: an AspectRatio as a number, or nothing for `tiktok`.

@@ -1,15 +1,14 @@
 #include "ui/editor/text_block_item.h"
 
 #include "render/canvas.h"
-#include "ui/editor/image_layer.h"
+
+#include <QtQuick/QQuickWindow>
 
 namespace mosslantern {
 
 TextBlockItem::TextBlockItem(QQuickItem *parent)
-    : QQuickItem(parent)
-{
-    setFlag(ItemHasContents);
-}
+    : DrawnItem(parent)
+{}
 
 void TextBlockItem::setBlock(DraggableTextView *block)
 {
@@ -28,25 +27,6 @@ void TextBlockItem::setBlock(DraggableTextView *block)
     emit blockChanged();
 }
 
-void TextBlockItem::componentComplete()
-{
-    QQuickItem::componentComplete();
-    redraw();
-}
-
-void TextBlockItem::itemChange(ItemChange change, const ItemChangeData &value)
-{
-    QQuickItem::itemChange(change, value);
-    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
-        redraw();
-}
-
-void TextBlockItem::redraw()
-{
-    if (isComponentComplete() && window())
-        polish();
-}
-
 void TextBlockItem::follow()
 {
     if (!m_isWhole && !m_block->dragOffset().isNull())
@@ -54,16 +34,15 @@ void TextBlockItem::follow()
     update();
 }
 
-void TextBlockItem::updatePolish()
+std::vector<PlacedImage> TextBlockItem::draw(double pixelRatio)
 {
     if (!m_block || m_block->containerSize().isEmpty())
-        return;
-    m_pixelRatio = window()->effectiveDevicePixelRatio();
-    const Canvas canvas{m_block->containerSize(), m_pixelRatio};
+        return {};
+    const Canvas canvas{m_block->containerSize(), pixelRatio};
     const QSize pixels = canvas.pixelSize();
     const QPointF offset(m_block->dragOffset().width(), m_block->dragOffset().height());
-    const QPointF center = (m_block->center() - offset) * m_pixelRatio;
-    const double scale = m_block->drawnScale() * m_pixelRatio;
+    const QPointF center = (m_block->center() - offset) * pixelRatio;
+    const double scale = m_block->drawnScale() * pixelRatio;
 
     // While it moves, whatever of the block can come into view is drawn: its centre stays on the canvas.
     const QRect reachable =
@@ -72,28 +51,20 @@ void TextBlockItem::updatePolish()
     const QRect visible(QPoint(), pixels);
     const bool isMoving = !m_block->dragOffset().isNull();
     m_isWhole = isMoving || QRectF(visible).contains(bounds);
-    m_layers = m_block->block().draw(center, scale, isMoving ? reachable : visible);
-    m_layersAreNew = true;
     ++m_drawings;
-    update();
+    std::vector<PlacedImage> images;
+    for (const Layer &layer : m_block->block().draw(center, scale, isMoving ? reachable : visible))
+        images.push_back(place(layer.image, layer.at, pixelRatio));
+    return images;
 }
 
-QSGNode *TextBlockItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
+QSGNode *TextBlockItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *data)
 {
-    auto *root = static_cast<QSGTransformNode *>(node);
-    if (!root || m_layersAreNew) {
-        delete root;
-        root = new QSGTransformNode;
-        for (const Layer &layer : m_layers) {
-            QSGNode *const drawn = makeImageNode(window(), layer.image, layer.at, m_pixelRatio);
-            drawn->setFlag(QSGNode::OwnedByParent);
-            root->appendChildNode(drawn);
-        }
-        m_layersAreNew = false;
-    }
+    auto *const root = static_cast<QSGTransformNode *>(DrawnItem::updatePaintNode(node, data));
+    const double pixelRatio = window()->effectiveDevicePixelRatio();
     const QSizeF offset = m_block ? m_block->dragOffset() : QSizeF(0, 0);
     const QPointF moved =
-        QPointF((QPointF(offset.width(), offset.height()) * m_pixelRatio).toPoint()) / m_pixelRatio;
+        QPointF((QPointF(offset.width(), offset.height()) * pixelRatio).toPoint()) / pixelRatio;
     QMatrix4x4 matrix;
     matrix.translate(static_cast<float>(moved.x()), static_cast<float>(moved.y()));
     root->setMatrix(matrix);

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "ui/editor/draggable_text_view.h"
+#include "ui/editor/drawn_item.h"
 
 #include <QtCore/QPointer>
-#include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
 /// Draws a text block where it stands on its canvas, which the item fills. The drawing is kept: a block that
 /// moves is not drawn again.
-class TextBlockItem : public QQuickItem
+class TextBlockItem : public mosslantern::DrawnItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -28,20 +28,14 @@ signals:
     void blockChanged();
 
 protected:
-    void componentComplete() override;
-    void itemChange(ItemChange change, const ItemChangeData &value) override;
-    void updatePolish() override;
+    std::vector<PlacedImage> draw(double pixelRatio) override;
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
 
 private:
-    void redraw();
     void follow();
 
     QPointer<DraggableTextView> m_block;
-    std::vector<Layer> m_layers;
-    bool m_layersAreNew = false;
     bool m_isWhole = true;
-    double m_pixelRatio = 1;
     int m_drawings = 0;
 };
 

@@ -11,7 +11,7 @@ void AssetBackground::setAsset(Asset *asset)
     if (m_asset == asset)
         return;
     m_asset = asset;
-    reload();
+    redraw();
     emit assetChanged();
 }
 
