@@ -282,11 +282,10 @@ private slots:
             if (store.all<Collection>().size() == 2)
                 library.addCollection(u"added"_s);
         });
-        last.setFilter([](const Collection &collection) { return collection.name() != u"z"_s; });
+        const auto isNotZ = [](const Collection &collection) { return collection.name() != u"z"_s; };
+        last.setFilter(isNotZ);
         QCOMPARE(names(last), (QStringList{u"added"_s, u"instead"_s}));
-        QCOMPARE(mirror.shown(),
-                 (naive<Collection>(
-                     store, [](const Collection &c) { return c.name() != u"z"_s; }, nameComesBefore)));
+        QCOMPARE(mirror.shown(), naive<Collection>(store, isNotZ, nameComesBefore));
     }
 };
 

@@ -104,6 +104,7 @@ private slots:
         row("all 0", {0, 0, 0}, u"012"_s, {0, 1, 2});
         row("some 0", {5, 0, 2, 0}, u"1320"_s, {5, 0, 2, 1});
         row("negative first", {0, -3, 0}, u"102"_s, {1, -3, 2});
+        row("two negative", {-1, -2}, u"10"_s, {-1, -2});
         row("equal, not 0", {4, 4, 1}, u"201"_s, {4, 4, 1});
     }
 

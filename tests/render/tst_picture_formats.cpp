@@ -70,8 +70,8 @@ private slots:
               PictureRequest{{30, 90}, true}}) {
             const auto picture = loadPicture(path, request);
             QVERIFY2(picture, reason(picture));
-            const bool reducing = neededScale(expected.size(), request) < 1;
-            QCOMPARE(mistake(*picture, request, expected, reducing ? tolerance + 2 : tolerance), QString());
+            const int averaging = neededScale(expected.size(), request) <= 0.5 ? 2 : 0;
+            QCOMPARE(mistake(*picture, request, expected, tolerance + averaging), QString());
         }
     }
 
