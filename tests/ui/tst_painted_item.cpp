@@ -29,6 +29,7 @@ private slots:
         QQuickWindow window;
         window.resize(100, 100);
         window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
         QQuickItem parent(window.contentItem());
         parent.setVisible(false);
         Picture picture(&parent);
