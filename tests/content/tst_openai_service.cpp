@@ -165,13 +165,11 @@ private slots:
     void answers()
     {
         QFETCH(QByteArray, bytes);
-        QFETCH(QString, expected);
-        QFETCH(QString, console);
         ConsoleCapture capture;
         const TestServer server(TestServer::always(bytes));
         OpenAIService service(server.serviceUrl());
-        QCOMPARE(ask(service), expected);
-        QCOMPARE(capture.lines().join(u'\n'), console);
+        QTEST(ask(service), "expected");
+        QTEST(capture.lines().join(u'\n'), "console");
         QTest::qWait(20);
         QCOMPARE(server.requests().size(), 1);
     }

@@ -38,11 +38,10 @@ private slots:
     void finds()
     {
         QFETCH(QString, text);
-        QFETCH(QStringList, runs);
         QStringList found;
         for (const TextRun &run : emojiRuns(text))
             found.append(text.sliced(run.start, run.length));
-        QCOMPARE(found, runs);
+        QTEST(found, "runs");
     }
 };
 

@@ -45,8 +45,7 @@ private slots:
     void contrast()
     {
         QFETCH(RgbaColor, box);
-        QFETCH(RgbaColor, text);
-        QCOMPARE(contrastColor(box), text);
+        QTEST(contrastColor(box), "text");
     }
 };
 

@@ -97,11 +97,10 @@ private slots:
     void readsAppcasts()
     {
         QFETCH(const QByteArray, items);
-        QFETCH(const QString, found);
         const auto releases = parseAppcast(feedOf(items));
         QVERIFY(releases);
         const auto update = newestUpdate(*releases, u"1.2"_s);
-        QCOMPARE(update ? update->shownVersion : QString(), found);
+        QTEST(update ? update->shownVersion : QString(), "found");
     }
 
     void showsWhatAnAskedCheckFinds_data()
