@@ -16,27 +16,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// All properties of a record by name, related records as their ids.
+/// Related records as their ids.
+QVariant plain(const QVariant &value)
+{
+    if (const auto *const record = qobject_cast<Record *>(value.value<QObject *>()))
+        return record->id();
+    if (!QByteArrayView(value.typeName()).startsWith("QList<"))
+        return value;
+    QVariantList members;
+    for (const QVariant &member : value.value<QVariantList>())
+        members << plain(member);
+    return members;
+}
+
+/// All properties of a record by name.
 QVariantMap fields(const Record *record)
 {
-    const auto idOf = [](const QVariant &related) {
-        const auto *const other = qobject_cast<Record *>(related.value<QObject *>());
-        return other ? QVariant(other->id()) : QVariant();
-    };
     QVariantMap fields;
     for (int i = 0; i < record->metaObject()->propertyCount(); ++i) {
         const QMetaProperty property = record->metaObject()->property(i);
-        const QVariant value = property.read(record);
-        if (property.metaType().flags() & QMetaType::PointerToQObject) {
-            fields[QLatin1StringView(property.name())] = idOf(value);
-        } else if (QByteArrayView(property.typeName()).startsWith("QList<")) {
-            QVariantList ids;
-            for (const QVariant &member : value.value<QVariantList>())
-                ids << idOf(member);
-            fields[QLatin1StringView(property.name())] = ids;
-        } else {
-            fields[QLatin1StringView(property.name())] = value;
-        }
+        fields[QLatin1StringView(property.name())] = plain(property.read(record));
     }
     return fields;
 }
