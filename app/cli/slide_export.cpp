@@ -61,7 +61,8 @@ int exportSingle(const Slideshow &slideshow, const QString &folder)
     Result<> exported;
     {
         Progress progress(u"slides"_s);
-        exported = reportingExporter(progress, status)->exportSlideshow(slideshow, absolute(folder));
+        exported =
+            QCoro::waitFor(reportingExporter(progress, status)->exportSlideshow(slideshow, absolute(folder)));
     }
     if (!exported)
         return failedWith(exported.error());

@@ -5,6 +5,7 @@
 #include "render/export/png_file.h"
 
 #include <QCoroTimer>
+#include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
@@ -48,6 +49,11 @@ bool isThere(const QPointer<Slideshow> &slideshow)
     return slideshow && slideshow->store();
 }
 
+std::unexpected<Error> givenUp()
+{
+    return fail(u"The export was given up."_s);
+}
+
 int slidesOf(const QList<QPointer<Slideshow>> &slideshows)
 {
     qsizetype count = 0;
@@ -76,7 +82,11 @@ QString suggestedFolderName(const QDateTime &time)
 BulkExporter::BulkExporter(FolderOpener openFolder, int threads)
     : m_openFolder(std::move(openFolder))
     , m_renderer(threads)
-{}
+{
+    // What an export that is never resumed has begun must not run into the end of the program.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            [this] { m_renderer.waitForDone(); });
+}
 
 QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slideshows, QString base)
 {
@@ -96,7 +106,7 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
             co_return made;
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
-            co_return fail(u"The export was given up."_s);
+            co_return givenUp();
         if (isThere(waiting[i])) {
             m_total = m_done + slidesOf(waiting.sliced(i));
             writeSlideImages(*waiting[i], folder);
@@ -118,23 +128,29 @@ void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &f
                       });
 }
 
-Result<> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
+QCoro::Task<Result<>> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
 {
+    return writeInTurn(exportJobs(slideshow.slides(), shapeOf(slideshow)), folder);
+}
+
+QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QString folder)
+{
+    const QPointer<BulkExporter> self(this);
     m_done = 0;
-    m_total = static_cast<int>(slideshow.slides().size());
+    m_total = static_cast<int>(jobs.size());
     Result<> outcome = makeFolder(folder);
-    if (outcome) {
-        m_renderer.render(exportJobs(slideshow.slides(), shapeOf(slideshow)),
-                          [&](size_t index, const EncodedSlide &slide) {
-                              outcome = writeSlide(slidePath(folder, index), slide);
-                              return outcome.has_value();
-                          });
+    SlideRun run = m_renderer.start(std::move(jobs));
+    for (size_t index = 0; outcome && run.hasNext(); ++index) {
+        co_await QCoro::sleepFor(std::chrono::milliseconds(0));
+        if (!self)
+            co_return givenUp();
+        outcome = writeSlide(slidePath(folder, index), run.next());
     }
     if (!outcome)
         printLine(u"Failed to export: "_s + outcome.error().message);
     else if (m_openFolder)
         m_openFolder(folder);
-    return outcome;
+    co_return outcome;
 }
 
 Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide)

@@ -30,9 +30,10 @@ public:
     /// which only fileLeftOut() tells.
     QCoro::Task<Result<>> exportSlideshows(QList<Slideshow *> slideshows, QString base);
 
-    /// The single export: the slides, in their stored order, straight into `folder`. At the first folder or
-    /// file that cannot be written, prints "Failed to export: " and the reason, and stops.
-    Result<> exportSlideshow(const Slideshow &slideshow, const QString &folder);
+    /// The single export: the slides as they are now, in their stored order, straight into `folder`. Suspends
+    /// before each of them; the slideshow may go meanwhile. At the first folder or file that cannot be
+    /// written, prints "Failed to export: " and the reason, and stops.
+    QCoro::Task<Result<>> exportSlideshow(const Slideshow &slideshow, const QString &folder);
 
     /// Writes the slides of one slideshow, by ascending order, into a folder that exists.
     void writeSlideImages(const Slideshow &slideshow, const QString &folder);
@@ -48,6 +49,7 @@ signals:
     void fileLeftOut(const QString &reason);
 
 private:
+    QCoro::Task<Result<>> writeInTurn(std::vector<SlideJob> jobs, QString folder);
     Result<> writeSlide(const QString &file, const EncodedSlide &slide);
 
     FolderOpener m_openFolder;

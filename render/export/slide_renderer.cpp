@@ -7,11 +7,8 @@
 #include <QtCore/QSemaphore>
 
 #include <atomic>
-#include <deque>
-#include <memory>
 #include <new>
 #include <optional>
-#include <vector>
 
 namespace mosslantern {
 
@@ -22,6 +19,8 @@ constexpr int bandRows = 64;
 
 // Decoding goes before compressing, so that every core has work to the last slide.
 enum Priority { compressing, decoding };
+
+} // namespace
 
 /// One slide on its way through the pool: decode, then all bands, in any order.
 class SlideTask
@@ -106,7 +105,31 @@ private:
     QSemaphore m_done;
 };
 
-} // namespace
+SlideRun::SlideRun(std::vector<SlideJob> jobs, QThreadPool &pool)
+    : m_jobs(std::move(jobs))
+    , m_pool(pool)
+{}
+
+SlideRun::~SlideRun()
+{
+    for (const std::unique_ptr<SlideTask> &task : m_running)
+        task->wait();
+}
+
+EncodedSlide SlideRun::next()
+{
+    // One more than there are threads, so that none waits while the last bands of a slide are compressed.
+    const auto threads = static_cast<size_t>(m_pool.maxThreadCount());
+    const size_t most = threads > 1 ? threads + 1 : 1;
+    for (; m_next < m_jobs.size() && m_running.size() < most; ++m_next) {
+        const SlideJob &job = m_jobs[m_next];
+        m_running.push_back(std::make_unique<SlideTask>(job, drawTexts(job.values, job.canvas), m_pool));
+        m_running.back()->start();
+    }
+    EncodedSlide slide = m_running.front()->wait();
+    m_running.pop_front();
+    return slide;
+}
 
 SlideRenderer::SlideRenderer(int threads)
 {
@@ -118,23 +141,10 @@ SlideRenderer::~SlideRenderer() = default;
 void SlideRenderer::render(std::span<const SlideJob> jobs,
                            const std::function<bool(size_t, const EncodedSlide &)> &write)
 {
-    // One more than there are threads, so that none waits while the last bands of a slide are compressed.
-    const auto threads = static_cast<size_t>(m_pool.maxThreadCount());
-    const size_t most = threads > 1 ? threads + 1 : 1;
-    std::deque<std::unique_ptr<SlideTask>> running;
-    size_t next = 0;
-    bool wanted = true;
-    for (size_t oldest = 0; oldest < jobs.size(); ++oldest) {
-        for (; wanted && next < jobs.size() && next - oldest < most; ++next) {
-            const SlideJob &job = jobs[next];
-            running.push_back(std::make_unique<SlideTask>(job, drawTexts(job.values, job.canvas), m_pool));
-            running.back()->start();
-        }
-        if (running.empty())
+    SlideRun run({jobs.begin(), jobs.end()}, m_pool);
+    for (size_t index = 0; run.hasNext(); ++index) {
+        if (!write(index, run.next()))
             return;
-        const EncodedSlide slide = running.front()->wait();
-        running.pop_front();
-        wanted = wanted && write(oldest, slide);
     }
 }
 

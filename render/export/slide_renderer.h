@@ -5,8 +5,11 @@
 
 #include <QtCore/QThreadPool>
 
+#include <deque>
 #include <functional>
+#include <memory>
 #include <span>
+#include <vector>
 
 namespace mosslantern {
 
@@ -17,6 +20,30 @@ struct EncodedSlide
     QList<PngBand> bands; // none: there was not enough memory to draw the slide
     /// Why the slide stands on the placeholder instead of its picture; empty when it does not.
     QString pictureProblem;
+};
+
+class SlideTask;
+
+/// Slides that are drawn one after the other. While one is waited for, and until the next is asked for, those
+/// after it are drawn already, as many as there may be in memory.
+class SlideRun
+{
+public:
+    /// The pool must outlive the run.
+    SlideRun(std::vector<SlideJob> jobs, QThreadPool &pool);
+    /// Waits for what is being drawn.
+    ~SlideRun();
+    Q_DISABLE_COPY_MOVE(SlideRun)
+
+    bool hasNext() const { return m_next < m_jobs.size() || !m_running.empty(); }
+    /// Waits for the next slide, of which there must be one.
+    EncodedSlide next();
+
+private:
+    std::vector<SlideJob> m_jobs;
+    QThreadPool &m_pool;
+    std::deque<std::unique_ptr<SlideTask>> m_running;
+    size_t m_next = 0;
 };
 
 /// Draws slides into PNG data on all cores. Decoding, painting and compressing run on a thread pool, band by
@@ -33,6 +60,12 @@ public:
     /// Ends early when `write` returns false. Returns when nothing is running any more.
     void render(std::span<const SlideJob> jobs,
                 const std::function<bool(size_t, const EncodedSlide &)> &write);
+
+    /// Begins to draw the jobs for a caller that takes them one by one, before the renderer goes.
+    [[nodiscard]] SlideRun start(std::vector<SlideJob> jobs) { return {std::move(jobs), m_pool}; }
+
+    /// Waits until nothing is running any more.
+    void waitForDone() { m_pool.waitForDone(); }
 
 private:
     QThreadPool m_pool;

@@ -1,8 +1,7 @@
 #include "ui/editor/slideshow_detail_view.h"
 
+#include "render/export/bulk_exporter.h"
 #include "ui/common/file_panels.h"
-
-#include <QtCore/QCoreApplication>
 
 namespace mosslantern {
 
@@ -104,38 +103,31 @@ void SlideshowDetailView::exportSlideshow()
     };
     m_context->filePanels().saveFolder(request, [self = QPointer(this)](const QString &folder) {
         if (self && !folder.isEmpty())
-            self->exportTo(folder);
+            runExport(self, folder);
     });
 }
 
-void SlideshowDetailView::exportTo(const QString &folder)
+QCoro::Task<> SlideshowDetailView::runExport(QPointer<SlideshowDetailView> self, QString folder)
 {
-    if (!m_slideshow || m_isExporting)
-        return;
-    // The events that run in between may end this screen.
-    const QPointer<SlideshowDetailView> self(this);
-    BulkExporter exporter([context = QPointer(m_context)](const QString &path) {
+    if (!self->m_slideshow || self->m_isExporting)
+        co_return;
+    BulkExporter exporter([context = QPointer(self->m_context)](const QString &path) {
         if (context)
             context->filePanels().openFolder(path);
     });
-    connect(&exporter, &BulkExporter::progressed, this, [this](int done, int) {
-        m_exportedSlides = done;
-        emit exportProgressed();
-        // The screen is disabled, but shows how far the export is; what the user clicks meanwhile is lost.
-        QCoreApplication::processEvents();
-    });
-    m_isExporting = true;
-    m_exportedSlides = 0;
-    emit exportProgressed();
-    QCoreApplication::processEvents();
-    if (!self)
-        return;
-    // What went wrong is on the console; there is no alert.
-    if (m_slideshow)
-        static_cast<void>(exporter.exportSlideshow(*m_slideshow, folder));
-    if (!self)
-        return;
-    m_isExporting = false;
+    connect(&exporter, &BulkExporter::progressed, self,
+            [self](int done, int) { self->noteProgress(true, done); });
+    self->noteProgress(true, 0);
+    // What goes wrong is on the console; there is no alert.
+    co_await exporter.exportSlideshow(*self->m_slideshow, folder);
+    if (self)
+        self->noteProgress(false, self->m_exportedSlides);
+}
+
+void SlideshowDetailView::noteProgress(bool isExporting, int exportedSlides)
+{
+    m_isExporting = isExporting;
+    m_exportedSlides = exportedSlides;
     emit exportProgressed();
 }
 

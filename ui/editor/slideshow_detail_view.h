@@ -1,8 +1,9 @@
 #pragma once
 
-#include "render/export/bulk_exporter.h"
 #include "ui/common/screen_context.h"
 #include "ui/editor/slide_inspector_view.h"
+
+#include <QCoroTask>
 
 #include <functional>
 #include <memory>
@@ -53,7 +54,8 @@ public:
     /// Selects the slide at a place in the list.
     Q_INVOKABLE void select(int index);
 
-    /// Asks for a folder and writes the slides into it, in their stored order.
+    /// Asks for a folder and writes the slides into it, in their stored order. The window goes on between two
+    /// of them; the export does, too, when the screen is left or the slideshow removed.
     Q_INVOKABLE void exportSlideshow();
 
     bool isExporting() const { return m_isExporting; }
@@ -74,7 +76,8 @@ private:
     QVariantList slideList() const;
     void followSlides();
     void showSelection();
-    void exportTo(const QString &folder);
+    static QCoro::Task<> runExport(QPointer<SlideshowDetailView> self, QString folder);
+    void noteProgress(bool isExporting, int exportedSlides);
 
     ScreenContext *m_context = nullptr;
     QPointer<Slideshow> m_slideshow;

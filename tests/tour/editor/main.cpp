@@ -210,6 +210,7 @@ void EditorTour::trouble()
             m_session.window().grabWindow().save(m_folder.filePath(u"exporting.png"_s));
     });
     m_panels.answerFolder(m_session.library().path(u"out"_s));
+    static_cast<void>(QTest::qWaitFor([this] { return !m_detail->isExporting(); }));
 }
 
 void EditorTour::run()

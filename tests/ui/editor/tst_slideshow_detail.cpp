@@ -19,6 +19,7 @@ private slots:
     void reportsFailedExports();
     void selectingKeepsTheDrag();
     void inputDuringAnExportIsDropped();
+    void exportOutlivesItsScreen();
     void columnsKeepTheirPlaces();
     void closes_data();
     void closes();
@@ -91,7 +92,7 @@ void SlideshowDetailTest::exports()
     QSignalSpy progress(&f.detail, &SlideshowDetailView::exportProgressed);
     const QString folder = f.library().path(u"out/deep"_s);
     f.panels.answerFolder(folder);
-    QCOMPARE(f.panels.openedFolders(), QStringList{folder});
+    QTRY_COMPARE(f.panels.openedFolders(), QStringList{folder});
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 4);
     QCOMPARE(QImage(folder + u"/Slide_1.png"_s).size(), QSize(240, 240));
     QCOMPARE(progress.count(), 6);
@@ -142,10 +143,35 @@ void SlideshowDetailTest::inputDuringAnExportIsDropped()
     });
     QVERIFY(s.click(u"export"_s));
     s.panels.answerFolder(s.library().path(u"out"_s));
+    QVERIFY(detail->isExporting());
+    QTRY_VERIFY(!detail->isExporting());
     s.settle();
     QCOMPARE(dismissed.count(), 0);
     QVERIFY(s.click(u"done"_s));
     QCOMPARE(dismissed.count(), 1);
+}
+
+void SlideshowDetailTest::exportOutlivesItsScreen()
+{
+    ScreenSession s;
+    bool isUnderWay = false;
+    connect(s.detail(), &SlideshowDetailView::exportProgressed, &s.window(), [&] {
+        if (s.detail()->exportedSlides() != 1)
+            return;
+        const auto leave = [&] {
+            s.close();
+            s.store().remove(s.slideshow);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            isUnderWay = s.panels.openedFolders().isEmpty();
+        };
+        QMetaObject::invokeMethod(this, leave, Qt::QueuedConnection);
+    });
+    QVERIFY(s.click(u"export"_s));
+    const QString folder = s.library().path(u"out"_s);
+    s.panels.answerFolder(folder);
+    QTRY_COMPARE(s.panels.openedFolders(), QStringList{folder});
+    QVERIFY(isUnderWay);
+    QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 3);
 }
 
 void SlideshowDetailTest::columnsKeepTheirPlaces()
