@@ -73,14 +73,14 @@ Item {
         HoverHandler {
             id: hover
         }
-        TapHandler {
+        ClickHandler {
             acceptedModifiers: Qt.NoModifier
             onTapped: {
                 root.pointed()
                 root.chosen()
             }
         }
-        TapHandler {
+        ClickHandler {
             acceptedModifiers: Qt.ControlModifier
             onTapped: {
                 root.pointed()

@@ -52,7 +52,7 @@ Item {
             visible: text !== ""
             font.pixelSize: Theme.caption
         }
-        TapHandler {
+        ClickHandler {
             acceptedButtons: Qt.LeftButton | Qt.RightButton
             onTapped: (event, button) => {
                 root.grid.point(root.index)

@@ -76,7 +76,7 @@ FocusScope {
                 Accessible.checked: index === root.currentIndex
                 Accessible.onPressAction: root.pick(index)
 
-                TapHandler {
+                ClickHandler {
                     onTapped: {
                         root.forceActiveFocus(Qt.MouseFocusReason)
                         root.pick(segment.index)

@@ -40,7 +40,7 @@ FocusScope {
         event.accepted = true
     }
 
-    TapHandler {
+    ClickHandler {
         enabled: !root.block.isFocused
         onSingleTapped: root.forceActiveFocus(Qt.MouseFocusReason)
         onDoubleTapped: (point) => root.block.doubleClick(point.position)

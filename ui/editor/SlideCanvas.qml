@@ -57,7 +57,7 @@ FocusScope {
         onScaleChanged: canvas.localSubtitleScale = scale
     }
 
-    TapHandler {
+    ClickHandler {
         onTapped: (tap) => {
             const point = content.mapFromItem(root, tap.position.x, tap.position.y)
             if (!mainBlock.contains(point) && !(canvas.localSubtitle !== "" && subtitleBlock.contains(point)))

@@ -66,7 +66,7 @@ Item {
         borderColor: Theme.blue
         borderWidth: 3 * root.emphasis
     }
-    TapHandler {
+    ClickHandler {
         onTapped: root.chosen()
     }
 }

@@ -18,7 +18,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.windowBackground
     }
-    TapHandler {
+    ClickHandler {
         onTapped: (tap) => {
             const point = content.mapFromItem(root, tap.position.x, tap.position.y)
             if (!root.preview.mainBlock.contains(point)

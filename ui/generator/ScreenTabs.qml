@@ -78,7 +78,7 @@ FocusScope {
                     Accessible.selected: isCurrent
                     Accessible.onPressAction: root.choose(index)
 
-                    TapHandler {
+                    ClickHandler {
                         onTapped: {
                             root.forceActiveFocus(Qt.MouseFocusReason)
                             root.choose(tab.index)

@@ -56,7 +56,7 @@ Item {
             }
         }
     }
-    TapHandler {
+    ClickHandler {
         onTapped: root.chosen()
     }
 }

@@ -43,15 +43,15 @@ Item {
     HoverHandler {
         id: hover
     }
-    TapHandler {
+    ClickHandler {
         acceptedModifiers: Qt.NoModifier
         onTapped: root.chosen()
     }
-    TapHandler {
+    ClickHandler {
         acceptedModifiers: Qt.ControlModifier
         onTapped: root.isSelected ? root.letGo() : root.chosen()
     }
-    TapHandler {
+    ClickHandler {
         acceptedButtons: Qt.RightButton
         onTapped: (event) => root.menuRequested(event.position)
     }

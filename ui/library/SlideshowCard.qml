@@ -138,10 +138,10 @@ Item {
     HoverHandler {
         id: hover
     }
-    TapHandler {
+    ClickHandler {
         onTapped: root.chosen()
     }
-    TapHandler {
+    ClickHandler {
         acceptedButtons: Qt.RightButton
         onTapped: (event) => root.menuRequested(event.position)
     }
