@@ -8,6 +8,7 @@
 
 #include <QtCore/QDirIterator>
 #include <QtCore/QRegularExpression>
+#include <QtGui/QStyleHints>
 #include <QtTest/QSignalSpy>
 
 using namespace mosslantern;
@@ -62,6 +63,25 @@ private slots:
         QCOMPARE(selected(), std::nullopt);
         session().key(Qt::Key_Down);
         QCOMPARE(selected(), AppScreen::assets);
+    }
+
+    void takesAClickHoweverLongItIsHeld()
+    {
+        session().open();
+        const auto middle = [this](const QString &row) {
+            const QQuickItem *const item = session().find(row);
+            return item->mapToScene(item->boundingRect().center()).toPoint();
+        };
+        const int longTime = QGuiApplication::styleHints()->mousePressAndHoldInterval() + 100;
+        const auto clickSlowly = [&](const QString &from, const QString &to) {
+            QTest::mousePress(session().window(), Qt::LeftButton, {}, middle(from));
+            QTest::mouseMove(session().window(), middle(to));
+            QTest::mouseRelease(session().window(), Qt::LeftButton, {}, middle(to), longTime);
+        };
+        clickSlowly(u"sidebarRow1"_s, u"sidebarRow1"_s);
+        QCOMPARE(selected(), AppScreen::collections);
+        clickSlowly(u"sidebarRow2"_s, u"sidebarRow0"_s);
+        QCOMPARE(selected(), AppScreen::collections);
     }
 
     void opensMenusAgainAfterEscape()
