@@ -6,4 +6,5 @@ Shortcut {
     required property string label
 
     context: Qt.ApplicationShortcut
+    autoRepeat: false
 }
