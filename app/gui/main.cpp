@@ -43,6 +43,10 @@ StartOptions readOptions()
     show.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({library, show});
     parser.process(QCoreApplication::arguments());
+    if (const QStringList surplus = parser.positionalArguments(); !surplus.isEmpty()) {
+        std::fprintf(stderr, "There is no argument \"%s\".\n", qUtf8Printable(surplus.constFirst()));
+        std::exit(EXIT_FAILURE);
+    }
     const QString shown = parser.value(show);
     if (parser.isSet(show) && shown != contentLibrary && shown != slideshowEditor) {
         std::fprintf(stderr, "There is no sheet of the name \"%s\".\n", qUtf8Printable(shown));
@@ -66,8 +70,11 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     MosslanternApp app(readOptions());
     switch (app.start()) {
-    case StartOutcome::shown:
-        return QApplication::exec();
+    case StartOutcome::shown: {
+        const int code = QApplication::exec();
+        // A window that only told of a failure is not the main one.
+        return app.window() ? code : EXIT_FAILURE;
+    }
     case StartOutcome::raisedOther:
         return EXIT_SUCCESS;
     case StartOutcome::failed:

@@ -182,6 +182,15 @@ private slots:
         QCOMPARE(item->mapToScene({}).y(), about->mapToScene({}).y() + about->height());
     }
 
+    void refusesArgumentsItDoesNotKnow()
+    {
+        QProcess program;
+        program.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"pictures"_s, u"more"_s});
+        QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, 10'000);
+        QCOMPARE(program.exitCode(), EXIT_FAILURE);
+        QCOMPARE(program.readAllStandardError(), "There is no argument \"pictures\".\n");
+    }
+
     void saysWhyTheLibraryCannotBeOpened()
     {
         QDir().mkpath(QFileInfo(session().library().storeFile()).path());
