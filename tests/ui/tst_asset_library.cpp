@@ -134,7 +134,8 @@ private slots:
         session().key(Qt::Key_Tab);
         QQuickItem *const grid = session().find(u"assetGrid"_s);
         const auto place = [](const QQuickItem &item) { return item.mapRectToScene(item.boundingRect()); };
-        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Up, Qt::Key_Left}) {
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Up, Qt::Key_Left,
+                                  Qt::Key_PageUp, Qt::Key_PageUp, Qt::Key_Up}) {
             session().key(key);
             // It scrolls with the next step of an animation that takes no time.
             const bool isAtTop = key == Qt::Key_Right || key == Qt::Key_Down;
@@ -143,6 +144,7 @@ private slots:
             QQuickItem *const ring = session().find(u"gridRing"_s);
             QVERIFY(cell && ring);
             QCOMPARE(place(*ring), place(*cell->findChild<Thumbnail *>()).adjusted(-3, -3, 3, 3));
+            QTRY_VERIFY(place(*grid).contains(place(*ring)));
         }
     }
 

@@ -54,6 +54,10 @@ GridView {
     currentIndex: 0
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
+    // The ring around the current cell's frame is a little larger than the cell.
+    highlightRangeMode: GridView.ApplyRange
+    preferredHighlightBegin: topMargin
+    preferredHighlightEnd: height - bottomMargin
 
     // A cell that takes the place of a removed one does not get the focus of its own accord.
     Keys.forwardTo: currentItem ? [currentItem] : []
