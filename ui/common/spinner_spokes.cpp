@@ -60,6 +60,8 @@ void SpinnerSpokes::itemChange(ItemChange change, const ItemChangeData &value)
     QQuickItem::itemChange(change, value);
     if (change == ItemVisibleHasChanged)
         stepWhileVisible();
+    else if (change == ItemDevicePixelRatioHasChanged)
+        update();
 }
 
 void SpinnerSpokes::timerEvent(QTimerEvent *event)
@@ -72,10 +74,14 @@ void SpinnerSpokes::timerEvent(QTimerEvent *event)
 
 QSGNode *SpinnerSpokes::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
+    const int side = static_cast<int>(std::ceil(width() * window()->effectiveDevicePixelRatio()));
+    if (side <= 0) {
+        delete node;
+        return nullptr;
+    }
     auto *pictureNode = static_cast<PictureNode *>(node);
     if (!pictureNode)
         pictureNode = new PictureNode(window(), QSGTexture::Linear);
-    const int side = static_cast<int>(std::ceil(width() * window()->effectiveDevicePixelRatio()));
     pictureNode->show(spokes(side, m_color), boundingRect());
     return pictureNode;
 }
