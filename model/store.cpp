@@ -207,8 +207,10 @@ void Store::save()
 {
     m_saveIsPending = false;
     const Result<> written = flush();
-    if (written)
+    if (written) {
+        emit saved();
         return;
+    }
     m_retry.start(retryInterval);
     emit saveFailed(written.error().message);
 }

@@ -92,6 +92,8 @@ public:
 signals:
     /// Changes could not be written; they are kept and tried again, with the next change or a while later.
     void saveFailed(const QString &message);
+    /// Changes were written.
+    void saved();
 
 private:
     friend class Record;

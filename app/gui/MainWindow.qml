@@ -29,7 +29,23 @@ T.ApplicationWindow {
         commands: commands
         onAboutRequested: sheets.setSource("AboutSheet.qml", {"visible": true})
     }
+    footer: SaveErrorBar {
+        status: saving
+    }
     Component.onCompleted: showSelectedScreen()
+    onClosing: (close) => {
+        close.accepted = losesChanges || saving.save()
+        if (!close.accepted)
+            unsaved.setSource("UnsavedAlert.qml", {"status": saving, "visible": true})
+    }
+
+    /// Whether it was confirmed that changes that cannot be saved are lost.
+    property bool losesChanges: false
+
+    SaveStatus {
+        id: saving
+        context: root.context
+    }
 
     AppCommands {
         id: commands
@@ -126,6 +142,20 @@ T.ApplicationWindow {
         function onIsShownChanged() {
             if (root.updater.isShown)
                 updates.setSource("../Update/UpdateWindow.qml", {"updater": root.updater, "transientParent": root})
+        }
+    }
+    Loader {
+        id: unsaved
+    }
+    Connections {
+        target: unsaved.item as UnsavedAlert
+        ignoreUnknownSignals: true
+        function onClosed() {
+            unsaved.setSource("")
+        }
+        function onQuitConfirmed() {
+            root.losesChanges = true
+            Qt.quit()
         }
     }
     Loader {

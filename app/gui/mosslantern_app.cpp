@@ -80,12 +80,8 @@ StartOutcome MosslanternApp::open(StartFiles files)
     useInterfaceFont();
     if (!files.fonts)
         return showFailure(u"Mosslantern is not installed completely"_s, files.fonts.error(), {});
-    if (m_options.location.assetFolder().isEmpty()) {
-        return showFailure(u"There is no documents folder"_s,
-                           {u"Mosslantern keeps its pictures in your documents folder, but this system "
-                            "names none. Set XDG_DOCUMENTS_DIR in ~/.config/user-dirs.dirs."_s},
-                           {});
-    }
+    if (m_options.location.assetFolder().isEmpty())
+        return showFailure(u"There is no documents folder"_s, files.store.error(), {});
     if (!files.store)
         return raisesOther() ? StartOutcome::raisedOther
                              : showFailure(u"The library cannot be opened"_s, files.store.error(),
@@ -144,7 +140,6 @@ QQuickWindow *MosslanternApp::load(const QString &name, const QVariantMap &prope
 {
     m_engine->setInitialProperties(properties);
     m_engine->load(qmlFile(u"App/"_s + name));
-    QObject::connect(&*m_engine, &QQmlEngine::quit, QCoreApplication::instance(), &QCoreApplication::quit);
     return m_engine->rootObjects().isEmpty()
                ? nullptr
                : qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
