@@ -127,13 +127,22 @@ bool UiSession::doubleClick(const QString &objectName)
 void UiSession::hold(Qt::Key key)
 {
     const QString text = key == Qt::Key_Return ? u"\r"_s : key == Qt::Key_Space ? u" "_s : QString();
-    for (int time = 0; time < 4; ++time) {
-        QKeyEvent press(QEvent::KeyPress, key, {}, text, time > 0);
-        QCoreApplication::sendEvent(m_window, &press);
-        QKeyEvent release(QEvent::KeyRelease, key, {}, text, time < 3);
-        QCoreApplication::sendEvent(m_window, &release);
+    const auto send = [&](QEvent::Type type, bool isMarked) {
+        QKeyEvent event(type, key, {}, text, isMarked);
+        event.setTimestamp(m_keyTime);
+        QCoreApplication::sendEvent(m_window, &event);
         settle();
+    };
+    m_keyTime += 1000;
+    send(QEvent::KeyPress, false);
+    // As X11 repeats it, of which Qt marks some.
+    for (const bool isMarked : {false, true, false, false}) {
+        m_keyTime += 200;
+        send(QEvent::KeyRelease, isMarked);
+        send(QEvent::KeyPress, isMarked);
     }
+    m_keyTime += 20;
+    send(QEvent::KeyRelease, false);
 }
 
 void UiSession::key(Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -68,6 +68,7 @@ private:
     std::unique_ptr<OpenAIService> m_service;
     std::unique_ptr<ScreenContext> m_context;
     std::unique_ptr<QQmlApplicationEngine> m_engine;
+    quint64 m_keyTime = 0; // of the events of a held key, milliseconds
     QQuickWindow *m_window = nullptr;
 };
 

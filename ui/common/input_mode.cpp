@@ -1,7 +1,6 @@
 #include "ui/common/input_mode.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtGui/QKeyEvent>
 #include <QtQuick/QQuickWindow>
 
 namespace mosslantern {
@@ -56,16 +55,19 @@ void InputMode::endHover(QQuickItem *item)
 bool InputMode::eventFilter(QObject *receiver, QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::KeyRelease:
-        return repeatsAnAct(receiver, *static_cast<QKeyEvent *>(event));
+    case QEvent::KeyRelease: {
+        const auto &release = *static_cast<QKeyEvent *>(event);
+        if (release.key() == m_key)
+            m_releaseTime = release.timestamp();
+        return repeatsAnAct(receiver, release);
+    }
     case QEvent::KeyPress:
-        if (repeatsAnAct(receiver, *static_cast<QKeyEvent *>(event)))
-            return true;
-        [[fallthrough]];
+        return filterPress(receiver, *static_cast<QKeyEvent *>(event));
     case QEvent::ShortcutOverride: // all there is of a key that is a shortcut
-        if (!isModifier(static_cast<QKeyEvent *>(event)->key()))
-            setUsesKeyboard(true);
+        notePress(*static_cast<QKeyEvent *>(event));
         break;
+    case QEvent::Shortcut:
+        return m_isHeld && !receiver->property("autoRepeat").toBool();
     case QEvent::MouseButtonPress:
     case QEvent::TouchBegin:
     case QEvent::TabletPress:
@@ -75,6 +77,35 @@ bool InputMode::eventFilter(QObject *receiver, QEvent *event)
         break;
     }
     return false;
+}
+
+void InputMode::notePress(const QKeyEvent &event)
+{
+    // X11 repeats a held key as a release and a press of the same time, and Qt does not mark all of them.
+    constexpr quint64 shortestDelay = 100;
+    const bool isTwin = event.key() == m_key && event.timestamp() == m_releaseTime &&
+                        event.timestamp() - m_pressTime >= shortestDelay;
+    m_isHeld = event.isAutoRepeat() || isTwin;
+    if (!m_isHeld) {
+        m_key = event.key();
+        m_pressTime = event.timestamp();
+    }
+    if (!isModifier(event.key()))
+        setUsesKeyboard(true);
+}
+
+bool InputMode::filterPress(QObject *receiver, QKeyEvent &event)
+{
+    notePress(event);
+    if (!m_isHeld || event.isAutoRepeat())
+        return repeatsAnAct(receiver, event);
+    QKeyEvent marked(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
+                     event.nativeVirtualKey(), event.nativeModifiers(), event.text(), true,
+                     quint16(event.count()), event.device());
+    marked.setTimestamp(event.timestamp());
+    QCoreApplication::sendEvent(receiver, &marked);
+    event.setAccepted(marked.isAccepted());
+    return true;
 }
 
 void InputMode::setUsesKeyboard(bool usesKeyboard)

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QtGui/QKeyEvent>
 #include <QtQml/qqmlregistration.h>
 #include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
-/// Which kind of device was used last: what has the keyboard is marked for those who use the keyboard. Of a key
-/// that is held down, what acts once is passed on once: Escape, and outside of texts Space, Return and Delete.
-/// To be made before the first event.
+/// Which kind of device was used last: what has the keyboard is marked for those who use the keyboard. Of a
+/// key that is held down, what acts once is passed on once: Escape, outside of texts Space, Return and
+/// Delete, and shortcuts that do not repeat. To be made before the first event.
 class InputMode : public QObject
 {
     Q_OBJECT
@@ -32,8 +33,15 @@ signals:
 
 private:
     void setUsesKeyboard(bool usesKeyboard);
+    void notePress(const QKeyEvent &event);
+    bool filterPress(QObject *receiver, QKeyEvent &event);
 
     bool m_usesKeyboard = true;
+    // Of the key that was pressed last; milliseconds of the window system's clock.
+    int m_key = 0;
+    quint64 m_pressTime = 0;
+    quint64 m_releaseTime = 0;
+    bool m_isHeld = false;
 };
 
 } // namespace mosslantern
