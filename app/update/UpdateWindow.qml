@@ -39,6 +39,7 @@ Window {
     height: hasUpdate && updater.notes !== "" ? 360 : 140
     minimumWidth: 380
     minimumHeight: 140
+    flags: Qt.Dialog
     title: qsTr("Software Update")
     color: Theme.windowBackground
     visible: updater.isShown
