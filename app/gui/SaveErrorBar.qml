@@ -32,7 +32,7 @@ Rectangle {
         x: 2 * Theme.padding + 22
         width: parent.width - x - Theme.padding
         anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("%1 Mosslantern keeps your changes and tries again.").arg(root.status.error)
+        text: qsTr("%1. Mosslantern keeps your changes and tries again.").arg(root.status.error)
         color: Theme.primary
         font.family: Theme.family
         font.pixelSize: Theme.body

@@ -11,7 +11,7 @@ AlertView {
     signal quitConfirmed
 
     title: qsTr("Your last changes cannot be saved")
-    message: qsTr("%1 If you quit now, they are lost.").arg(status.error)
+    message: qsTr("%1. If you quit now, they are lost.").arg(status.error)
 
     buttons: [
         PushButton {

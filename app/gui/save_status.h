@@ -13,7 +13,7 @@ class SaveStatus : public QObject
     QML_ELEMENT
     Q_PROPERTY(
         mosslantern::ScreenContext *context READ context WRITE setContext NOTIFY contextChanged REQUIRED)
-    /// Why the last changes could not be written, as a sentence; empty when they are.
+    /// Why the last changes could not be written, a sentence without its full stop; empty when they are.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
 
 public:

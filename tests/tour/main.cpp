@@ -38,6 +38,7 @@ private:
     void filePanel();
     void controls();
     void updates();
+    void fullDisk();
     void failure();
     void click(const QString &objectName, int nth = 0, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = {});
@@ -300,6 +301,20 @@ void Tour::updates()
     }
 }
 
+void Tour::fullDisk()
+{
+    {
+        const FullDisk full(1);
+        m_session.store().insert(std::make_unique<Collection>(u"Not saved"_s));
+        m_session.settle();
+        m_session.window()->close();
+        waitForPopup();
+    }
+    picture(u"quit-unsaved"_s);
+    click(u"cancelQuit"_s);
+    picture(u"save-error"_s);
+}
+
 void Tour::failure()
 {
     TestLibrary library;
@@ -341,6 +356,7 @@ void Tour::run()
     filePanel();
     controls();
     updates();
+    fullDisk();
     failure();
 }
 
