@@ -27,6 +27,8 @@ GridView {
     /// Where the first column begins; the view itself lays its cells out from its left edge.
     readonly property real firstColumn: gridPadding + (available - columns * columnWidth - (columns - 1) * columnSpacing) / 2
     readonly property real firstFrame: firstColumn + (columnWidth - frameSize) / 2
+    /// Above the frame in each cell: a cell at the upper edge shows all of its ring.
+    readonly property real ringRoom: 6
     readonly property bool marksCurrent: activeFocus && InputMode.usesKeyboard
 
     /// The current cell is to be removed.
@@ -43,8 +45,8 @@ GridView {
 
     cellWidth: columnWidth + columnSpacing
     cellHeight: rowHeight + rowSpacing
-    topMargin: gridPadding
-    bottomMargin: gridPadding - rowSpacing
+    topMargin: gridPadding - ringRoom
+    bottomMargin: gridPadding - rowSpacing + ringRoom
     clip: true
     reuseItems: true
     cacheBuffer: cellHeight
@@ -54,10 +56,6 @@ GridView {
     currentIndex: 0
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
-    // The ring around the current cell's frame is a little larger than the cell.
-    highlightRangeMode: GridView.ApplyRange
-    preferredHighlightBegin: topMargin
-    preferredHighlightEnd: height - bottomMargin
 
     // A cell that takes the place of a removed one does not get the focus of its own accord.
     Keys.forwardTo: currentItem ? [currentItem] : []
@@ -85,7 +83,7 @@ GridView {
     Item {
         parent: root.contentItem
         x: root.firstFrame + (root.currentItem ? root.currentItem.x : 0)
-        y: root.currentItem ? root.currentItem.y : 0
+        y: root.ringRoom + (root.currentItem ? root.currentItem.y : 0)
         width: root.frameSize
         height: width
         visible: root.marksCurrent && root.currentItem

@@ -36,6 +36,7 @@ Item {
 
     Item {
         x: root.grid.firstFrame
+        y: root.grid.ringRoom
         width: root.grid.frameSize
         height: root.grid.rowHeight
 
