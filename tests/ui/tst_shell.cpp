@@ -188,7 +188,8 @@ private slots:
         program.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"pictures"_s, u"more"_s});
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, 10'000);
         QCOMPARE(program.exitCode(), EXIT_FAILURE);
-        QCOMPARE(program.readAllStandardError(), "There is no argument \"pictures\".\n");
+        // Qt may say before that there is no folder for sockets.
+        QVERIFY(program.readAllStandardError().endsWith("There is no argument \"pictures\".\n"));
     }
 
     void saysWhyTheLibraryCannotBeOpened()
