@@ -37,7 +37,11 @@ Item {
     readonly property AppCommand quit: AppCommand {
         label: qsTr("Quit Mosslantern")
         sequence: "Ctrl+Q"
-        onActivated: Qt.quit()
+        // An application with widgets ends even if a window refuses to close.
+        onActivated: {
+            if (root.window.close())
+                Qt.quit()
+        }
     }
 
     readonly property list<AppCommand> all: [toggleSidebar, minimize, toggleFullScreen, showShortcuts, quit]

@@ -19,7 +19,7 @@ private slots:
             QTRY_VERIFY(session().find(u"saveError"_s));
             QVERIFY(session().find(u"saveError"_s)->property("text").toString().startsWith(u"The library could not be saved: "_s));
 
-            session().window()->close();
+            session().key(Qt::Key_Q, Qt::ControlModifier);
             QTRY_VERIFY(session().find(u"quitUnsaved"_s));
             QVERIFY(session().click(u"cancelQuit"_s));
             QTRY_VERIFY(!session().find(u"quitUnsaved"_s));
