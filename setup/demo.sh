@@ -19,7 +19,7 @@ pictures=$(realpath -- "$pictures")
 
 rm -rf "$out"
 mkdir -p "$out"
-library=$(mktemp -d "$out/.library.XXXXXX")
+library=$(mktemp -d "$out/.demo.XXXXXX")
 trap 'rm -rf "$library"' EXIT
 tool() { "$cli" --library "$library" "$@"; }
 
