@@ -136,8 +136,7 @@ int main(int argc, char **argv)
 {
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     const QApplication application(argc, argv);
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
     Bench(argc > 1 ? QByteArray(argv[1]).toInt() : 200).run();
 }

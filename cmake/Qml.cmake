@@ -1,4 +1,4 @@
-find_package(Qt6 6.4 REQUIRED COMPONENTS Qml Quick Svg Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Qml QmlWorkerScript Quick QuickTemplates2 Svg Widgets)
 
 # mosslantern_qml_library(<name> URI <uri> SOURCES <file>... [SINGLETONS <qml>...] [QML <qml>...] [USES <uri>...]
 #                         LINK <target>...)

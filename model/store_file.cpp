@@ -26,6 +26,9 @@ namespace {
 /// How long another program that looks at the file for a moment is waited for.
 constexpr int busyMilliseconds = 200;
 
+/// Without locks between threads: a store is used by one thread at a time.
+constexpr int openFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+
 enum class FileKind { empty, library, newerLibrary, foreign };
 
 std::unexpected<Error> cannotOpen(const QString &path, const QString &reason)
@@ -173,8 +176,8 @@ Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &storeFile
         return std::unexpected(checked.error());
 
     try {
-        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(),
-                                                           SQLite::OPEN_READWRITE, busyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), openFlags,
+                                                           busyMilliseconds);
         setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, true);
         setOption(*database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, false);
         setOption(*database, SQLITE_DBCONFIG_DEFENSIVE, true);

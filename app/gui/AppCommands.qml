@@ -5,7 +5,6 @@ import Mosslantern.App
 Item {
     id: root
 
-    required property Window window
     property bool isSidebarShown: true
 
     signal shortcutsRequested
@@ -13,20 +12,20 @@ Item {
     readonly property AppCommand toggleSidebar: AppCommand {
         label: root.isSidebarShown ? qsTr("Hide Sidebar") : qsTr("Show Sidebar")
         sequence: "Ctrl+Alt+S"
-        enabled: root.window.active
+        enabled: root.Window.active
         onActivated: root.isSidebarShown = !root.isSidebarShown
     }
     readonly property AppCommand minimize: AppCommand {
         label: qsTr("Minimize")
         sequence: "Ctrl+M"
-        enabled: root.window.active
-        onActivated: root.window.showMinimized()
+        enabled: root.Window.active
+        onActivated: root.Window.window.showMinimized()
     }
     readonly property AppCommand toggleFullScreen: AppCommand {
-        label: root.window.visibility === Window.FullScreen ? qsTr("Leave Full Screen") : qsTr("Enter Full Screen")
+        label: root.Window.visibility === Window.FullScreen ? qsTr("Leave Full Screen") : qsTr("Enter Full Screen")
         sequence: "F11"
-        enabled: root.window.active
-        onActivated: root.window.visibility === Window.FullScreen ? root.window.showNormal() : root.window.showFullScreen()
+        enabled: root.Window.active
+        onActivated: root.Window.visibility === Window.FullScreen ? root.Window.window.showNormal() : root.Window.window.showFullScreen()
     }
     readonly property AppCommand showShortcuts: AppCommand {
         label: qsTr("Keyboard Shortcuts")
@@ -39,7 +38,7 @@ Item {
         sequence: "Ctrl+Q"
         // An application with widgets ends even if a window refuses to close.
         onActivated: {
-            if (root.window.close())
+            if (root.Window.window.close())
                 Qt.quit()
         }
     }

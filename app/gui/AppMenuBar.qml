@@ -9,7 +9,6 @@ import Mosslantern.Update
 T.MenuBar {
     id: root
 
-    required property Window window
     required property SPUUpdater updater
     required property AppCommands commands
     /// Read once: a feed is there from the start or not at all.
@@ -66,7 +65,7 @@ T.MenuBar {
     ContextMenu {
         title: qsTr("&Edit")
         width: 220
-        onAboutToShow: edit.capture(root.window.activeFocusItem)
+        onAboutToShow: edit.capture(root.Window.activeFocusItem)
 
         ContextMenuItem {
             text: qsTr("Undo")
@@ -134,8 +133,8 @@ T.MenuBar {
             command: root.commands.minimize
         }
         ContextMenuItem {
-            text: root.window.visibility === Window.Maximized ? qsTr("Restore") : qsTr("Maximize")
-            onTriggered: root.window.visibility === Window.Maximized ? root.window.showNormal() : root.window.showMaximized()
+            text: root.Window.visibility === Window.Maximized ? qsTr("Restore") : qsTr("Maximize")
+            onTriggered: root.Window.visibility === Window.Maximized ? root.Window.window.showNormal() : root.Window.window.showMaximized()
         }
     }
     ContextMenu {

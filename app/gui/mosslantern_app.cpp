@@ -1,6 +1,6 @@
 #include "app/gui/mosslantern_app.h"
 
-#include "app/gui/start_files.h"
+#include "app/gui/main_window.h"
 #include "app/gui/window_memory.h"
 #include "model/slideshow.h"
 #include "ui/common/interface_fonts.h"
@@ -9,7 +9,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QThread>
-#include <QtQml/QQmlComponent>
+#include <QtGui/QOpenGLContext>
+#include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
@@ -18,15 +19,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The first window that is made loads it.
-void loadGraphicsDriver()
+/// The driver is loaded when Qt is asked what it can do. Nothing of a start takes longer, and until it is
+/// done no window may be made.
+std::future<void> loadGraphicsDriver()
 {
-    const QQuickWindow window;
-}
-
-QUrl qmlFile(QStringView name)
-{
-    return QUrl(u"qrc:/qt/qml/Mosslantern/%1.qml"_s.arg(name));
+    return std::async(std::launch::async, [] { QOpenGLContext::supportsThreadedOpenGL(); });
 }
 
 /// Where to look for a file that may be missing, with its folder: the nearest folder that is there.
@@ -64,29 +61,29 @@ StartOutcome MosslanternApp::start()
 {
     if (m_singleInstance.raiseOther())
         return StartOutcome::raisedOther;
-    // Nothing takes longer than to load the graphics driver: the rest is read meanwhile, in other threads.
-    std::future<StartFiles> files = readStartFiles(m_options.location);
     m_engine.emplace();
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
-    const QQmlComponent window(&*m_engine, qmlFile(u"App/MainWindow"), QQmlComponent::Asynchronous);
-    const QQmlComponent screen(&*m_engine, qmlFile(u"Library/AssetLibraryScreen"),
-                               QQmlComponent::Asynchronous);
-    loadGraphicsDriver();
-    return open(files.get());
+    prepareMainView(*m_engine);
+    m_graphicsDriver = loadGraphicsDriver();
+    return openLibrary();
 }
 
-StartOutcome MosslanternApp::open(StartFiles files)
+StartOutcome MosslanternApp::openLibrary()
 {
-    useInterfaceFont();
-    if (!files.fonts)
-        return showFailure(u"Mosslantern is not installed completely"_s, files.fonts.error(), {});
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
+        return showFailure(u"Mosslantern is not installed completely"_s, fonts.error().message, {});
     if (m_options.location.assetFolder().isEmpty())
-        return showFailure(u"There is no documents folder"_s, files.store.error(), {});
-    if (!files.store)
+        return showFailure(
+            u"There is no documents folder"_s,
+            u"Mosslantern keeps its pictures in your documents folder, but this system names none. "
+            "Set XDG_DOCUMENTS_DIR in ~/.config/user-dirs.dirs."_s,
+            {});
+    Result<std::unique_ptr<Store>> store = Store::open(m_options.location);
+    if (!store)
         return raisesOther() ? StartOutcome::raisedOther
-                             : showFailure(u"The library cannot be opened"_s, files.store.error(),
+                             : showFailure(u"The library cannot be opened"_s, store.error().message,
                                            m_options.location.storeFile());
-    m_store = std::move(*files.store);
+    m_store = std::move(*store);
     if (!m_singleInstance.listen())
         qWarning("A second start will not find this window.");
     return openMainWindow();
@@ -107,8 +104,12 @@ bool MosslanternApp::raisesOther() const
 StartOutcome MosslanternApp::openMainWindow()
 {
     m_context.emplace(*m_store, m_filePanels, m_service, Preferences());
-    m_window = load(u"MainWindow"_s, {{u"context"_s, QVariant::fromValue(&*m_context)},
-                                      {u"updater"_s, QVariant::fromValue(&updater())}});
+    std::unique_ptr<QQuickItem> view = makeMainView(*m_engine, *m_context, updater());
+    if (!view)
+        return StartOutcome::failed;
+    QQuickItem *const shown = view.get();
+    m_graphicsDriver.wait();
+    m_window = makeMainWindow(*m_engine, std::move(view));
     if (!m_window)
         return StartOutcome::failed;
     m_filePanels.setWindow(m_window);
@@ -119,30 +120,23 @@ StartOutcome MosslanternApp::openMainWindow()
     });
     m_window->setVisible(true);
     if (m_options.showsContentLibrary)
-        QMetaObject::invokeMethod(m_window, "showContentLibrary");
+        QMetaObject::invokeMethod(shown, "showContentLibrary");
     if (const auto slideshows = m_store->all<Slideshow>();
         m_options.showsSlideshowEditor && !slideshows.empty())
-        QMetaObject::invokeMethod(m_window, "showSlideshowEditor",
+        QMetaObject::invokeMethod(shown, "showSlideshowEditor",
                                   Q_ARG(mosslantern::Slideshow *, slideshows.front()));
     return StartOutcome::shown;
 }
 
-StartOutcome MosslanternApp::showFailure(const QString &heading, const Error &error, const QString &file)
+StartOutcome MosslanternApp::showFailure(const QString &heading, const QString &message, const QString &file)
 {
-    const QQuickWindow *const window = load(u"FailureWindow"_s, {{u"heading"_s, heading},
-                                                                 {u"message"_s, error.message},
-                                                                 {u"file"_s, file},
-                                                                 {u"folder"_s, nearestFolder(file)}});
-    return window ? StartOutcome::shown : StartOutcome::failed;
-}
-
-QQuickWindow *MosslanternApp::load(const QString &name, const QVariantMap &properties)
-{
-    m_engine->setInitialProperties(properties);
-    m_engine->load(qmlFile(u"App/"_s + name));
-    return m_engine->rootObjects().isEmpty()
-               ? nullptr
-               : qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
+    m_graphicsDriver.wait();
+    m_engine->setInitialProperties({{u"heading"_s, heading},
+                                    {u"message"_s, message},
+                                    {u"file"_s, file},
+                                    {u"folder"_s, nearestFolder(file)}});
+    m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/FailureWindow.qml"_s));
+    return m_engine->rootObjects().isEmpty() ? StartOutcome::failed : StartOutcome::shown;
 }
 
 void MosslanternApp::raiseWindow(const QByteArray &token)

@@ -10,11 +10,10 @@
 #include <QtQml/QQmlApplicationEngine>
 #include <QtQuick/QQuickWindow>
 
+#include <future>
 #include <optional>
 
 namespace mosslantern {
-
-struct StartFiles;
 
 /// What the command line asks of the application.
 struct StartOptions
@@ -50,13 +49,13 @@ public:
     SPUUpdater &updater() { return m_updaterController.updater(); }
 
 private:
-    StartOutcome open(StartFiles files);
+    StartOutcome openLibrary();
     bool raisesOther() const;
     StartOutcome openMainWindow();
-    StartOutcome showFailure(const QString &heading, const Error &error, const QString &file);
-    QQuickWindow *load(const QString &name, const QVariantMap &properties);
+    StartOutcome showFailure(const QString &heading, const QString &message, const QString &file);
     void raiseWindow(const QByteArray &token);
 
+    std::future<void> m_graphicsDriver; // ready when it is loaded
     StartOptions m_options;
     SPUStandardUpdaterController m_updaterController;
     SingleInstance m_singleInstance;

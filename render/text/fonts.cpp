@@ -1,5 +1,6 @@
 #include "render/text/fonts.h"
 
+#include <QtCore/QResource>
 #include <QtGui/QFontDatabase>
 
 #include <cmath>
@@ -47,13 +48,22 @@ int layoutPixels(double size)
 
 } // namespace
 
+Result<> registerFont(const QString &fileName)
+{
+    // Its data stays where it is in the program; by its name Qt would read a copy.
+    const QResource file(u":/mosslantern/fonts/"_s + fileName);
+    if (QFontDatabase::addApplicationFontFromData(file.uncompressedData()) < 0)
+        return fail(u"The built-in font %1 cannot be used."_s.arg(fileName));
+    return {};
+}
+
 Result<> registerFonts()
 {
     for (const QString &name :
          {u"Nunito-Black.ttf"_s, u"Inter-Regular.otf"_s, u"Inter-Medium.otf"_s, u"Inter-SemiBold.otf"_s,
           u"Inter-Bold.otf"_s, u"Inter-Black.otf"_s, u"JetBrainsMono-Bold.ttf"_s}) {
-        if (QFontDatabase::addApplicationFont(u":/mosslantern/fonts/"_s + name) < 0)
-            return fail(u"The built-in font %1 cannot be used."_s.arg(name));
+        if (const Result<> registered = registerFont(name); !registered)
+            return registered;
     }
     if (!QFontDatabase::hasFamily(u"Noto Color Emoji"_s))
         return fail(

@@ -10,6 +10,9 @@ namespace mosslantern {
 /// Fonts are laid out at ten times their size: Qt rounds fractional pixel sizes, so 28.8 becomes 288.
 inline constexpr double layoutFactor = 10;
 
+/// Makes one embedded font file known to this process. Fails when it cannot be used.
+[[nodiscard]] Result<> registerFont(const QString &fileName);
+
 /// Makes the embedded text fonts known to this process. Needs a QGuiApplication; call it once, before the
 /// first text is laid out. Fails when a font cannot be used or "Noto Color Emoji" is not installed.
 [[nodiscard]] Result<> registerFonts();

@@ -152,7 +152,7 @@ void Tour::collections()
 
 void Tour::contentLibrary()
 {
-    QMetaObject::invokeMethod(m_session.window(), "showContentLibrary");
+    QMetaObject::invokeMethod(m_session.view(), "showContentLibrary");
     waitForPopup();
     picture(u"templates-empty"_s);
     click(u"saveCurrentTemplate"_s);
@@ -369,8 +369,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(u"1.2"_s);
     if (argc != 2)
         qFatal("usage: tour FOLDER");
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
     Tour(QString::fromLocal8Bit(argv[1])).run();
 }

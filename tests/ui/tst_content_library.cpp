@@ -19,13 +19,13 @@ private:
     void openLibrary(const QString &text = {})
     {
         session().open();
-        session().window()->setProperty("contentText", text);
-        QMetaObject::invokeMethod(session().window(), "showContentLibrary");
+        session().view()->setProperty("contentText", text);
+        QMetaObject::invokeMethod(session().view(), "showContentLibrary");
         QTRY_VERIFY(session().find(u"contentLibraryDone"_s));
         QTRY_COMPARE(session().find(u"createNewTemplate"_s)->opacity(), 1.0);
         QTest::qWait(150);
     }
-    QString text() { return session().window()->property("contentText").toString(); }
+    QString text() { return session().view()->property("contentText").toString(); }
 
 private slots:
     void offersLittleWhileEmpty()
@@ -119,7 +119,7 @@ private slots:
         QTRY_VERIFY(!session().find(u"contentLibraryDone"_s));
         QCOMPARE(text(), u"before"_s);
 
-        QMetaObject::invokeMethod(session().window(), "showContentLibrary");
+        QMetaObject::invokeMethod(session().view(), "showContentLibrary");
         QTRY_VERIFY(session().find(u"templateRow"_s));
         QTest::qWait(150);
         QVERIFY(session().findText(u"Select a Template"_s));

@@ -1,5 +1,7 @@
 #include "tests/ui/ui_session.h"
 
+#include "app/gui/main_window.h"
+
 #include <QtTest/QtTest>
 
 namespace mosslantern {
@@ -47,12 +49,11 @@ QQuickWindow *UiSession::open()
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
     m_updater =
         std::make_unique<SPUUpdater>(UpdaterSettings{m_feed, u"1.2"_s, m_library.path(u"state.ini"_s)});
-    m_engine->setInitialProperties({{u"context"_s, QVariant::fromValue(m_context.get())},
-                                    {u"updater"_s, QVariant::fromValue(m_updater.get())}});
-    m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/MainWindow.qml"_s));
-    if (m_engine->rootObjects().isEmpty())
+    std::unique_ptr<QQuickItem> view = makeMainView(*m_engine, *m_context, *m_updater);
+    m_view = view.get();
+    m_window = view ? makeMainWindow(*m_engine, std::move(view)) : nullptr;
+    if (!m_window)
         qFatal("The window cannot be made.");
-    m_window = qobject_cast<QQuickWindow *>(m_engine->rootObjects().constFirst());
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window))
         qFatal("The window does not show.");

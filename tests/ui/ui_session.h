@@ -36,6 +36,8 @@ public:
     /// Ends the application; open() starts it again on the same library.
     void close();
     QQuickWindow *window() const { return m_window; }
+    /// What it shows.
+    QQuickItem *view() const { return m_view; }
 
     /// The visible item of this name; null when there is none. `nth` counts from the top left.
     QQuickItem *find(const QString &objectName, int nth = 0) const;
@@ -70,6 +72,7 @@ private:
     std::unique_ptr<QQmlApplicationEngine> m_engine;
     quint64 m_keyTime = 0; // of the events of a held key, milliseconds
     QQuickWindow *m_window = nullptr;
+    QQuickItem *m_view = nullptr;
 };
 
 } // namespace mosslantern

@@ -17,9 +17,8 @@ void WindowTest::initTestCase()
 {
     QStandardPaths::setTestModeEnabled(true);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    const Result<> fonts = registerInterfaceFonts();
+    const Result<> fonts = useInterfaceFonts();
     QVERIFY2(fonts, fonts ? "" : qPrintable(fonts.error().message));
-    useInterfaceFont();
 }
 
 } // namespace mosslantern

@@ -2,12 +2,13 @@ import QtQuick
 import Mosslantern.Common
 
 /// The title of a screen and, at its trailing edge, the toolbar.
-Item {
+Rectangle {
     id: root
 
     required property string title
     default property alias items: toolbar.data
 
+    color: "transparent"
     implicitHeight: Theme.headerHeight
 
     ElidedText {

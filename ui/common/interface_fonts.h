@@ -4,10 +4,7 @@
 
 namespace mosslantern {
 
-/// Makes the fonts of slides and of the interface known. Safe in any thread.
-Result<> registerInterfaceFonts();
-
-/// Makes the interface's font, once it is registered, the application's own.
-void useInterfaceFont();
+/// Makes the fonts of slides and of the interface known, and the interface's font the application's own.
+Result<> useInterfaceFonts();
 
 } // namespace mosslantern

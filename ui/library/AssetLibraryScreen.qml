@@ -20,7 +20,9 @@ FocusScope {
 
     ScreenHeader {
         id: header
+        z: 1
         width: parent.width
+        color: Theme.windowBackground
         title: qsTr("Assets")
     }
 
@@ -30,6 +32,9 @@ FocusScope {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         width: parent.width
+        // Header, menu bar and the window's edges hide what is scrolled out of it; a clip would double the number of
+        // graphics pipelines.
+        clip: false
         focus: true
         label: header.title
         model: library.cells

@@ -168,8 +168,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     if (argc != 2)
         qFatal("usage: gallery_tour FOLDER");
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
     GalleryTour(QString::fromLocal8Bit(argv[1])).run();
 }

@@ -219,8 +219,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     if (argc != 2)
         qFatal("usage: generator_tour FOLDER");
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
     GeneratorTour(QString::fromLocal8Bit(argv[1])).run();
 }

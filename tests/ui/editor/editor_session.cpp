@@ -12,9 +12,8 @@ using namespace Qt::StringLiterals;
 
 void prepareEditorTest()
 {
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
 }
 
 int difference(const QImage &a, const QImage &b)

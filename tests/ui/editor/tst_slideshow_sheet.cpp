@@ -23,7 +23,7 @@ public:
 
     bool openEditor()
     {
-        QMetaObject::invokeMethod(window(), "showSlideshowEditor",
+        QMetaObject::invokeMethod(view(), "showSlideshowEditor",
                                   Q_ARG(mosslantern::Slideshow *, slideshow));
         return QTest::qWaitFor([this] {
             const QQuickItem *const list = find(u"slideList"_s);
@@ -149,9 +149,8 @@ void SlideshowSheetTest::outlivesItsSlideshow()
 int main(int argc, char **argv)
 {
     const QApplication application(argc, argv);
-    if (const Result<> fonts = registerInterfaceFonts(); !fonts)
+    if (const Result<> fonts = useInterfaceFonts(); !fonts)
         qFatal("%s", qPrintable(fonts.error().message));
-    useInterfaceFont();
     SlideshowSheetTest test;
     return QTest::qExec(&test, argc, argv);
 }

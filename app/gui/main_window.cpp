@@ -1,0 +1,63 @@
+#include "app/gui/main_window.h"
+
+#include "app/update/spu_updater.h"
+#include "ui/common/screen_context.h"
+
+#include <QtQml/QQmlApplicationEngine>
+#include <QtQml/QQmlComponent>
+#include <QtQuick/QQuickItem>
+#include <QtQuick/QQuickWindow>
+
+void qml_register_types_QtQml_WorkerScript();
+void qml_register_types_QtQuick_Templates();
+
+namespace mosslantern {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QUrl qmlFile(QLatin1StringView name)
+{
+    return QUrl(u"qrc:/qt/qml/Mosslantern/%1.qml"_s.arg(name));
+}
+
+/// Links the libraries of two QML modules. The engine would load them later, and wait for the linker's lock,
+/// which the graphics driver holds while it is being loaded.
+[[maybe_unused]] void (*const volatile linkedModules[])() = {&qml_register_types_QtQml_WorkerScript,
+                                                             &qml_register_types_QtQuick_Templates};
+
+constexpr auto mainView = "App/MainView"_L1;
+constexpr auto firstScreen = "Library/AssetLibraryScreen"_L1;
+
+} // namespace
+
+void prepareMainView(QQmlEngine &engine)
+{
+    for (const auto &file : {mainView, firstScreen})
+        new QQmlComponent(&engine, qmlFile(file), QQmlComponent::Asynchronous, &engine);
+}
+
+std::unique_ptr<QQuickItem> makeMainView(QQmlEngine &engine, ScreenContext &context, SPUUpdater &updater)
+{
+    QQmlComponent component(&engine, qmlFile(mainView));
+    QObject *const view = component.createWithInitialProperties(
+        {{u"context"_s, QVariant::fromValue(&context)}, {u"updater"_s, QVariant::fromValue(&updater)}});
+    if (!view)
+        qWarning("%s", qPrintable(component.errorString()));
+    return std::unique_ptr<QQuickItem>(qobject_cast<QQuickItem *>(view));
+}
+
+QQuickWindow *makeMainWindow(QQmlApplicationEngine &engine, std::unique_ptr<QQuickItem> view)
+{
+    engine.setInitialProperties({{u"view"_s, QVariant::fromValue(view.get())}});
+    engine.load(qmlFile("App/MainWindow"_L1));
+    auto *const window = engine.rootObjects().isEmpty()
+                             ? nullptr
+                             : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+    if (window)
+        view.release()->setParent(window);
+    return window;
+}
+
+} // namespace mosslantern
