@@ -46,6 +46,11 @@ FocusScope {
     /// Whether it was confirmed that changes that cannot be saved are lost.
     property bool losesChanges: false
 
+    function quitWithoutSaving() {
+        losesChanges = true
+        Qt.quit()
+    }
+
     SaveStatus {
         id: saving
         context: root.context
@@ -117,9 +122,12 @@ FocusScope {
     /// The template library on a text of its own, for developers and tests.
     function showContentLibrary() {
         sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
+        const sheet = sheets.item as ContentLibrarySheet
+        sheet.textInputChanged.connect(() => contentText = sheet.textInput)
     }
 
-    // What is seldom seen is made when it is asked for.
+    // What is seldom seen is made when it is asked for, and compiled only then: nothing that runs at the start may name
+    // its types.
     Loader {
         id: updates
     }
@@ -132,34 +140,15 @@ FocusScope {
     }
     Loader {
         id: unsaved
-    }
-    Connections {
-        target: unsaved.item as UnsavedAlert
-        ignoreUnknownSignals: true
-        function onClosed() {
-            unsaved.setSource("")
-        }
-        function onQuitConfirmed() {
-            root.losesChanges = true
-            Qt.quit()
+        onLoaded: {
+            const alert = item as UnsavedAlert
+            alert.closed.connect(() => unsaved.setSource(""))
+            alert.quitConfirmed.connect(root.quitWithoutSaving)
         }
     }
     Loader {
         id: sheets
-    }
-    Connections {
-        target: sheets.item as ModalPanel
-        ignoreUnknownSignals: true
-        function onClosed() {
-            sheets.setSource("")
-        }
-    }
-    Connections {
-        target: sheets.item as ContentLibrarySheet
-        ignoreUnknownSignals: true
-        function onTextInputChanged() {
-            root.contentText = (sheets.item as ContentLibrarySheet).textInput
-        }
+        onLoaded: (item as ModalPanel).closed.connect(() => sheets.setSource(""))
     }
 
     function showSelectedScreen() {

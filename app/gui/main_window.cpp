@@ -29,12 +29,13 @@ QUrl qmlFile(QLatin1StringView name)
 
 constexpr auto mainView = "App/MainView"_L1;
 constexpr auto firstScreen = "Library/AssetLibraryScreen"_L1;
+constexpr auto mainWindow = "App/MainWindow"_L1;
 
 } // namespace
 
 void prepareMainView(QQmlEngine &engine)
 {
-    for (const auto &file : {mainView, firstScreen})
+    for (const auto &file : {mainView, firstScreen, mainWindow})
         new QQmlComponent(&engine, qmlFile(file), QQmlComponent::Asynchronous, &engine);
 }
 
@@ -51,7 +52,7 @@ std::unique_ptr<QQuickItem> makeMainView(QQmlEngine &engine, ScreenContext &cont
 QQuickWindow *makeMainWindow(QQmlApplicationEngine &engine, std::unique_ptr<QQuickItem> view)
 {
     engine.setInitialProperties({{u"view"_s, QVariant::fromValue(view.get())}});
-    engine.load(qmlFile("App/MainWindow"_L1));
+    engine.load(qmlFile(mainWindow));
     auto *const window = engine.rootObjects().isEmpty()
                              ? nullptr
                              : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
