@@ -20,10 +20,11 @@ using namespace std::chrono_literals;
 namespace {
 
 /// The driver is loaded when Qt is asked what it can do. Nothing of a start takes longer, and until it is
-/// done no window may be made.
-std::future<void> loadGraphicsDriver()
+/// done no window may be made. Whether there is a driver.
+std::future<bool> loadGraphicsDriver()
 {
-    return std::async(std::launch::async, [] { QOpenGLContext::supportsThreadedOpenGL(); });
+    return std::async(std::launch::async,
+                      [] { return QOpenGLContext::supportsThreadedOpenGL() || QOpenGLContext().create(); });
 }
 
 /// Where to look for a file that may be missing, with its folder: the nearest folder that is there.
@@ -108,7 +109,7 @@ StartOutcome MosslanternApp::openMainWindow()
     if (!view)
         return StartOutcome::failed;
     QQuickItem *const shown = view.get();
-    m_graphicsDriver.wait();
+    prepareGraphics();
     m_window = makeMainWindow(*m_engine, std::move(view));
     if (!m_window)
         return StartOutcome::failed;
@@ -128,9 +129,15 @@ StartOutcome MosslanternApp::openMainWindow()
     return StartOutcome::shown;
 }
 
+void MosslanternApp::prepareGraphics()
+{
+    if (!m_graphicsDriver.get())
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
 StartOutcome MosslanternApp::showFailure(const QString &heading, const QString &message, const QString &file)
 {
-    m_graphicsDriver.wait();
+    prepareGraphics();
     m_engine->setInitialProperties({{u"heading"_s, heading},
                                     {u"message"_s, message},
                                     {u"file"_s, file},

@@ -52,10 +52,11 @@ private:
     StartOutcome openLibrary();
     bool raisesOther() const;
     StartOutcome openMainWindow();
+    void prepareGraphics();
     StartOutcome showFailure(const QString &heading, const QString &message, const QString &file);
     void raiseWindow(const QByteArray &token);
 
-    std::future<void> m_graphicsDriver; // ready when it is loaded
+    std::future<bool> m_graphicsDriver; // whether there is one; ready when it is loaded
     StartOptions m_options;
     SPUStandardUpdaterController m_updaterController;
     SingleInstance m_singleInstance;
