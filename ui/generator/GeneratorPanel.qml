@@ -112,8 +112,17 @@ Rectangle {
         }
     }
 
+    // Only what runs once the sheet is there names its type, which would be compiled with the panel otherwise.
     Loader {
         id: library
+        onLoaded: {
+            const sheet = item as ContentLibrarySheet
+            sheet.textInputChanged.connect(() => root.panel.generator.textInput = sheet.textInput)
+            sheet.closed.connect(() => {
+                root.panel.showingLibrary = false
+                library.setSource("")
+            })
+        }
     }
     Connections {
         target: root.panel
@@ -121,17 +130,6 @@ Rectangle {
             if (root.panel.showingLibrary)
                 library.setSource("../Library/ContentLibrarySheet.qml",
                                   {"context": root.context, "textInput": root.panel.generator.textInput, "visible": true})
-        }
-    }
-    Connections {
-        target: library.item as ContentLibrarySheet
-        ignoreUnknownSignals: true
-        function onTextInputChanged() {
-            root.panel.generator.textInput = (library.item as ContentLibrarySheet).textInput
-        }
-        function onClosed() {
-            root.panel.showingLibrary = false
-            library.setSource("")
         }
     }
 }

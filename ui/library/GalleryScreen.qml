@@ -209,14 +209,10 @@ FocusScope {
     }
     Loader {
         id: editor
-    }
-    Connections {
-        target: editor.item as ModalPanel
-
-        function onClosed() {
+        onLoaded: (item as ModalPanel).closed.connect(() => {
             editor.setSource("")
             gallery.selectedSlideshow = null
-        }
+        })
     }
 
     function showSelectedSlideshow() {
