@@ -32,6 +32,9 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
         return damaged(stored.error().message);
 
     std::unique_ptr<Store> store(new Store(location, std::move(*database)));
+    const auto count = stored->collections.size() + stored->assets.size() + stored->slideshows.size() +
+                       stored->slides.size() + stored->slidePresets.size() + stored->contentTemplates.size();
+    store->m_byId.reserve(static_cast<qsizetype>(count));
     const auto takeOver = [&store](std::vector<std::unique_ptr<Record>> &records) {
         for (std::unique_ptr<Record> &record : records) {
             record->setParent(store.get());
@@ -45,9 +48,6 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
         store->enter(slide);
     takeOver(stored->slidePresets);
     takeOver(stored->contentTemplates);
-    size_t count = 0;
-    for (const Records &records : store->m_records)
-        count += records.size();
     if (count != static_cast<size_t>(store->m_byId.size()))
         return damaged(u"two records have the same id"_s);
     return store;
