@@ -1,12 +1,14 @@
 #include "render/picture/heif_decoder.h"
 
+#include "render/picture/heif/heif_answer.h"
+#include "render/picture/heif_program.h"
 #include "render/picture/picture_color.h"
 #include "render/picture/picture_errors.h"
 #include "render/picture/picture_fit.h"
 
-#include <libheif/heif.h>
-
-#include <memory>
+#include <algorithm>
+#include <cstring>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -14,154 +16,117 @@ namespace mosslantern {
 
 namespace {
 
-template <auto release>
-struct Release
+Result<> checkOutcome(HeifOutcome outcome)
 {
-    template <typename Object>
-    void operator()(Object *object) const
-    {
-        release(object);
-    }
-};
-
-template <typename Object, auto release>
-using Owned = std::unique_ptr<Object, Release<release>>;
-
-using Context = Owned<heif_context, heif_context_free>;
-using Handle = Owned<heif_image_handle, heif_image_handle_release>;
-using Options = Owned<heif_decoding_options, heif_decoding_options_free>;
-using CodedColors = Owned<heif_color_profile_nclx, heif_nclx_color_profile_free>;
-
-// Planes of brightness and colour, the pixels made of them, and the part that is kept.
-constexpr int usualBytesPerPixel = 8;
-constexpr int deepBytesPerPixel = 12;
-
-Error failure(const heif_error &error)
-{
-    if (error.code == heif_error_Unsupported_feature || error.code == heif_error_Unsupported_filetype)
-        return {u"This kind of HEIC or AVIF picture is not supported."_s};
-    return {damagedPicture()};
-}
-
-/// The primary picture of a file, whose size is one that may be decoded.
-class File
-{
-public:
-    static Result<File> open(const QByteArray &bytes);
-
-    const heif_image_handle *handle() const { return m_handle.get(); }
-    QSize size() const
-    {
-        return {heif_image_handle_get_width(handle()), heif_image_handle_get_height(handle())};
-    }
-    QColorSpace colorSpace() const;
-
-private:
-    Context m_context;
-    Handle m_handle;
-};
-
-Result<File> File::open(const QByteArray &bytes)
-{
-    // libheif loads its decoders at the first use; this makes the first use safe in any thread.
-    static const heif_error initialised = heif_init(nullptr);
-    Q_UNUSED(initialised);
-
-    File file;
-    file.m_context.reset(heif_context_alloc());
-    heif_context *context = file.m_context.get();
-    heif_context_set_maximum_image_size_limit(context, longestPictureSide);
-    // Callers load several pictures at once, on threads of their own.
-    heif_context_set_max_decoding_threads(context, 0);
-    auto error =
-        heif_context_read_from_memory_without_copy(context, bytes.constData(), size_t(bytes.size()), nullptr);
-    if (error.code != heif_error_Ok)
-        return std::unexpected(failure(error));
-    heif_image_handle *handle = nullptr;
-    error = heif_context_get_primary_image_handle(context, &handle);
-    if (error.code != heif_error_Ok)
-        return std::unexpected(failure(error));
-    file.m_handle.reset(handle);
-
-    const bool deep = heif_image_handle_get_luma_bits_per_pixel(handle) > 8;
-    if (const auto checked = checkPictureSize(file.size(), deep ? deepBytesPerPixel : usualBytesPerPixel);
-        !checked)
-        return std::unexpected(checked.error());
-    return file;
-}
-
-QColorSpace File::colorSpace() const
-{
-    const auto type = heif_image_handle_get_color_profile_type(handle());
-    if (type == heif_color_profile_type_rICC || type == heif_color_profile_type_prof) {
-        QByteArray profile(qsizetype(heif_image_handle_get_raw_color_profile_size(handle())),
-                           Qt::Uninitialized);
-        if (heif_image_handle_get_raw_color_profile(handle(), profile.data()).code != heif_error_Ok)
-            return {};
-        return QColorSpace::fromIccProfile(profile);
-    }
-    if (type != heif_color_profile_type_nclx)
+    switch (outcome) {
+    case HeifOutcome::Done:
+    case HeifOutcome::TooLarge:
         return {};
-    heif_color_profile_nclx *coded = nullptr;
-    const auto error = heif_image_handle_get_nclx_color_profile(handle(), &coded);
-    const CodedColors colors(coded); // set in some cases of error, too
-    if (error.code != heif_error_Ok || colors->color_primaries == heif_color_primaries_unspecified)
-        return {};
-    return codedColorSpace({colors->color_primary_white_x, colors->color_primary_white_y},
-                           {colors->color_primary_red_x, colors->color_primary_red_y},
-                           {colors->color_primary_green_x, colors->color_primary_green_y},
-                           {colors->color_primary_blue_x, colors->color_primary_blue_y},
-                           int(colors->transfer_characteristics));
+    case HeifOutcome::Unsupported:
+        return fail(u"This kind of HEIC or AVIF picture is not supported."_s);
+    case HeifOutcome::OutOfMemory:
+        return fail(pictureNeedsTooMuchMemory());
+    case HeifOutcome::Damaged:
+        break;
+    }
+    return fail(damagedPicture());
 }
 
-/// The decoded picture, which holds on to libheif's memory.
-Result<QImage> decode(const heif_image_handle *handle)
+QColorSpace codedColors(const HeifAnswer &answer)
 {
-    const Options options(heif_decoding_options_alloc());
-    options->convert_hdr_to_8bit = 1;
-    heif_image *decoded = nullptr;
-    const auto error =
-        heif_decode_image(handle, &decoded, heif_colorspace_RGB, heif_chroma_interleaved_RGBA, options.get());
-    if (error.code != heif_error_Ok)
-        return std::unexpected(failure(error));
-    int stride = 0;
-    const uchar *pixels = heif_image_get_plane_readonly(decoded, heif_channel_interleaved, &stride);
-    const auto release = [](void *image) { heif_image_release(static_cast<const heif_image *>(image)); };
-    auto format = QImage::Format_RGBX8888;
-    if (heif_image_handle_has_alpha_channel(handle)) {
-        format = heif_image_handle_is_premultiplied_alpha(handle) ? QImage::Format_RGBA8888_Premultiplied
-                                                                  : QImage::Format_RGBA8888;
+    const auto &at = answer.chromaticities;
+    if (!std::ranges::all_of(at, [](float value) { return value >= 0 && value <= 1; }))
+        return {};
+    return codedColorSpace({at[0], at[1]}, {at[2], at[3]}, {at[4], at[5]}, {at[6], at[7]},
+                           answer.transfer <= 255 ? int(answer.transfer) : 0);
+}
+
+QImage::Format formatOf(HeifAlpha alpha)
+{
+    switch (alpha) {
+    case HeifAlpha::Straight:
+        return QImage::Format_RGBA8888;
+    case HeifAlpha::Premultiplied:
+        return QImage::Format_RGBA8888_Premultiplied;
+    case HeifAlpha::Opaque:
+        break;
     }
-    QImage image(pixels, heif_image_get_width(decoded, heif_channel_interleaved),
-                 heif_image_get_height(decoded, heif_channel_interleaved), stride, format, release, decoded);
-    if (image.isNull()) {
-        heif_image_release(decoded);
-        return fail(damagedPicture());
-    }
-    return image;
+    return QImage::Format_RGBX8888;
+}
+
+/// Whether all of the pixels lie in an answer of `size` bytes. The picture's size is one that is accepted.
+bool holdsPixels(const HeifAnswer &answer, uint64_t size)
+{
+    return answer.stride >= uint64_t(answer.width) * 4 && answer.stride % 4 == 0 &&
+           answer.stride <= uint64_t(std::numeric_limits<int>::max()) &&
+           answer.pixelsAt % heifPixelAlignment == 0 && answer.pixelsAt <= size &&
+           answer.stride * uint64_t(answer.height) <= size - answer.pixelsAt;
 }
 
 } // namespace
 
+Result<HeifPicture> readHeifAnswer(MemoryFile::Mapping bytes)
+{
+    const size_t size = bytes.get_deleter().size;
+    HeifAnswer answer;
+    if (!bytes || size < sizeof answer)
+        return fail(damagedPicture());
+    std::memcpy(&answer, bytes.get(), sizeof answer);
+    if (answer.mark != heifAnswerMark)
+        return fail(damagedPicture());
+    if (const auto checked = checkOutcome(answer.outcome); !checked)
+        return std::unexpected(checked.error());
+    HeifPicture picture;
+    picture.size = {answer.width, answer.height};
+    if (const auto checked = checkPictureSize(picture.size, heifBytesPerPixel(answer.bits)); !checked)
+        return std::unexpected(checked.error());
+    if (answer.outcome == HeifOutcome::TooLarge)
+        return fail(damagedPicture());
+    if (answer.stride == 0)
+        return picture;
+
+    if (!holdsPixels(answer, size) || answer.profileBytes > size - sizeof answer)
+        return fail(damagedPicture());
+    if (answer.colors == HeifColors::Profile) {
+        const auto *profile = reinterpret_cast<const char *>(bytes.get() + sizeof answer);
+        picture.colorSpace = QColorSpace::fromIccProfile({profile, qsizetype(answer.profileBytes)});
+    } else if (answer.colors == HeifColors::Coded) {
+        picture.colorSpace = codedColors(answer);
+    }
+    const uchar *pixels = bytes.get() + answer.pixelsAt;
+    auto *held = new MemoryFile::Mapping(std::move(bytes));
+    const auto release = [](void *mapping) { delete static_cast<MemoryFile::Mapping *>(mapping); };
+    picture.image = QImage(pixels, answer.width, answer.height, qsizetype(answer.stride),
+                           formatOf(answer.alpha), release, held);
+    if (picture.image.isNull()) {
+        delete held;
+        return fail(damagedPicture());
+    }
+    return picture;
+}
+
 Result<Picture> decodeHeif(const QByteArray &bytes, const PictureRequest &request)
 {
-    const auto file = File::open(bytes);
-    if (!file)
-        return std::unexpected(file.error());
-    auto image = decode(file->handle());
-    if (!image)
-        return std::unexpected(image.error());
-    if (image->size() != file->size())
+    auto answer = runHeifProgram(heifProgramPath(), heifDecodeTask, bytes);
+    if (!answer)
+        return std::unexpected(answer.error());
+    auto picture = readHeifAnswer(std::move(*answer));
+    if (!picture)
+        return std::unexpected(picture.error());
+    if (picture->image.isNull())
         return fail(damagedPicture());
-    return fitPicture(std::move(*image), {}, file->colorSpace(), request);
+    return fitPicture(std::move(picture->image), {}, picture->colorSpace, request);
 }
 
 Result<PictureInfo> readHeifInfo(const QByteArray &bytes, PictureFormat format)
 {
-    const auto file = File::open(bytes);
-    if (!file)
-        return std::unexpected(file.error());
-    return PictureInfo{format, file->size()};
+    auto answer = runHeifProgram(heifProgramPath(), heifInfoTask, bytes);
+    if (!answer)
+        return std::unexpected(answer.error());
+    const auto picture = readHeifAnswer(std::move(*answer));
+    if (!picture)
+        return std::unexpected(picture.error());
+    return PictureInfo{format, picture->size};
 }
 
 } // namespace mosslantern

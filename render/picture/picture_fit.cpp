@@ -76,8 +76,16 @@ Result<Picture> fitPicture(QImage stored, Orientation orientation, const QColorS
     picture.region = turned(QRectF(shown.topLeft() * factor, shown.size() * factor), storedSize, orientation);
 
     const QRect crop = QRect(shown.topLeft() * factor, shown.size() * factor).intersected(stored.rect());
-    QImage image = crop == stored.rect() ? std::move(stored) : stored.copy(crop);
-    stored = {};
+    QImage image;
+    if (crop == stored.rect()) {
+        image = std::move(stored);
+    } else if (factor > 1 && stored.depth() == 32) { // what is reduced need not be copied before
+        image = QImage(stored.constScanLine(crop.top()) + qsizetype(crop.left()) * 4, crop.width(),
+                       crop.height(), stored.bytesPerLine(), stored.format());
+    } else {
+        image = stored.copy(crop);
+        stored = {};
+    }
     convertToSrgb(image, space);
     image.convertTo(image.hasAlphaChannel() ? QImage::Format_RGBA8888_Premultiplied
                                             : QImage::Format_RGBX8888);

@@ -10,7 +10,6 @@ namespace mosslantern {
 namespace {
 
 constexpr qint64 mostPixels = 200'000'000;
-constexpr qint64 mostBytes = qint64(1) << 30;
 constexpr int filterMargin = 2;
 
 } // namespace
@@ -52,7 +51,7 @@ Result<> checkPictureSize(QSize size, int bytesPerPixel)
         return fail(u"The picture has no pixels."_s);
     const qint64 pixels = qint64(size.width()) * size.height();
     if (std::max(size.width(), size.height()) > longestPictureSide || pixels > mostPixels ||
-        pixels * bytesPerPixel > mostBytes) {
+        pixels * bytesPerPixel > mostPictureBytes) {
         return fail(u"The picture is too large: %1 × %2 pixels."_s.arg(size.width()).arg(size.height()));
     }
     return {};

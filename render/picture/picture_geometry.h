@@ -11,6 +11,9 @@ namespace mosslantern {
 /// The longest side of a picture that is accepted, in pixels.
 constexpr int longestPictureSide = 65'535;
 
+/// The most bytes that decoding a picture may hold at once: 1 GiB.
+constexpr qint64 mostPictureBytes = qint64(1) << 30;
+
 /// What part of a picture is wanted, and how large.
 struct PictureRequest
 {
@@ -35,7 +38,7 @@ struct PictureRequest
 [[nodiscard]] QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
 
 /// Refuses a picture of no extent, with a longer side than longestPictureSide, of more than 200 megapixels,
-/// or that needs more than 1 GiB at `bytesPerPixel` for all that decoding holds at once.
+/// or that needs more than mostPictureBytes at `bytesPerPixel` for all that decoding holds at once.
 [[nodiscard]] Result<> checkPictureSize(QSize size, int bytesPerPixel);
 
 } // namespace mosslantern

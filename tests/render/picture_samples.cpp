@@ -180,6 +180,55 @@ QByteArray heif(const QImage &image, const HeifOptions &options)
     return bytes;
 }
 
+QByteArray heifGrid(const QByteArray &tile, int across, QSize size, QSize claimed)
+{
+    const auto number = [](auto value) {
+        value = qToBigEndian(value);
+        return QByteArray(reinterpret_cast<const char *>(&value), sizeof value);
+    };
+    const auto box = [&](const char *type, const QByteArray &content) {
+        return number(quint32(content.size() + 8)) + type + content;
+    };
+    const auto boxOf = [&](const char *type) {
+        const auto at = tile.indexOf(type) - 4;
+        return tile.sliced(at, qFromBigEndian<quint32>(tile.constData() + at));
+    };
+    const auto sides = [&](QSize value) {
+        return number(quint32(value.width())) + number(quint32(value.height()));
+    };
+    const auto entry = [&](quint16 id, const char *type) {
+        return box("infe", number(0x02000000u) + number(id) + number(quint16(0)) + type + '\0');
+    };
+    const auto count = quint16(across * across);
+    const QByteArray grid = QByteArray("\0\1", 2) + QByteArray(2, char(across - 1)) + sides(size);
+    const QByteArray data = boxOf("mdat").sliced(8);
+    const auto place = [&](quint16 id, qsizetype offset, qsizetype bytes) {
+        return number(id) + number(quint16(0)) + number(quint16(1)) + number(quint32(offset)) +
+               number(quint32(bytes));
+    };
+    const QByteArray start = tile.first(qFromBigEndian<quint32>(tile.constData()));
+    const QByteArray none(4, '\0');
+    // Twice, as the header says where the data begin.
+    QByteArray header = start;
+    for (int round = 0; round < 2; ++round) {
+        const qsizetype from = header.size() + 8;
+        header =
+            start +
+            box("meta",
+                none + box("hdlr", none + none + "pict" + QByteArray(13, '\0')) +
+                    box("pitm", none + number(quint16(2))) +
+                    box("iloc", none + QByteArray("\x44\0\0\2", 4) + place(1, from, data.size()) +
+                                    place(2, from + data.size(), grid.size())) +
+                    box("iinf", none + number(quint16(2)) + entry(1, "hvc1") + entry(2, "grid")) +
+                    box("iref", none + box("dimg", number(quint16(2)) + number(count) +
+                                                       number(quint16(1)).repeated(count))) +
+                    box("iprp",
+                        box("ipco", boxOf("hvcC") + boxOf("ispe") + box("ispe", none + sides(claimed))) +
+                            box("ipma", none + number(quint32(2)) + QByteArray("\0\1\2\x81\2\0\2\1\3", 9))));
+    }
+    return header + box("mdat", data + grid);
+}
+
 QByteArray jpegWithOrientation(const QByteArray &file, int orientation)
 {
     const QByteArray data = QByteArray("Exif\0\0", 6) + exif(orientation);

@@ -44,6 +44,10 @@ struct HeifOptions
 /// A HEIC or AVIF file; empty when no encoder is installed.
 QByteArray heif(const QImage &image, const HeifOptions &options = {});
 
+/// A HEIC file that claims to be a picture of size `claimed`, and really is a grid of size `size` made of
+/// `tile`, the file of one picture, `across` times `across`.
+QByteArray heifGrid(const QByteArray &tile, int across, QSize size, QSize claimed);
+
 /// A chunk of a PNG file: `content` (its type and data) with its length and check sum.
 QByteArray pngChunk(const QByteArray &content);
 

@@ -33,11 +33,11 @@ QList<std::pair<const char *, QByteArray>> files()
             {"AVIF", heif(image, {.codec = heif_compression_AV1})}};
 }
 
-/// Peak memory of this process so far, in MB.
-long peakMegabytes()
+/// Peak memory so far of this process, or of the largest of those it has waited for, in MB.
+long peakMegabytes(__rusage_who who)
 {
     rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
+    getrusage(who, &usage);
     return usage.ru_maxrss / 1024;
 }
 
@@ -129,49 +129,65 @@ private slots:
         for (auto at = heic.indexOf("ispe"); at >= 0; at = heic.indexOf("ispe", at + 1))
             heic = patched(heic, at + 8, QByteArray("\0\0\xea\x60\0\0\xea\x60", 8));
         row("HEIC", heic);
+        const QByteArray tile = heif(painting(512, 512));
+        row("HEIC grid, another size told", heifGrid(tile, 8, {4'096, 4'096}, {100, 100}));
+#ifndef __SANITIZE_ADDRESS__ // whose own memory leaves no room for a limit
+        row("HEIC grid, four times the pixels told", heifGrid(tile, 44, {22'528, 22'528}, {11'264, 11'264}));
+        row("HEIC grid, beyond 32 bits", heifGrid(tile, 80, {40'960, 40'960}, {100, 100}));
+#endif
     }
 
     void refusesAbsurdSizes()
     {
         QFETCH(QByteArray, file);
-        const long before = peakMegabytes();
+        const long before = peakMegabytes(RUSAGE_SELF);
         for (const PictureRequest &request : {PictureRequest{}, PictureRequest{{100, 100}, true}}) {
             const auto picture = decodePicture(file, request);
             QVERIFY(!picture);
-            QVERIFY(picture.error().message.startsWith(u"The picture"));
+            QVERIFY2(picture.error().message.contains(u"he picture"), reason(picture));
         }
-        QCOMPARE_LE(peakMegabytes() - before, 32);
+        QCOMPARE_LE(peakMegabytes(RUSAGE_SELF) - before, 32);
+#ifndef __SANITIZE_ADDRESS__
+        QCOMPARE_LE(peakMegabytes(RUSAGE_CHILDREN), 1100);
+#endif
     }
 
     void survivesCutFiles_data()
     {
-        const auto row = table<QByteArray>({"file"});
-        for (const auto &[name, file] : files())
-            row(name, file);
+        const auto row = table<QByteArray, int>({"file", "trials"});
+        for (const auto &[name, file] : files()) {
+            const bool startsProgram = file.sliced(4, 4) == "ftyp";
+            row(name, file, startsProgram ? 60 : 300);
+        }
     }
 
     void survivesCutFiles()
     {
         QFETCH(QByteArray, file);
+        QFETCH(int, trials);
         QVERIFY2(decodePicture(file, {}), reason(decodePicture(file, {})));
-        const qsizetype step = std::max<qsizetype>(1, file.size() / 300);
-        for (qsizetype size = 0; size < file.size(); size += size < 200 ? 1 : step) {
+        const qsizetype step = std::max<qsizetype>(1, file.size() / trials);
+        for (qsizetype size = 0; size < file.size(); size += size < 200 ? 300 / trials : step) {
             const auto picture = decodePicture(file.first(size), anyRequest(size_t(size)));
             QVERIFY(picture ? !picture->image.isNull() : !picture.error().message.isEmpty());
             QVERIFY(!picture || size > 32);
         }
     }
 
-    void survivesBrokenFiles_data() { survivesCutFiles_data(); }
+    void survivesBrokenFiles_data()
+    {
+        survivesCutFiles_data();
+    }
 
     void survivesBrokenFiles()
     {
         QFETCH(QByteArray, file);
+        QFETCH(int, trials);
         std::mt19937 random(1);
         const auto below = [&](qsizetype limit) { return qsizetype(random() % size_t(limit)); };
         const int rounds = qEnvironmentVariableIsSet("PICTURE_FUZZ_ROUNDS")
                                ? qEnvironmentVariableIntValue("PICTURE_FUZZ_ROUNDS")
-                               : 300;
+                               : trials;
         for (int round = 0; round < rounds; ++round) {
             QByteArray broken = file;
             for (qsizetype change = 0; change <= below(6); ++change) {
