@@ -14,5 +14,6 @@ function(mosslantern_embed_fonts target)
     set_source_files_properties("${file}" PROPERTIES QT_RESOURCE_ALIAS "${name}")
   endforeach()
   set_source_files_properties("${nunito}" PROPERTIES QT_RESOURCE_ALIAS Nunito-Black.ttf)
-  qt_add_resources(${target} fonts PREFIX /mosslantern/fonts FILES ${files} "${nunito}")
+  # Uncompressed, they are used where they lie in the program.
+  qt_add_resources(${target} fonts PREFIX /mosslantern/fonts OPTIONS --no-compress FILES ${files} "${nunito}")
 endfunction()

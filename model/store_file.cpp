@@ -38,7 +38,7 @@ std::unexpected<Error> cannotOpen(const QString &path, const QString &reason)
 
 QString systemError()
 {
-    return qt_error_string(errno);
+    return qt_error_string(errno) + u'.';
 }
 
 /// Makes a folder and its missing parents for the user alone.
@@ -154,7 +154,7 @@ QString sentence(const SQLite::Exception &exception)
     case SQLITE_CORRUPT:
         return u"it is damaged (%1)."_s.arg(QString::fromUtf8(exception.what()));
     default:
-        return QString::fromUtf8(exception.what());
+        return QString::fromUtf8(exception.what()) + u'.';
     }
 }
 

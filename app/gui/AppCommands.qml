@@ -7,6 +7,9 @@ Item {
 
     property bool isSidebarShown: true
 
+    /// Before it filled the screen.
+    property bool wasMaximized: false
+
     signal shortcutsRequested
 
     readonly property AppCommand toggleSidebar: AppCommand {
@@ -25,7 +28,17 @@ Item {
         label: root.Window.visibility === Window.FullScreen ? qsTr("Leave Full Screen") : qsTr("Enter Full Screen")
         sequence: "F11"
         enabled: root.Window.active
-        onActivated: root.Window.visibility === Window.FullScreen ? root.Window.window.showNormal() : root.Window.window.showFullScreen()
+        onActivated: {
+            const isFull = root.Window.visibility === Window.FullScreen
+            if (!isFull)
+                root.wasMaximized = root.Window.visibility === Window.Maximized
+            if (isFull && root.wasMaximized)
+                root.Window.window.showMaximized()
+            else if (isFull)
+                root.Window.window.showNormal()
+            else
+                root.Window.window.showFullScreen()
+        }
     }
     readonly property AppCommand showShortcuts: AppCommand {
         label: qsTr("Keyboard Shortcuts")

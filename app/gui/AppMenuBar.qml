@@ -26,7 +26,7 @@ T.MenuBar {
             model: root.contentModel
         }
     }
-    background: Rectangle {
+    background: BarBackground {
         color: Theme.sidebarBackground
         Rectangle {
             anchors.bottom: parent.bottom

@@ -1,5 +1,6 @@
 import QtQuick
 import Mosslantern.Common
+import Mosslantern.App
 
 /// Shown instead of the main window when the application cannot begin its work.
 Window {
@@ -21,6 +22,7 @@ Window {
     color: Theme.windowBackground
     visible: true
 
+    ThemedPanels {}
     Shortcut {
         sequences: ["Escape", "Ctrl+Q"]
         onActivated: root.close()

@@ -46,11 +46,6 @@ FocusScope {
     /// Whether it was confirmed that changes that cannot be saved are lost.
     property bool losesChanges: false
 
-    function quitWithoutSaving() {
-        losesChanges = true
-        Qt.quit()
-    }
-
     SaveStatus {
         id: saving
         context: root.context
@@ -58,18 +53,14 @@ FocusScope {
 
     AppCommands {
         id: commands
+        // The keyboard does not stay in what cannot be seen.
+        onIsSidebarShownChanged: {
+            if (!isSidebarShown)
+                detail.forceActiveFocus(Qt.OtherFocusReason)
+        }
         onShortcutsRequested: sheets.setSource("ShortcutsSheet.qml", {"commands": all, "visible": true})
     }
-    PanelLook {
-        window: Theme.windowBackground
-        base: Theme.textBackground
-        button: Theme.raisedBackground
-        text: Theme.primary
-        disabledText: Theme.disabled
-        highlight: Theme.accent
-        highlightedText: Theme.accentText
-        fontSize: Theme.body
-    }
+    ThemedPanels {}
     ContentView {
         id: content
         objectName: "contentView"
@@ -122,12 +113,9 @@ FocusScope {
     /// The template library on a text of its own, for developers and tests.
     function showContentLibrary() {
         sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
-        const sheet = sheets.item as ContentLibrarySheet
-        sheet.textInputChanged.connect(() => contentText = sheet.textInput)
     }
 
-    // What is seldom seen is made when it is asked for, and compiled only then: nothing that runs at the start may name
-    // its types.
+    // What is seldom seen is made when it is asked for.
     Loader {
         id: updates
     }
@@ -138,17 +126,26 @@ FocusScope {
                 updates.setSource("../Update/UpdateWindow.qml", {"updater": root.updater, "transientParent": root.Window.window})
         }
     }
-    Loader {
+    SheetLoader {
         id: unsaved
-        onLoaded: {
-            const alert = item as UnsavedAlert
-            alert.closed.connect(() => unsaved.setSource(""))
-            alert.quitConfirmed.connect(root.quitWithoutSaving)
+    }
+    Connections {
+        target: unsaved.item
+        ignoreUnknownSignals: true
+        function onQuitConfirmed() {
+            root.losesChanges = true
+            Qt.quit()
         }
     }
-    Loader {
+    SheetLoader {
         id: sheets
-        onLoaded: (item as ModalPanel).closed.connect(() => sheets.setSource(""))
+    }
+    Connections {
+        target: sheets.item
+        ignoreUnknownSignals: true
+        function onTextInputChanged() {
+            root.contentText = (sheets.item as ContentLibrarySheet).textInput
+        }
     }
 
     function showSelectedScreen() {

@@ -46,4 +46,6 @@ T.ApplicationWindow {
 
     /// By how much the window became narrower when the sidebar was hidden.
     property real widthOfHidden
+    /// What it lacks because of that.
+    readonly property real missingWidth: view.isSidebarShown ? 0 : widthOfHidden
 }

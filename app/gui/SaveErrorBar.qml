@@ -3,7 +3,7 @@ import Mosslantern.Common
 import Mosslantern.App
 
 /// Says that the last changes are not on the disk, as long as they are not.
-Rectangle {
+BarBackground {
     id: root
 
     required property SaveStatus status

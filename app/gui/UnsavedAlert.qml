@@ -15,18 +15,18 @@ AlertView {
 
     buttons: [
         PushButton {
-            objectName: "quitUnsaved"
-            width: root.buttonWidth
-            text: qsTr("Quit Anyway")
-            isDestructive: true
-            onClicked: root.quitConfirmed()
-        },
-        PushButton {
             objectName: "cancelQuit"
             width: root.buttonWidth
             text: qsTr("Cancel")
             focus: true
             onClicked: root.close()
+        },
+        PushButton {
+            objectName: "quitUnsaved"
+            width: root.buttonWidth
+            text: qsTr("Quit Anyway")
+            isDestructive: true
+            onClicked: root.quitConfirmed()
         }
     ]
 }

@@ -41,7 +41,7 @@ bool EditCommands::canDelete() const
 void EditCommands::deleteSelection()
 {
     if (m_list) {
-        QMetaObject::invokeMethod(m_list, "removalRequested");
+        QMetaObject::invokeMethod(m_list, "removeCurrent");
     } else if (canCut()) {
         QMetaObject::invokeMethod(m_text, "remove", Q_ARG(int, m_text->property("selectionStart").toInt()),
                                   Q_ARG(int, m_text->property("selectionEnd").toInt()));

@@ -8,9 +8,6 @@
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
-void qml_register_types_QtQml_WorkerScript();
-void qml_register_types_QtQuick_Templates();
-
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -22,19 +19,15 @@ QUrl qmlFile(QLatin1StringView name)
     return QUrl(u"qrc:/qt/qml/Mosslantern/%1.qml"_s.arg(name));
 }
 
-/// Links the libraries of two QML modules. The engine would load them later, and wait for the linker's lock,
-/// which the graphics driver holds while it is being loaded.
-[[maybe_unused]] void (*const volatile linkedModules[])() = {&qml_register_types_QtQml_WorkerScript,
-                                                             &qml_register_types_QtQuick_Templates};
-
 constexpr auto mainView = "App/MainView"_L1;
 constexpr auto firstScreen = "Library/AssetLibraryScreen"_L1;
 constexpr auto mainWindow = "App/MainWindow"_L1;
 
 } // namespace
 
-void prepareMainView(QQmlEngine &engine)
+void prepareMainWindow(QQmlEngine &engine)
 {
+    // What no component holds on to may be dropped again before it is used.
     for (const auto &file : {mainView, firstScreen, mainWindow})
         new QQmlComponent(&engine, qmlFile(file), QQmlComponent::Asynchronous, &engine);
 }

@@ -12,8 +12,8 @@ namespace mosslantern {
 class SPUUpdater;
 class ScreenContext;
 
-/// Begins to compile what makeMainView() makes, in the engine's own thread.
-void prepareMainView(QQmlEngine &engine);
+/// Begins to compile, in the engine's own thread, what the two functions below make.
+void prepareMainWindow(QQmlEngine &engine);
 
 /// Makes all that the main window shows, with the first screen. Needs no window and no graphics driver.
 /// Null, with a warning, when that fails.

@@ -6,6 +6,7 @@
 #include "ui/common/interface_fonts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDeadlineTimer>
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QThread>
@@ -64,7 +65,7 @@ StartOutcome MosslanternApp::start()
         return StartOutcome::raisedOther;
     m_engine.emplace();
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
-    prepareMainView(*m_engine);
+    prepareMainWindow(*m_engine);
     m_graphicsDriver = loadGraphicsDriver();
     return openLibrary();
 }
@@ -92,12 +93,10 @@ StartOutcome MosslanternApp::openLibrary()
 
 bool MosslanternApp::raisesOther() const
 {
-    // Another process that opened the library a moment ago does not listen yet.
-    constexpr int attempts = 10;
-    for (int i = 0; i < attempts; ++i) {
+    // Another process that opened the library a moment ago does not listen yet; one that hangs never answers.
+    for (const QDeadlineTimer deadline(1s); !deadline.hasExpired(); QThread::msleep(100ms / 1ms)) {
         if (m_singleInstance.raiseOther())
             return true;
-        QThread::msleep(100ms / 1ms);
     }
     return false;
 }
@@ -117,7 +116,7 @@ StartOutcome MosslanternApp::openMainWindow()
     restoreWindow(*m_window, m_options.stateFile);
     QObject::connect(m_window, &QWindow::visibleChanged, m_window, [this](bool isVisible) {
         if (!isVisible)
-            rememberWindow(*m_window, m_options.stateFile);
+            rememberWindow(*m_window, m_window->property("missingWidth").toInt(), m_options.stateFile);
     });
     m_window->setVisible(true);
     if (m_options.showsContentLibrary)
@@ -131,7 +130,7 @@ StartOutcome MosslanternApp::openMainWindow()
 
 void MosslanternApp::prepareGraphics()
 {
-    if (!m_graphicsDriver.get())
+    if (m_graphicsDriver.valid() && !m_graphicsDriver.get())
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 

@@ -30,13 +30,15 @@ void restoreWindow(QWindow &window, const QString &stateFile)
         window.setWindowStates(Qt::WindowMaximized);
 }
 
-void rememberWindow(const QWindow &window, const QString &stateFile)
+void rememberWindow(const QWindow &window, int missingWidth, const QString &stateFile)
 {
+    if (window.windowStates().testFlag(Qt::WindowFullScreen))
+        return;
     QSettings state(stateFile, QSettings::IniFormat);
     const bool isMaximized = window.windowStates().testFlag(Qt::WindowMaximized);
     state.setValue(maximizedKey, isMaximized);
     if (window.windowStates() == Qt::WindowNoState)
-        state.setValue(geometryKey, window.geometry());
+        state.setValue(geometryKey, window.geometry().adjusted(0, 0, missingWidth, 0));
 }
 
 } // namespace mosslantern

@@ -23,9 +23,8 @@ public:
     explicit BulkExporter(FolderOpener openFolder, int threads = QThread::idealThreadCount());
 
     /// The batch export: for each slideshow, the folder `base` / batch name ("Unknown Batch" without one, "/"
-    /// as
-    /// "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before each
-    /// slideshow, so that the event loop runs; one that is removed meanwhile is left out. Fails with the
+    /// as "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before
+    /// each slideshow, so that the event loop runs; one that is removed meanwhile is left out. Fails with the
     /// first folder that cannot be made; what is written stays. A file that cannot be written is left out,
     /// which only fileLeftOut() tells.
     QCoro::Task<Result<>> exportSlideshows(QList<Slideshow *> slideshows, QString base);

@@ -126,6 +126,33 @@ private slots:
         QCOMPARE(assetNames(), QStringList());
     }
 
+    /// Cells lie beneath header and menu bar, too, and the current one may be out of sight.
+    void leavesWhatCannotBeSeenAlone()
+    {
+        for (int i = 0; i < 60; ++i)
+            session().library().addAsset(QString::number(i));
+        session().open();
+        QVERIFY(session().click(u"assetCell"_s, 1));
+        QQuickItem *const grid = session().find(u"assetGrid"_s);
+        grid->setProperty("contentY", 100);
+        settle();
+        const QPoint cell = grid->mapToScene({}).toPoint() + QPoint(450, 0);
+        for (const int above : {10, 40, 70}) {
+            for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton})
+                QTest::mouseClick(session().window(), button, {}, cell - QPoint(0, above));
+        }
+        settle();
+        QVERIFY(!session().find(u"deleteAsset"_s));
+        QCOMPARE(grid->property("currentIndex"), 1);
+        QCOMPARE(grid->property("contentY"), 100);
+
+        session().key(Qt::Key_Delete);
+        QCOMPARE(store().all<Asset>().size(), 60);
+        QVERIFY(grid->property("contentY").toDouble() < 20);
+        session().key(Qt::Key_Delete);
+        QCOMPARE(assetNames().value(1), u"2"_s);
+    }
+
     void marksTheFrameOfTheCurrentCell()
     {
         for (int i = 0; i < 60; ++i)

@@ -17,7 +17,11 @@ private slots:
             const FullDisk full(1);
             store().insert(std::make_unique<Collection>(u"Kept"_s));
             QTRY_VERIFY(session().find(u"saveError"_s));
-            QVERIFY(session().find(u"saveError"_s)->property("text").toString().startsWith(u"The library could not be saved: "_s));
+            QVERIFY(session()
+                        .find(u"saveError"_s)
+                        ->property("text")
+                        .toString()
+                        .startsWith(u"The library could not be saved: "_s));
 
             session().key(Qt::Key_Q, Qt::ControlModifier);
             QTRY_VERIFY(session().find(u"quitUnsaved"_s));

@@ -111,6 +111,8 @@ private slots:
         for (const bool repeats : {false, true, true, true})
             QTest::simulateEvent(window, true, Qt::Key_S, Qt::ControlModifier | Qt::AltModifier, {}, repeats);
         QTRY_VERIFY(!session().find(u"sidebar"_s));
+        session().key(Qt::Key_Down);
+        QCOMPARE(window->findChild<ContentView *>()->selectedIndex(), 0); // not in the hidden sidebar
 
         const QSignalSpy quits(qmlEngine(window), &QQmlEngine::quit);
         session().key(Qt::Key_Q, Qt::ControlModifier);
@@ -245,14 +247,17 @@ private slots:
         const QString file = session().library().path(u"state.ini"_s);
         QWindow before;
         before.setGeometry(40, 50, 640, 480);
-        rememberWindow(before, file);
+        rememberWindow(before, 100, file);
+        before.setWindowStates(Qt::WindowFullScreen);
+        rememberWindow(before, 0, file);
         QWindow after;
         after.setMinimumSize({700, 100});
         restoreWindow(after, file);
-        QCOMPARE(after.geometry(), QRect(40, 50, 700, 480));
+        QCOMPARE(after.geometry(), QRect(40, 50, 740, 480));
+        before.setWindowStates(Qt::WindowNoState);
 
         before.setGeometry(90'000, 50, 640, 480);
-        rememberWindow(before, file);
+        rememberWindow(before, 0, file);
         QWindow offScreen;
         restoreWindow(offScreen, file);
         QVERIFY(offScreen.x() < 90'000);

@@ -2,6 +2,8 @@
 
 namespace mosslantern {
 
+using namespace Qt::StringLiterals;
+
 QUrl WindowTest::pictureFile(const QString &name, const QColor &color)
 {
     const QString path = m_folder.filePath(name);
@@ -19,6 +21,13 @@ void WindowTest::initTestCase()
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     const Result<> fonts = useInterfaceFonts();
     QVERIFY2(fonts, fonts ? "" : qPrintable(fonts.error().message));
+}
+
+void WindowTest::init()
+{
+    // What QML complains of.
+    QTest::failOnWarning(QRegularExpression(u"^(qrc|file):.*\\.qml"_s));
+    m_session = std::make_unique<UiSession>();
 }
 
 } // namespace mosslantern

@@ -23,7 +23,7 @@ protected:
 
 private slots:
     void initTestCase();
-    void init() { m_session = std::make_unique<UiSession>(); }
+    void init();
     void cleanup() { m_session.reset(); }
 
 private:

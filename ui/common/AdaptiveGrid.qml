@@ -41,6 +41,18 @@ GridView {
     }
     function moveBy(cells: int) {
         currentIndex = Math.max(0, Math.min(count - 1, currentIndex + cells))
+        revealCurrent()
+    }
+    /// Scrolls as far as it must to show all of the current cell, and says whether it had to.
+    function revealCurrent(): bool {
+        const before = contentY
+        positionViewAtIndex(currentIndex, GridView.Contain)
+        return contentY !== before
+    }
+    /// Asks for the current cell to be removed; if it is not in view, only shows it.
+    function removeCurrent() {
+        if (!revealCurrent())
+            removalRequested()
     }
 
     cellWidth: columnWidth + columnSpacing
@@ -57,6 +69,10 @@ GridView {
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
 
+    onActiveFocusChanged: {
+        if (marksCurrent)
+            revealCurrent()
+    }
     // A cell that takes the place of a removed one does not get the focus of its own accord.
     Keys.forwardTo: currentItem ? [currentItem] : []
     Keys.onPressed: (event) => {
@@ -72,7 +88,7 @@ GridView {
         else if (![Qt.Key_Delete, Qt.Key_Backspace].includes(event.key))
             return
         else if (canRemove)
-            removalRequested()
+            removeCurrent()
         event.accepted = true
     }
     Accessible.role: Accessible.List

@@ -1,8 +1,7 @@
 import QtQuick
 import Mosslantern.Common
 
-/// A question with its answers: a title, a message if there is one, whatever else it asks for, and buttons,
-/// of which the cancelling one comes first.
+/// A question with its answers: a title, a message if there is one, whatever else it asks for, and buttons.
 ModalPanel {
     id: root
 

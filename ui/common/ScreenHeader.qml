@@ -2,7 +2,7 @@ import QtQuick
 import Mosslantern.Common
 
 /// The title of a screen and, at its trailing edge, the toolbar.
-Rectangle {
+BarBackground {
     id: root
 
     required property string title

@@ -112,16 +112,15 @@ Rectangle {
         }
     }
 
-    // Only what runs once the sheet is there names its type, which would be compiled with the panel otherwise.
-    Loader {
+    SheetLoader {
         id: library
-        onLoaded: {
-            const sheet = item as ContentLibrarySheet
-            sheet.textInputChanged.connect(() => root.panel.generator.textInput = sheet.textInput)
-            sheet.closed.connect(() => {
-                root.panel.showingLibrary = false
-                library.setSource("")
-            })
+        onClosed: root.panel.showingLibrary = false
+    }
+    Connections {
+        target: library.item
+        ignoreUnknownSignals: true
+        function onTextInputChanged() {
+            root.panel.generator.textInput = (library.item as ContentLibrarySheet).textInput
         }
     }
     Connections {

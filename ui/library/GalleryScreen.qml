@@ -207,12 +207,9 @@ FocusScope {
     DeleteBatchAlert {
         gallery: gallery
     }
-    Loader {
+    SheetLoader {
         id: editor
-        onLoaded: (item as ModalPanel).closed.connect(() => {
-            editor.setSource("")
-            gallery.selectedSlideshow = null
-        })
+        onClosed: gallery.selectedSlideshow = null
     }
 
     function showSelectedSlideshow() {

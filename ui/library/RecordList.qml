@@ -26,6 +26,14 @@ ListView {
         positionViewAtIndex(selection.row(), ListView.Contain)
     }
 
+    /// Asks for the selected row to be removed; if it is not in view, only shows it.
+    function removeCurrent() {
+        const before = contentY
+        positionViewAtIndex(selection.row(), ListView.Contain)
+        if (contentY === before)
+            removalRequested()
+    }
+
     topMargin: 8
     bottomMargin: 8
     clip: true
@@ -67,7 +75,7 @@ ListView {
         case Qt.Key_Delete:
         case Qt.Key_Backspace:
             if (canRemove)
-                removalRequested()
+                removeCurrent()
             break
         case Qt.Key_Return:
         case Qt.Key_Enter:
