@@ -312,6 +312,7 @@ void Tour::fullDisk()
     }
     picture(u"quit-unsaved"_s);
     click(u"cancelQuit"_s);
+    waitForPopup();
     picture(u"save-error"_s);
 }
 
@@ -346,6 +347,7 @@ void Tour::run()
     contentLibrary();
     menus();
     click(u"sidebarRow2"_s);
+    waitForThumbnails();
     picture(u"slideshows"_s);
     click(u"sidebarRow2"_s, 0, Qt::LeftButton, Qt::ControlModifier);
     picture(u"nothing-selected"_s);
