@@ -1,6 +1,5 @@
 // Speed of the window with a large library. bench/window.sh runs it:
 //   window_bench prepare FOLDER COUNT PHOTOGRAPHS  makes a library; its pictures are links to the photographs
-//   window_bench empty                             first frame of a window with nothing in it
 //   window_bench first FOLDER                      first frame of the application on that library
 //   window_bench scroll FOLDER SECONDS             from the first asset to the last in that time
 // The time of the first frame is counted from $STARTED, nanoseconds since 1970.
@@ -42,15 +41,6 @@ void printFirstFrame()
     finish();
 }
 
-int showEmpty()
-{
-    QQuickWindow window;
-    window.resize(1280, 830);
-    QObject::connect(&window, &QQuickWindow::frameSwapped, &window, printFirstFrame, Qt::DirectConnection);
-    window.show();
-    return QApplication::exec();
-}
-
 int showFirst(const QString &folder)
 {
     MosslanternApp app(optionsFor(folder));
@@ -86,8 +76,6 @@ int main(int argc, char **argv)
         return prepare(words[1], words[2].toInt(), words[3]);
     }
     const QApplication application(argc, argv);
-    if (words.value(0) == "empty"_L1)
-        return showEmpty();
     if (words.value(0) == "first"_L1 && words.size() == 2)
         return showFirst(words[1]);
     if (words.value(0) == "scroll"_L1 && words.size() == 3)

@@ -13,7 +13,7 @@ T.ScrollBar {
     visible: size < 1
     policy: T.ScrollBar.AsNeeded
 
-    contentItem: Rectangle {
+    contentItem: RoundedArea {
         implicitWidth: 6
         implicitHeight: 6
         radius: Math.min(width, height) / 2

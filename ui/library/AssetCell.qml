@@ -28,10 +28,9 @@ GridCell {
         radius: root.grid.frameRadius
         hasShadow: true
     }
-    Loader {
+    Spinner {
         anchors.centerIn: parent
-        active: !thumbnail.isLoaded && thumbnail.visible
-        sourceComponent: Spinner {}
+        visible: !thumbnail.isLoaded && thumbnail.visible
     }
     Loader {
         anchors.fill: parent
