@@ -109,12 +109,9 @@ FocusScope {
                 model: detail.slides
                 currentIndex: detail.selectedSlideIndex
                 onCurrentItemChanged: {
-                    if (!currentItem)
-                        return
-                    // After a resize its place may still be that of before.
-                    forceLayout()
-                    contentY = Math.min(Math.max(contentY, currentItem.y + currentItem.height + bottomMargin - height),
-                                        currentItem.y - topMargin)
+                    if (currentItem)
+                        contentY = Math.min(Math.max(contentY, currentItem.y + currentItem.height + bottomMargin - height),
+                                            currentItem.y - topMargin)
                 }
                 highlight: null
                 Accessible.role: Accessible.List
