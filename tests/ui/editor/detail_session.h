@@ -75,6 +75,18 @@ public:
     {
         return find(u"canvasLoader"_s)->findChild<DraggableTextView *>(u"mainBlock"_s);
     }
+    /// Begins to edit the main text on the canvas and types at its end; false when the editor does not open.
+    bool typeOnCanvas(const QString &text)
+    {
+        block()->startEditing();
+        const bool isOpen = QTest::qWaitFor([this] {
+            const QQuickItem *const edit = find(u"textEdit"_s);
+            return edit && edit->hasActiveFocus();
+        });
+        if (isOpen)
+            type(text);
+        return isOpen;
+    }
     SlideshowDetailView *detail() const { return root->findChild<SlideshowDetailView *>(); }
 
     QQuickItem *root;

@@ -113,9 +113,7 @@ void SlideInspectorTest::savesAppliesAndDeletesPresets()
 void SlideInspectorTest::presetWhileEditing()
 {
     ScreenSession s;
-    s.block()->startEditing();
-    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
-    s.type(u"!"_s);
+    QVERIFY(s.typeOnCanvas(u"!"_s));
     auto preset = presetFromSlide(u"p"_s, *s.slide(0));
     preset->setTextY(0.25);
     preset->setTextScale(2);
@@ -149,9 +147,7 @@ void SlideInspectorTest::copiesTheStyleThatIsSeen()
 void SlideInspectorTest::typesInTheInspector()
 {
     ScreenSession s;
-    s.block()->startEditing();
-    QTRY_VERIFY(s.find(u"textEdit"_s) && s.find(u"textEdit"_s)->hasActiveFocus());
-    s.type(u"!"_s);
+    QVERIFY(s.typeOnCanvas(u"!"_s));
     QCOMPARE(s.slide(0)->text(), u"One"_s);
     QVERIFY(s.click(u"mainFieldArea"_s));
     QTest::keyClick(&s.window(), Qt::Key_End, Qt::ControlModifier);
