@@ -3,8 +3,6 @@
 #include "tests/ui/editor/canvas_session.h"
 #include "ui/editor/text_block_item.h"
 
-#include <qpa/qwindowsysteminterface.h>
-
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
 
@@ -80,10 +78,8 @@ void CanvasGesturesTest::hugeBlocksAreThereToBeDragged()
 void CanvasGesturesTest::touchpadPinch()
 {
     CanvasSession s;
-    const std::unique_ptr<QPointingDevice> touchpad = std::make_unique<QPointingDevice>(
-        u"touchpad"_s, 7, QInputDevice::DeviceType::TouchPad, QPointingDevice::PointerType::Finger,
-        QInputDevice::Capability::Position, 2, 0);
-    QWindowSystemInterface::registerInputDevice(touchpad.get());
+    const std::unique_ptr<QPointingDevice> touchpad(
+        QTest::createTouchDevice(QInputDevice::DeviceType::TouchPad));
     const auto gesture = [&](Qt::NativeGestureType type, double value) {
         const QPointF at = s.at(0.5, 0.5);
         QNativeGestureEvent event(type, touchpad.get(), 2, at, at, s.window().mapToGlobal(at), value, {});

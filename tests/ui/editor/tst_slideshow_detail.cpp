@@ -3,8 +3,6 @@
 #include "tests/ui/editor/detail_session.h"
 
 #include <QtCore/QDir>
-#include <qpa/qwindowsysteminterface.h>
-
 using namespace mosslantern;
 
 class SlideshowDetailTest : public QObject
@@ -136,10 +134,11 @@ void SlideshowDetailTest::inputDuringAnExportIsDropped()
     connect(detail, &SlideshowDetailView::exportProgressed, this, [&] {
         if (!detail->isExporting() || detail->exportedSlides() != 1)
             return;
-        for (const auto &[buttons, type] : {std::pair(Qt::LeftButton, QEvent::MouseButtonPress),
-                                            std::pair(Qt::NoButton, QEvent::MouseButtonRelease)})
-            QWindowSystemInterface::handleMouseEvent<QWindowSystemInterface::AsynchronousDelivery>(
-                &s.window(), done, s.window().mapToGlobal(done), buttons, Qt::LeftButton, type);
+        for (const auto &[type, buttons] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
+                                            std::pair(QEvent::MouseButtonRelease, Qt::NoButton)})
+            QCoreApplication::postEvent(
+                &s.window(), new QMouseEvent(type, done, s.window().mapToGlobal(done), Qt::LeftButton,
+                                             buttons, Qt::NoModifier));
     });
     QVERIFY(s.click(u"export"_s));
     s.panels.answerFolder(s.library().path(u"out"_s));
