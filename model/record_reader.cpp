@@ -85,7 +85,8 @@ public:
     QDateTime time()
     {
         const qint64 milliseconds = integer();
-        const QDateTime time = QDateTime::fromMSecsSinceEpoch(milliseconds, Qt::UTC);
+        static const QDateTime epoch = QDateTime::fromMSecsSinceEpoch(0).toUTC();
+        const QDateTime time = epoch.addMSecs(milliseconds);
         if (const int year = time.date().year(); year < 1 || year > 9999)
             throw damage(u"the impossible time %1"_s.arg(milliseconds));
         return time;

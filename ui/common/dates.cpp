@@ -46,9 +46,10 @@ QString Dates::day(const QDateTime &time) const
         icu::DateFormat::createDateInstance(icu::DateFormat::kLong, userLocale()));
     // The calendar day is Qt's, so ICU is shown it in a time zone in which nothing can move it.
     format->adoptTimeZone(icu::TimeZone::createTimeZone("GMT"));
-    const QDateTime noon(time.toLocalTime().date(), QTime(12, 0), Qt::UTC);
+    constexpr double noon = 0.5;
+    const auto days = static_cast<double>(QDate(1970, 1, 1).daysTo(time.toLocalTime().date()));
     icu::UnicodeString text;
-    return toQString(format->format(static_cast<UDate>(noon.toMSecsSinceEpoch()), text));
+    return toQString(format->format((days + noon) * daySeconds * 1000, text));
 }
 
 QString Dates::distance(const QDateTime &from, const QDateTime &to) const

@@ -7,7 +7,7 @@ namespace mosslantern {
 
 SlideshowDetailView::SlideshowDetailView(QObject *parent)
     : QObject(parent)
-    , m_clock(&QDateTime::currentDateTime)
+    , m_clock([] { return QDateTime::currentDateTime(); })
 {}
 
 void SlideshowDetailView::setContext(ScreenContext *context)
