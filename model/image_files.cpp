@@ -33,7 +33,10 @@ Result<QString> copyToFreshName(const QUrl &file, const QString &folder)
 
 Result<Asset *> importAsset(const QUrl &file, Store &store)
 {
-    const Result<QString> filename = copyToFreshName(file, store.location().assetFolder());
+    const Result<QString> filename =
+        store.readOnlyReason().isEmpty()
+            ? copyToFreshName(file, store.location().assetFolder())
+            : fail(u"The library cannot be changed: %1."_s.arg(store.readOnlyReason()));
     if (!filename) {
         printLine(u"Failed to copy asset: "_s + filename.error().message);
         return std::unexpected(filename.error());

@@ -1,12 +1,16 @@
 #include "model/schema.h"
 
 #include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
 #include <SQLiteCpp/Transaction.h>
 
 #include <array>
+#include <map>
 #include <string>
 
 namespace mosslantern {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -88,6 +92,30 @@ CREATE TABLE contentTemplate (
 )",
 };
 
+using SchemaObject = std::pair<std::string, std::string>; // kind and name
+
+/// Everything that a schema holds, and how each was made.
+std::map<SchemaObject, std::string> schemaOf(SQLite::Database &database)
+{
+    std::map<SchemaObject, std::string> objects;
+    SQLite::Statement statement(database, "SELECT type, name, tbl_name || ' ' || ifnull(sql, '') "
+                                          "FROM sqlite_schema");
+    while (statement.executeStep()) {
+        const auto text = [&](int column) { return statement.getColumn(column).getString(); };
+        objects.emplace(SchemaObject(text(0), text(1)), text(2));
+    }
+    return objects;
+}
+
+/// For a sentence; whoever wrote the file chose the name.
+QString described(const SchemaObject &object)
+{
+    constexpr qsizetype longest = 60;
+    const QString name = QString::fromStdString(object.second);
+    return u"the %1 “%2”"_s.arg(QString::fromStdString(object.first),
+                                name.size() > longest ? name.first(longest) + u'…' : name);
+}
+
 } // namespace
 
 std::span<const char *const> schemaSteps()
@@ -105,6 +133,26 @@ void migrate(SQLite::Database &database, std::span<const char *const> steps)
         database.exec("PRAGMA user_version = " + std::to_string(done + 1));
         step.commit();
     }
+}
+
+Result<> checkSchema(SQLite::Database &database, std::span<const char *const> steps)
+{
+    SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    migrate(model, steps);
+    const auto expected = schemaOf(model);
+    const auto found = schemaOf(database);
+    for (const auto &[object, text] : found) {
+        const auto counterpart = expected.find(object);
+        if (counterpart == expected.end())
+            return fail(u"it holds %1, which no library has."_s.arg(described(object)));
+        if (counterpart->second != text)
+            return fail(u"%1 is not as Mosslantern makes it."_s.arg(described(object)));
+    }
+    for (const auto &[object, text] : expected) {
+        if (!found.contains(object))
+            return fail(u"it lacks %1."_s.arg(described(object)));
+    }
+    return {};
 }
 
 } // namespace mosslantern

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/error.h"
+
 #include <span>
 
 namespace SQLite {
@@ -18,5 +20,9 @@ std::span<const char *const> schemaSteps();
 /// Applies the steps that the file lacks, each in a transaction of its own. Foreign keys must not be enforced
 /// meanwhile. Throws SQLite::Exception.
 void migrate(SQLite::Database &database, std::span<const char *const> steps = schemaSteps());
+
+/// Fails, naming it, when the file holds a table, an index or anything else that these steps do not make, or
+/// lacks one that they do. Runs nothing that the file holds. Throws SQLite::Exception.
+Result<> checkSchema(SQLite::Database &database, std::span<const char *const> steps = schemaSteps());
 
 } // namespace mosslantern

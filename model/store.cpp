@@ -21,17 +21,18 @@ constexpr auto retryInterval = 10s;
 
 Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
 {
-    Result<std::unique_ptr<SQLite::Database>> database = openStoreFile(location.storeFile());
-    if (!database)
-        return std::unexpected(database.error());
+    Result<StoreFile> file = openStoreFile(location.storeFile());
+    if (!file)
+        return std::unexpected(file.error());
     const auto damaged = [&](const QString &what) {
-        return fail(u"The library “%1” is damaged: %2"_s.arg(location.storeFile(), what));
+        return fail(u"The library “%1” is damaged: %2"_s.arg(location.storeFile(), what),
+                    ErrorKind::damagedLibrary);
     };
-    Result<StoredRecords> stored = readRecords(**database);
+    Result<StoredRecords> stored = readRecords(*file->database);
     if (!stored)
         return damaged(stored.error().message);
 
-    std::unique_ptr<Store> store(new Store(location, std::move(*database)));
+    std::unique_ptr<Store> store(new Store(location));
     const auto count = stored->collections.size() + stored->assets.size() + stored->slideshows.size() +
                        stored->slides.size() + stored->slidePresets.size() + stored->contentTemplates.size();
     store->m_byId.reserve(static_cast<qsizetype>(count));
@@ -50,12 +51,16 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
     takeOver(stored->contentTemplates);
     if (count != static_cast<size_t>(store->m_byId.size()))
         return damaged(u"two records have the same id"_s);
+    store->m_readOnlyReason = file->readOnlyReason;
+    if (file->readOnlyReason.isEmpty()) {
+        acceptStoreFile(*file->database);
+        store->m_database = std::move(file->database);
+    }
     return store;
 }
 
-Store::Store(const LibraryLocation &location, std::unique_ptr<SQLite::Database> database)
+Store::Store(const LibraryLocation &location)
     : m_location(location)
-    , m_database(std::move(database))
     , m_retry(this)
     , m_leaving(this)
 {
@@ -114,6 +119,8 @@ Result<> Store::flush()
 {
     if (m_unsaved.isEmpty() && m_removedRows.empty())
         return {};
+    if (!m_database)
+        return fail(u"The library cannot be changed: %1"_s.arg(m_readOnlyReason));
     UnsavedChanges changes{{m_unsaved.cbegin(), m_unsaved.cend()}, m_removedRows};
     std::ranges::sort(changes.records, {},
                       [](const Record *record) { return std::pair(record->kind(), record->row()); });
@@ -211,6 +218,8 @@ void Store::save()
         emit saved();
         return;
     }
+    if (!m_database)
+        return;
     m_retry.start(retryInterval);
     emit saveFailed(written.error().message);
 }

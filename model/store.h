@@ -33,13 +33,17 @@ class Store : public QObject
     Q_OBJECT
 
 public:
-    /// Opens the library, or makes a new one when there is none. A file that is no library of this
-    /// application, is damaged, or was written by a newer version is refused and left as it is.
+    /// Opens the library, or makes a new one when there is none; one that cannot be written is opened all the
+    /// same. A file that is no library of this application, is damaged, or was written by a newer version is
+    /// refused and left as it is.
     static Result<std::unique_ptr<Store>> open(const LibraryLocation &location);
     ~Store() override;
 
     /// Where the library was opened.
     const LibraryLocation &location() const { return m_location; }
+
+    /// Why nothing can be saved in this library, a clause without its full stop; empty when it can.
+    QString readOnlyReason() const { return m_readOnlyReason; }
 
     /// Takes over a new record; a slideshow brings its slides with it.
     template <InsertableRecord T>
@@ -101,7 +105,7 @@ private:
 
     using Records = std::vector<Record *>;
 
-    Store(const LibraryLocation &location, std::unique_ptr<SQLite::Database> database);
+    explicit Store(const LibraryLocation &location);
 
     const Records &records(RecordKind kind) const { return m_records[static_cast<size_t>(kind)]; }
     Records &records(RecordKind kind) { return m_records[static_cast<size_t>(kind)]; }
@@ -116,7 +120,8 @@ private:
     void save();
 
     LibraryLocation m_location;
-    std::unique_ptr<SQLite::Database> m_database;
+    std::unique_ptr<SQLite::Database> m_database; // null when it can only be read
+    QString m_readOnlyReason;
     std::array<Records, recordKindCount> m_records;
     std::array<std::vector<LiveQueryBase *>, recordKindCount> m_queries;
     QHash<QUuid, Record *> m_byId;

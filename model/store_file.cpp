@@ -4,6 +4,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QtEndian>
 
 #include <SQLiteCpp/Database.h>
@@ -27,14 +28,17 @@ namespace {
 constexpr int busyMilliseconds = 200;
 
 /// Without locks between threads: a store is used by one thread at a time.
-constexpr int openFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+constexpr int openFlags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
 
-enum class FileKind { empty, library, newerLibrary, foreign };
+enum class FileKind { empty, library, olderLibrary, newerLibrary, foreign };
 
-std::unexpected<Error> cannotOpen(const QString &path, const QString &reason)
+std::unexpected<Error> cannotOpen(const QString &path, const QString &reason,
+                                  ErrorKind kind = ErrorKind::other)
 {
-    return fail(u"The library “%1” could not be opened: %2"_s.arg(path, reason));
+    return fail(u"The library “%1” could not be opened: %2"_s.arg(path, reason), kind);
 }
+
+const QString openElsewhere = u"it is already open in another Mosslantern."_s;
 
 QString systemError()
 {
@@ -50,13 +54,14 @@ bool createPrivateFolder(const QString &path)
            ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0;
 }
 
-bool mayReadAndWrite(const QString &path)
+bool may(const QString &path, int access)
 {
-    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), R_OK | W_OK, AT_EACCESS) == 0;
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), access, AT_EACCESS) == 0;
 }
 
-/// Makes an empty file where there is none. SQLite itself would make one that others can read.
-Result<> createMissingFile(const QString &path)
+/// Makes an empty file where there is none. SQLite itself would make one that others can read. Gives the
+/// reason why an existing one can only be read, if there is one.
+Result<QString> createMissingFile(const QString &path)
 {
     const QString folder = QFileInfo(path).path();
     if (!createPrivateFolder(folder))
@@ -66,10 +71,12 @@ Result<> createMissingFile(const QString &path)
     if (::stat(encoded.constData(), &status) == 0) {
         if (!S_ISREG(status.st_mode))
             return cannotOpen(path, u"it is not a file."_s);
-        if (!mayReadAndWrite(path))
+        if (!may(path, R_OK))
             return cannotOpen(path, systemError());
-        if (!mayReadAndWrite(folder))
-            return cannotOpen(path, u"its folder cannot be written: %1"_s.arg(systemError()));
+        if (!may(path, W_OK))
+            return u"its file cannot be written: %1"_s.arg(qt_error_string(errno));
+        if (!may(folder, R_OK | W_OK | X_OK))
+            return u"its folder cannot be written: %1"_s.arg(qt_error_string(errno));
         return {};
     }
     const int file = ::open(encoded.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
@@ -83,7 +90,10 @@ FileKind kindOf(int applicationId, int version)
 {
     if (applicationId != storeApplicationId)
         return FileKind::foreign;
-    return version > static_cast<int>(schemaSteps().size()) ? FileKind::newerLibrary : FileKind::library;
+    const int current = static_cast<int>(schemaSteps().size());
+    return version > current   ? FileKind::newerLibrary
+           : version < current ? FileKind::olderLibrary
+                               : FileKind::library;
 }
 
 Result<> checkKind(FileKind kind, const QString &path)
@@ -109,8 +119,11 @@ Result<FileKind> peek(const QString &path)
         SQLITE_OK)
         return cannotOpen(path, systemError());
     std::array<char, 100> header = {};
+    const bool isLocked = file->pMethods->xLock(file, SQLITE_LOCK_SHARED) == SQLITE_BUSY;
     const int read = file->pMethods->xRead(file, header.data(), static_cast<int>(header.size()), 0);
     file->pMethods->xClose(file);
+    if (isLocked)
+        return cannotOpen(path, openElsewhere);
     if (read != SQLITE_OK && read != SQLITE_IOERR_SHORT_READ)
         return cannotOpen(path, u"it could not be read."_s);
 
@@ -122,6 +135,11 @@ Result<FileKind> peek(const QString &path)
     return kindOf(qFromBigEndian<int>(header.data() + 68), qFromBigEndian<int>(header.data() + 60));
 }
 
+int storedVersion(SQLite::Database &database)
+{
+    return database.execAndGet("PRAGMA user_version").getInt();
+}
+
 /// Locks the file until it is closed and judges it again, now as SQLite sees it: with what a write-ahead log
 /// holds, and without the half of an interrupted first write. Writes nothing.
 FileKind lockAndJudge(SQLite::Database &database)
@@ -129,7 +147,7 @@ FileKind lockAndJudge(SQLite::Database &database)
     database.exec("PRAGMA locking_mode = EXCLUSIVE");
     const SQLite::Transaction rolledBack(database, SQLite::TransactionBehavior::EXCLUSIVE);
     const int applicationId = database.execAndGet("PRAGMA application_id").getInt();
-    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    const int version = storedVersion(database);
     return applicationId == 0 && version == 0 ? FileKind::empty : kindOf(applicationId, version);
 }
 
@@ -144,31 +162,98 @@ void makePrivate(const QString &path)
         ::chmod(QFile::encodeName(path + suffix).constData(), S_IRUSR | S_IWUSR);
 }
 
-QString sentence(const SQLite::Exception &exception)
+std::unexpected<Error> cannotOpen(const QString &path, const SQLite::Exception &exception)
 {
     switch (exception.getErrorCode()) {
     case SQLITE_BUSY:
-        return u"it is already open in another Mosslantern."_s;
+        return cannotOpen(path, openElsewhere);
     case SQLITE_NOTADB:
-        return u"it is not a Mosslantern library."_s;
+        return cannotOpen(path, u"it is not a Mosslantern library."_s);
     case SQLITE_CORRUPT:
-        return u"it is damaged (%1)."_s.arg(QString::fromUtf8(exception.what()));
+        return cannotOpen(path, u"it is damaged (%1)."_s.arg(QString::fromUtf8(exception.what())),
+                          ErrorKind::damagedLibrary);
     default:
-        return QString::fromUtf8(exception.what()) + u'.';
+        return cannotOpen(path, QString::fromUtf8(exception.what()) + u'.');
     }
+}
+
+/// Nothing that a file brings along is run, whatever it holds.
+void distrust(SQLite::Database &database)
+{
+    setOption(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, false);
+    setOption(database, SQLITE_DBCONFIG_DEFENSIVE, true);
+    setOption(database, SQLITE_DBCONFIG_ENABLE_TRIGGER, false);
+    setOption(database, SQLITE_DBCONFIG_ENABLE_VIEW, false);
+    database.exec("PRAGMA cell_size_check = ON");
+}
+
+Result<> checkOwnSchema(SQLite::Database &database, const QString &path)
+{
+    const auto version = static_cast<size_t>(storedVersion(database));
+    const Result<> checked = checkSchema(database, schemaSteps().first(version));
+    return checked ? checked : cannotOpen(path, checked.error().message, ErrorKind::damagedLibrary);
+}
+
+Result<std::unique_ptr<SQLite::Database>> openForWriting(const QString &path)
+{
+    auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(),
+                                                       SQLITE_OPEN_READWRITE | openFlags, busyMilliseconds);
+    setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, true);
+    distrust(*database);
+    const FileKind kind = lockAndJudge(*database);
+    if (const Result<> checked = checkKind(kind, path); !checked)
+        return std::unexpected(checked.error());
+    if (const Result<> checked = checkOwnSchema(*database, path); !checked)
+        return std::unexpected(checked.error());
+    makePrivate(path);
+
+    // The first schema goes through a rollback journal, so that the file's own header always tells a library
+    // from other files, even after a crash.
+    migrate(*database);
+    database->exec("PRAGMA journal_mode = WAL");
+    database->exec("PRAGMA synchronous = FULL");
+    database->exec("PRAGMA foreign_keys = ON");
+    return database;
+}
+
+/// Of a file that nothing can be written to.
+Result<std::unique_ptr<SQLite::Database>> openForReading(const QString &path, FileKind kind)
+{
+    const auto isPending = [&](QLatin1StringView suffix) { return QFileInfo(path + suffix).size() > 0; };
+    if (kind == FileKind::library && !isPending("-wal"_L1) && !isPending("-journal"_L1)) {
+        const QByteArray address = "file:" + QFile::encodeName(path).toPercentEncoding("/") + "?immutable=1";
+        auto database = std::make_unique<SQLite::Database>(
+            address.toStdString(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | openFlags);
+        distrust(*database);
+        if (const Result<> checked = checkOwnSchema(*database, path); !checked)
+            return std::unexpected(checked.error());
+        return database;
+    }
+    // What an interrupted save left, or an older schema, has to be dealt with in a copy; once open, it needs
+    // no name.
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(u"library.sqlite"_s);
+    for (const QLatin1StringView suffix : {""_L1, "-wal"_L1, "-journal"_L1}) {
+        if (QFile original(path + suffix); original.exists() && !original.copy(copy + suffix))
+            return cannotOpen(path, u"it could not be copied to a folder for temporary files: %1"_s.arg(
+                                        original.errorString()));
+    }
+    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    return openForWriting(copy);
 }
 
 } // namespace
 
-Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &storeFile)
+Result<StoreFile> openStoreFile(const QString &storeFile)
 {
     if (storeFile.isEmpty())
         return fail(u"There is no home folder to keep the library in."_s);
     // SQLite's file layer opens no link, and keeps its log beside the file that a link points to.
     const QString canonical = QFileInfo(storeFile).canonicalFilePath();
     const QString path = canonical.isEmpty() ? storeFile : canonical;
-    if (const Result<> created = createMissingFile(path); !created)
-        return std::unexpected(created.error());
+    const Result<QString> readOnlyReason = createMissingFile(path);
+    if (!readOnlyReason)
+        return std::unexpected(readOnlyReason.error());
     const Result<FileKind> atFirst = peek(path);
     if (!atFirst)
         return std::unexpected(atFirst.error());
@@ -176,27 +261,18 @@ Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &storeFile
         return std::unexpected(checked.error());
 
     try {
-        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path).toStdString(), openFlags,
-                                                           busyMilliseconds);
-        setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, true);
-        setOption(*database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, false);
-        setOption(*database, SQLITE_DBCONFIG_DEFENSIVE, true);
-        if (const Result<> checked = checkKind(lockAndJudge(*database), path); !checked)
-            return std::unexpected(checked.error());
-        setOption(*database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, false);
-        makePrivate(path);
-
-        // The first schema goes through a rollback journal, so that the file's own header always tells a
-        // library from other files, even after a crash.
-        migrate(*database);
-        database->exec("PRAGMA journal_mode = WAL");
-        database->exec("PRAGMA synchronous = FULL");
-        database->exec("PRAGMA foreign_keys = ON");
-        database->exec("PRAGMA cell_size_check = ON");
-        return database;
+        auto database = readOnlyReason->isEmpty() ? openForWriting(path) : openForReading(path, *atFirst);
+        if (!database)
+            return std::unexpected(database.error());
+        return StoreFile{std::move(*database), *readOnlyReason};
     } catch (const SQLite::Exception &exception) {
-        return cannotOpen(path, sentence(exception));
+        return cannotOpen(path, exception);
     }
+}
+
+void acceptStoreFile(SQLite::Database &database)
+{
+    setOption(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, false);
 }
 
 } // namespace mosslantern

@@ -10,9 +10,22 @@ class Database;
 
 namespace mosslantern {
 
-/// Opens the SQLite file of a library, exclusively until it is closed, with the schema of this program; makes
-/// the file and its folder, for their owner alone, when they are not there. A file that is not a library, or
-/// one of a newer schema, is refused before anything in it is changed.
-Result<std::unique_ptr<SQLite::Database>> openStoreFile(const QString &storeFile);
+/// The SQLite file of a library.
+struct StoreFile
+{
+    std::unique_ptr<SQLite::Database> database;
+    /// Why nothing can be written to it, a clause without its full stop; empty when it can.
+    QString readOnlyReason;
+};
+
+/// Opens the file of a library, exclusively until it is closed, with the schema of this program; makes the
+/// file and its folder, for their owner alone, when they are not there. One that may not be written, or whose
+/// folder may not, is opened for reading. A file that is not a library, or one of a newer schema, or one that
+/// holds what no library has, is refused before anything in it is changed or run. Until acceptStoreFile()
+/// nothing that a write-ahead log holds gets into the file itself.
+Result<StoreFile> openStoreFile(const QString &storeFile);
+
+/// The contents of the file are fit to be written to.
+void acceptStoreFile(SQLite::Database &database);
 
 } // namespace mosslantern

@@ -33,7 +33,7 @@ int create(const Arguments &arguments)
 template <typename Change>
 int changeMembers(const Arguments &arguments, Change change)
 {
-    const auto store = openLibrary(arguments);
+    const auto store = openLibraryToChange(arguments);
     if (!store)
         return failedWith(store.error());
     const Result<Collection *> collection = findCollection(**store, arguments.positionals().first());

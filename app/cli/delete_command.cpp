@@ -17,7 +17,7 @@ namespace {
 template <typename Find, typename Delete>
 int deleteEach(const Arguments &arguments, Find find, Delete deleteFound)
 {
-    const auto store = openLibrary(arguments);
+    const auto store = openLibraryToChange(arguments);
     if (!store)
         return failedWith(store.error());
     int status = done;

@@ -37,7 +37,7 @@ int generate(const Arguments &arguments)
     const auto request = readBatchRequest(arguments);
     if (!request)
         return request.error();
-    const auto store = openLibrary(arguments);
+    const auto store = openLibraryToChange(arguments);
     if (!store)
         return failedWith(store.error());
     Collection *collection = nullptr;

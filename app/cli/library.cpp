@@ -9,6 +9,18 @@ namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+Result<std::unique_ptr<Store>> changeable(Result<std::unique_ptr<Store>> opened)
+{
+    if (opened && !(*opened)->readOnlyReason().isEmpty())
+        return fail(u"The library “%1” cannot be changed: %2."_s.arg((*opened)->location().storeFile(),
+                                                                     (*opened)->readOnlyReason()));
+    return opened;
+}
+
+} // namespace
+
 LibraryLocation libraryLocation(const Arguments &arguments)
 {
     const std::optional<QString> folder = arguments.value(libraryOption.name);
@@ -17,7 +29,12 @@ LibraryLocation libraryLocation(const Arguments &arguments)
 
 Result<std::unique_ptr<Store>> openOrMakeLibrary(const Arguments &arguments)
 {
-    return Store::open(libraryLocation(arguments));
+    return changeable(Store::open(libraryLocation(arguments)));
+}
+
+Result<std::unique_ptr<Store>> openLibraryToChange(const Arguments &arguments)
+{
+    return changeable(openLibrary(arguments));
 }
 
 Result<std::unique_ptr<Store>> openLibrary(const Arguments &arguments)

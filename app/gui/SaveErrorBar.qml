@@ -2,13 +2,15 @@ import QtQuick
 import Mosslantern.Common
 import Mosslantern.App
 
-/// Says that the last changes are not on the disk, as long as they are not.
+/// Says that the last changes are not on the disk, as long as they are not, or that none will ever be.
 BarBackground {
     id: root
 
     required property SaveStatus status
 
-    visible: status.error !== ""
+    readonly property bool isReadOnly: status.readOnlyReason !== ""
+
+    visible: isReadOnly || status.error !== ""
     implicitHeight: visible ? Math.max(message.implicitHeight + 2 * 9, Theme.headerHeight) : 0
     color: Theme.raisedBackground
     Accessible.role: Accessible.AlertMessage
@@ -32,7 +34,9 @@ BarBackground {
         x: 2 * Theme.padding + 22
         width: parent.width - x - Theme.padding
         anchors.verticalCenter: parent.verticalCenter
-        text: qsTr("%1. Mosslantern keeps your changes and tries again.").arg(root.status.error)
+        text: root.isReadOnly
+              ? qsTr("This library can only be looked at and exported: %1. Changes are not saved.").arg(root.status.readOnlyReason)
+              : qsTr("%1. Mosslantern keeps your changes and tries again.").arg(root.status.error)
         color: Theme.primary
         font.family: Theme.family
         font.pixelSize: Theme.body

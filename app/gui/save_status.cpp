@@ -18,6 +18,11 @@ void SaveStatus::setContext(ScreenContext *context)
     emit contextChanged();
 }
 
+QString SaveStatus::readOnlyReason() const
+{
+    return m_context ? m_context->store().readOnlyReason() : QString();
+}
+
 bool SaveStatus::save()
 {
     const Result<> written = m_context->store().flush();

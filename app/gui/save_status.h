@@ -15,6 +15,8 @@ class SaveStatus : public QObject
         mosslantern::ScreenContext *context READ context WRITE setContext NOTIFY contextChanged REQUIRED)
     /// Why the last changes could not be written, a sentence without its full stop; empty when they are.
     Q_PROPERTY(QString error READ error NOTIFY errorChanged)
+    /// Why no change can ever be saved, a clause without its full stop; empty when it can.
+    Q_PROPERTY(QString readOnlyReason READ readOnlyReason NOTIFY contextChanged)
 
 public:
     explicit SaveStatus(QObject *parent = nullptr)
@@ -25,6 +27,7 @@ public:
     void setContext(ScreenContext *context);
 
     QString error() const { return m_error; }
+    QString readOnlyReason() const;
 
     /// Writes what is not written yet; whether there is nothing left to write.
     Q_INVOKABLE bool save();

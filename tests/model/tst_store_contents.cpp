@@ -110,8 +110,23 @@ private slots:
             executing("PRAGMA foreign_keys = OFF; DELETE FROM slideshow"));
         row("same id twice", u"two records have the same id"_s,
             executing("UPDATE asset SET id = (SELECT id FROM slideshow)"));
-        row("missing table", u"no such table: asset"_s,
-            executing("PRAGMA foreign_keys = OFF; DROP TABLE asset"));
+        row("missing table", u"it lacks the index “sqlite_autoindex_contentTemplate_1”."_s,
+            executing("DROP TABLE contentTemplate"));
+        row("trigger", u"it holds the trigger “t”, which no library has."_s,
+            executing("CREATE TRIGGER t AFTER UPDATE ON asset BEGIN DELETE FROM slideshow; END"));
+        row("view", u"it holds the view “v”, which no library has."_s,
+            executing("CREATE VIEW v AS SELECT * FROM asset"));
+        row("view in place of a table", u"it holds the view “slidePreset”, which no library has."_s,
+            executing("DROP TABLE slidePreset; CREATE VIEW slidePreset AS SELECT 1 AS row"));
+        row("virtual table", u"it holds the table “v”, which no library has."_s,
+            executing("CREATE VIRTUAL TABLE v USING fts5 (x)"));
+        row("index on an expression", u"it holds the index “i”, which no library has."_s,
+            executing("CREATE INDEX i ON asset (upper(name))"));
+        row("generated column", u"the table “asset” is not as Mosslantern makes it."_s,
+            executing("ALTER TABLE asset ADD COLUMN x TEXT AS (hex(zeroblob(1000000)))"));
+        row("text where a number belongs", u"the table “asset” is not as Mosslantern makes it."_s,
+            executing("PRAGMA writable_schema = ON; "
+                      "UPDATE sqlite_schema SET sql = replace(sql, ') STRICT', ')') WHERE name = 'asset'"));
         row("page of garbage", u"The library “"_s, [](const QString &path) {
             writeFile(path, readFile(path).first(4096).leftJustified(QFileInfo(path).size(), '\x33'));
         });

@@ -1,3 +1,4 @@
+#include "model/image_files.h"
 #include "model/preferences.h"
 #include "tests/model/test_library.h"
 #include "tests/table.h"
@@ -68,37 +69,65 @@ private slots:
 
     void missingRights_data()
     {
-        const auto row = table<int, int, QString>({"folderMode", "fileMode", "reason"});
-        row("file cannot be read", 0777, 0222, u"opened: Permission denied"_s);
-        row("file cannot be written", 0777, 0444, u"opened: Permission denied"_s);
-        row("folder cannot be written", 0555, 0666, u"its folder cannot be written: Permission denied"_s);
-        row("folder cannot be entered", 0000, 0666, u"Permission denied"_s);
+        const auto row = table<int, int, QString, QString>({"folderMode", "fileMode", "error", "readOnly"});
+        row("file cannot be read", 0777, 0222, u"opened: Permission denied"_s, {});
+        row("folder cannot be entered", 0000, 0666, u"Permission denied"_s, {});
+        row("file cannot be written", 0777, 0444, {}, u"its file cannot be written: Permission denied"_s);
+        row("folder cannot be written", 0555, 0666, {}, u"its folder cannot be written: Permission denied"_s);
+        row("neither", 0555, 0444, {}, u"its file cannot be written: Permission denied"_s);
     }
 
+    /// What may only be read is read, with the last save of a process that was killed, and stays as it is.
     void missingRights()
     {
         QFETCH(int, folderMode);
         QFETCH(int, fileMode);
-        QFETCH(QString, reason);
-        TestLibrary library;
-        library.addAsset(u"a"_s);
-        library.close();
-        const QString folder = QFileInfo(library.storeFile()).path();
-        const auto setMode = [](const QString &path, int mode) {
-            return ::chmod(QFile::encodeName(path).constData(), static_cast<mode_t>(mode)) == 0;
-        };
-        QVERIFY(setMode(library.path(u"."_s), 0755) && setMode(library.storeFile(), fileMode) &&
-                setMode(folder, folderMode));
+        QFETCH(QString, error);
+        QFETCH(QString, readOnly);
+        for (const bool wasKilled : {false, true}) {
+            TestLibrary library;
+            library.addAsset(u"a"_s);
+            library.close();
+            const QString log = library.storeFile() + u"-wal"_s;
+            if (wasKilled) {
+                const pid_t child = ::fork();
+                if (child == 0) {
+                    library.addAsset(u"b"_s);
+                    ::_exit(library.store().flush() ? 0 : 1);
+                }
+                QCOMPARE(::waitpid(child, nullptr, 0), child);
+                QVERIFY(QFileInfo(log).size() > 0);
+                QCOMPARE(::chmod(QFile::encodeName(log).constData(), 0644), 0);
+            }
+            const QString folder = QFileInfo(library.storeFile()).path();
+            const auto setMode = [](const QString &path, int mode) {
+                return ::chmod(QFile::encodeName(path).constData(), static_cast<mode_t>(mode)) == 0;
+            };
+            QVERIFY(setMode(library.path(u"."_s), 0755) && setMode(library.storeFile(), fileMode) &&
+                    setMode(folder, folderMode));
+            const QByteArray before = readFile(library.storeFile()) + readFile(log);
 
-        // The superuser may do anything.
-        const bool isRoot = ::geteuid() == 0;
-        constexpr uid_t nobody = 65534;
-        QVERIFY(!isRoot || ::seteuid(nobody) == 0);
-        const QString error = library.openingError();
-        QVERIFY(!isRoot || ::seteuid(0) == 0);
-        QVERIFY2(error.contains(reason), qPrintable(error));
-        QVERIFY(setMode(folder, 0700) && setMode(library.storeFile(), 0600));
-        QCOMPARE(library.store().all<Asset>().size(), 1U);
+            // The superuser may do anything.
+            const bool isRoot = ::geteuid() == 0;
+            constexpr uid_t nobody = 65534;
+            QVERIFY(!isRoot || ::seteuid(nobody) == 0);
+            const QString message = library.openingError();
+            if (error.isEmpty() && message.isEmpty()) {
+                Store &store = library.store();
+                QCOMPARE(store.readOnlyReason(), readOnly);
+                QCOMPARE(store.all<Asset>().size(), wasKilled ? 2U : 1U);
+                store.all<Asset>()[0]->setCollection(library.addCollection(u"c"_s));
+                QVERIFY(!store.flush());
+                const ConsoleCapture console;
+                QVERIFY(!importAsset(QUrl::fromLocalFile(library.storeFile()), store));
+                library.close();
+            }
+            QVERIFY(!isRoot || ::seteuid(0) == 0);
+            QVERIFY2(error.isEmpty() ? message.isEmpty() : message.contains(error), qPrintable(message));
+            QVERIFY(setMode(folder, 0700) && setMode(library.storeFile(), 0600));
+            QCOMPARE(readFile(library.storeFile()) + readFile(log), before);
+            QCOMPARE(library.store().all<Asset>().size(), wasKilled ? 2U : 1U);
+        }
     }
 
     void onlyTheOwnerMayRead()
