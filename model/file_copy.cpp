@@ -1,8 +1,8 @@
 #include "model/file_copy.h"
 
+#include "model/partial_file.h"
+
 #include <QtCore/QFile>
-#include <QtCore/QScopeGuard>
-#include <QtCore/QUuid>
 
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 
 namespace mosslantern {
@@ -20,42 +19,39 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString randomName()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-}
-
 /// An open file, closed at the end of its scope.
 class File
 {
 public:
     File(const QString &path, int flags)
-        : m_descriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, S_IRUSR | S_IWUSR))
+        : m_descriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC))
     {}
-    ~File() { close(); }
+    ~File()
+    {
+        if (isOpen())
+            ::close(m_descriptor);
+    }
     Q_DISABLE_COPY_MOVE(File)
 
     bool isOpen() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
-    bool close() { return m_descriptor < 0 || ::close(std::exchange(m_descriptor, -1)) == 0; }
 
 private:
     int m_descriptor;
 };
 
-/// Both files are open; false with errno set when a byte could not be copied.
-bool copyBytes(const File &from, const File &to)
+/// False with errno set when a byte could not be copied.
+bool copyBytes(int from, int to)
 {
-    if (::ioctl(to.descriptor(), FICLONE, from.descriptor()) == 0)
+    if (::ioctl(to, FICLONE, from) == 0)
         return true;
     std::vector<char> buffer(size_t{256} * 1024);
     while (true) {
-        const ssize_t count = ::read(from.descriptor(), buffer.data(), buffer.size());
+        const ssize_t count = ::read(from, buffer.data(), buffer.size());
         if (count <= 0)
             return count == 0;
         for (ssize_t done = 0; done < count;) {
-            const ssize_t written =
-                ::write(to.descriptor(), buffer.data() + done, static_cast<size_t>(count - done));
+            const ssize_t written = ::write(to, buffer.data() + done, static_cast<size_t>(count - done));
             if (written < 0)
                 return false;
             done += written;
@@ -87,17 +83,14 @@ Result<> copyIntoFolder(const QString &from, const QString &folder, const QStrin
     if (!S_ISREG(status.st_mode))
         return failure(u"“%1” could not be read: %2"_s, from, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
 
-    const QString partial = folder + "/."_L1 + randomName() + ".partial"_L1;
-    const QByteArray encodedPartial = QFile::encodeName(partial);
     const QString target = folder + u'/' + name;
-    File copy(partial, O_WRONLY | O_CREAT | O_EXCL);
-    if (!copy.isOpen())
+    PartialFile copy(folder, S_IRUSR | S_IWUSR);
+    if (!copy.isOpen() || !copyBytes(source.descriptor(), copy.descriptor()))
         return failure(u"“%1” could not be written: %2"_s, target, errno);
-    auto removePartial = qScopeGuard([&] { ::unlink(encodedPartial.constData()); });
-    if (!copyBytes(source, copy) || !copy.close() ||
-        ::rename(encodedPartial.constData(), QFile::encodeName(target).constData()) != 0)
+    // Begun now, writing to the disk takes no time when somebody asks for it.
+    ::sync_file_range(copy.descriptor(), 0, 0, SYNC_FILE_RANGE_WRITE);
+    if (!copy.commit(name))
         return failure(u"“%1” could not be written: %2"_s, target, errno);
-    removePartial.dismiss();
     return {};
 }
 

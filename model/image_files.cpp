@@ -15,7 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Result<QString> copyToFreshName(const QUrl &file, const QString &folder)
+/// The copy will be on the disk before the next save of the store.
+Result<QString> copyToFreshName(const QUrl &file, const QString &folder, Store &store)
 {
     if (!file.isLocalFile())
         return fail(u"“%1” is not a file on this computer."_s.arg(file.toDisplayString()));
@@ -26,6 +27,7 @@ Result<QString> copyToFreshName(const QUrl &file, const QString &folder)
         return fail(u"The extension of “%1” is too long."_s.arg(original));
     if (const Result<> copied = copyIntoFolder(path, folder, name); !copied)
         return std::unexpected(copied.error());
+    store.noteNewFile(folder + u'/' + name);
     return name;
 }
 
@@ -35,7 +37,7 @@ Result<Asset *> importAsset(const QUrl &file, Store &store)
 {
     const Result<QString> filename =
         store.readOnlyReason().isEmpty()
-            ? copyToFreshName(file, store.location().assetFolder())
+            ? copyToFreshName(file, store.location().assetFolder(), store)
             : fail(u"The library cannot be changed: %1."_s.arg(store.readOnlyReason()));
     if (!filename) {
         printLine(u"Failed to copy asset: "_s + filename.error().message);
@@ -48,8 +50,9 @@ Result<Asset *> importAsset(const QUrl &file, Store &store)
 std::optional<QString> copySlideImage(const Asset &asset)
 {
     const Result<QString> filename =
-        asset.store() ? copyToFreshName(asset.fileURL(), asset.store()->location().slideImageFolder())
-                      : fail(u"The asset “%1” is in no library."_s.arg(asset.name()));
+        asset.store()
+            ? copyToFreshName(asset.fileURL(), asset.store()->location().slideImageFolder(), *asset.store())
+            : fail(u"The asset “%1” is in no library."_s.arg(asset.name()));
     if (!filename) {
         printLine(u"Failed to copy slide image: "_s + filename.error().message);
         return std::nullopt;

@@ -1,5 +1,6 @@
 #include "model/store.h"
 
+#include "model/file_sync.h"
 #include "model/live_query.h"
 #include "model/record_reader.h"
 #include "model/record_writer.h"
@@ -121,6 +122,9 @@ Result<> Store::flush()
         return {};
     if (!m_database)
         return fail(u"The library cannot be changed: %1"_s.arg(m_readOnlyReason));
+    if (Result<> synced = syncToDisk(m_newFiles); !synced)
+        return synced;
+    m_newFiles.clear();
     UnsavedChanges changes{{m_unsaved.cbegin(), m_unsaved.cend()}, m_removedRows};
     std::ranges::sort(changes.records, {},
                       [](const Record *record) { return std::pair(record->kind(), record->row()); });

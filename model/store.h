@@ -89,6 +89,9 @@ public:
         return record && record->kind() == T::recordKind ? static_cast<T *>(record) : nullptr;
     }
 
+    /// A picture file that a record of the next save names: it must be on the disk before the record is.
+    void noteNewFile(const QString &path) { m_newFiles.append(path); }
+
     /// Writes everything that changed since the last save, or nothing if that fails: then the changes are
     /// kept for the next attempt.
     Result<> flush();
@@ -127,6 +130,7 @@ private:
     QHash<QUuid, Record *> m_byId;
     qint64 m_lastRow = 0;
     QSet<Record *> m_unsaved;
+    QStringList m_newFiles; // perhaps not on the disk yet
     std::vector<std::pair<RecordKind, qint64>> m_removedRows;
     bool m_saveIsPending = false;
     QTimer m_retry;

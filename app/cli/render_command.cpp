@@ -5,6 +5,7 @@
 #include "app/cli/picture_arguments.h"
 #include "app/cli/progress.h"
 #include "app/cli/render_targets.h"
+#include "model/partial_file.h"
 #include "render/export/png_file.h"
 #include "render/picture/picture_geometry.h"
 
@@ -66,6 +67,8 @@ int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &
         jobs.push_back({values, canvas, picture});
 
     const Interruption interruption;
+    if (!files.isEmpty())
+        removeAbandonedFiles(QFileInfo(files.constFirst()).path());
     int status = done;
     QStringList written;
     {

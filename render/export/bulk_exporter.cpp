@@ -1,6 +1,7 @@
 #include "render/export/bulk_exporter.h"
 
 #include "model/console.h"
+#include "model/partial_file.h"
 #include "model/slideshow.h"
 #include "render/export/png_file.h"
 
@@ -19,6 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Makes a folder for slides where there is none, and takes away what a killed export has left in it.
 Result<> makeFolder(const QString &path)
 {
     std::error_code error;
@@ -28,6 +30,7 @@ Result<> makeFolder(const QString &path)
     if (error)
         return fail(u"The folder “%1” could not be created: %2"_s.arg(
             path, QString::fromLocal8Bit(error.message().c_str())));
+    removeAbandonedFiles(path);
     return {};
 }
 

@@ -1,10 +1,14 @@
 #include "model/collection.h"
 #include "model/image_files.h"
+#include "model/partial_file.h"
 #include "tests/model/test_library.h"
 #include "tests/table.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QRegularExpression>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -135,6 +139,31 @@ private slots:
         }
         QVERIFY(console.lines()[0].endsWith(u"could not be written: File too large"_s));
         QVERIFY(namesIn(library.location().assetFolder()).isEmpty());
+    }
+
+    void whatAKillLeavesIsRemoved()
+    {
+        const TestLibrary library;
+        const QString folder = library.path(u"."_s);
+        QCOMPARE(library.writeFile(u".mosslantern-notes.partial"_s, "somebody's"),
+                 library.path(u".mosslantern-notes.partial"_s));
+        int ready[2];
+        QCOMPARE(::pipe(ready), 0);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const PartialFile file(folder, 0600);
+            ::_exit(::write(ready[1], "x", 1) == 1 ? ::pause() : 1);
+        }
+        char byte = 0;
+        QCOMPARE(::read(ready[0], &byte, 1), 1);
+        removeAbandonedFiles(folder);
+        QCOMPARE(namesIn(folder).size(), 2);
+        QCOMPARE(::kill(child, SIGKILL), 0);
+        QCOMPARE(::waitpid(child, nullptr, 0), child);
+        removeAbandonedFiles(folder);
+        QCOMPARE(namesIn(folder), QStringList(u".mosslantern-notes.partial"_s));
+        ::close(ready[0]);
+        ::close(ready[1]);
     }
 
     void everySlideHasItsOwnImage()

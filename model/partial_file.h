@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <sys/types.h>
+
+namespace mosslantern {
+
+/// A file that gets its name when it is whole. Until then it has a hidden name of its own in the same folder,
+/// and is locked: what a killed program leaves behind is not, and is what removeAbandonedFiles() removes.
+class PartialFile
+{
+public:
+    /// Makes the file, with these rights as far as the user's mask leaves them.
+    explicit PartialFile(const QString &folder, mode_t mode);
+    /// Removes it if it has not got its name.
+    ~PartialFile();
+    Q_DISABLE_COPY_MOVE(PartialFile)
+
+    /// False with errno set when the file could not be made.
+    bool isOpen() const { return m_descriptor >= 0; }
+    int descriptor() const { return m_descriptor; }
+
+    /// Closes the file and gives it a name in its folder, in place of any file of that name; false with errno
+    /// set when that fails.
+    bool commit(const QString &name);
+
+private:
+    QString m_folder;
+    QByteArray m_path;
+    int m_descriptor = -1;
+};
+
+/// Removes the partial files in a folder whose makers are gone.
+void removeAbandonedFiles(const QString &folder);
+
+/// A random UUID in upper case.
+QString randomName();
+
+} // namespace mosslantern
