@@ -41,9 +41,31 @@ QString shownPart(const QString &text)
     return text.sliced(start + (splitsPair ? 1 : 0), LineLayout::longestLine);
 }
 
+// Every font begins with what stands for a letter that it lacks.
+constexpr quint32 missingGlyph = 0;
+
+/// Whether no font at all was found for a script. What Qt gives then has no size and no name, and must not be
+/// asked for its letters.
+bool isPlaceholder(const QRawFont &font)
+{
+    return !font.isValid() || font.pixelSize() <= 0;
+}
+
 bool isEmojiFont(const QRawFont &font)
 {
-    return font.familyName() == "Noto Color Emoji"_L1;
+    return !isPlaceholder(font) && font.familyName() == "Noto Color Emoji"_L1;
+}
+
+/// Adds an empty box for a letter that no font has. It stands on the baseline at `position`.
+void addMissingLetter(QPainterPath &outlines, QPointF position, double fontSize)
+{
+    const QRectF box(position.x() + 0.08 * fontSize, position.y() - 0.7 * fontSize, 0.44 * fontSize,
+                     0.7 * fontSize);
+    const double stroke = 0.06 * fontSize;
+    QPainterPath hole;
+    hole.addRect(box.adjusted(stroke, stroke, -stroke, -stroke));
+    outlines.addRect(box);
+    outlines.addPath(hole.toReversed());
 }
 
 } // namespace
@@ -75,6 +97,7 @@ LineLayout::LineLayout(const QString &text, TextStyle style, double size)
     const QFontMetricsF metrics(font);
     m_ascent = metrics.ascent() / layoutFactor;
     m_height = metrics.height() / layoutFactor;
+    m_fontSize = font.pixelSize();
 
     const QString shown = shownPart(text);
     QTextLayout layout(shown, font);
@@ -113,16 +136,21 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
             drawEmojiRun(painter, run);
             continue;
         }
+        const bool hasLetters = !isPlaceholder(font);
         QPainterPath outlines;
         outlines.setFillRule(Qt::WindingFill);
         // The widest ligatures take about ten times the font's size.
-        const double margin = 16 * font.pixelSize();
+        const double margin = 16 * m_fontSize;
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
             const double x = positions[i].x();
-            if (x + margin >= shown.left() && x - margin <= shown.right())
+            if (x + margin < shown.left() || x - margin > shown.right())
+                continue;
+            if (hasLetters && glyphs[i] != missingGlyph)
                 outlines.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+            else
+                addMissingLetter(outlines, positions[i], m_fontSize);
         }
         painter.fillPath(outlines, colour);
     }

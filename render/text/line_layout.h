@@ -30,7 +30,8 @@ public:
     [[nodiscard]] double height() const { return m_height; }
 
     /// Draws the line with its top left at the painter's origin, one unit a point: letters as outlines in
-    /// `colour`, emoji as pictures. The painter's transformation sets the final scale.
+    /// `colour`, emoji as pictures, letters that no font has as empty boxes. The painter's transformation
+    /// sets the final scale.
     void draw(QPainter &painter, const QColor &colour) const;
 
 private:
@@ -38,6 +39,7 @@ private:
     double m_width = 0;
     double m_ascent = 0;
     double m_height = 0;
+    double m_fontSize = 0; // in units of the layout
 };
 
 /// The formats that give the emoji of `text` the emoji font: the painter's and the text editor's one rule.
