@@ -93,8 +93,8 @@ private:
         auto *device = new SingleUseBody(body);
         QNetworkReply *reply = m_network.post(request, device);
         device->setParent(reply);
-        // Without a bound, what arrives while this thread is busy would pile up.
-        reply->setReadBufferSize(1 << 20);
+        // No bound on what Qt buffers: of a chunked body it would only keep back what has arrived, in the
+        // thread that goes on receiving, where nobody counts it.
         return reply;
     }
 

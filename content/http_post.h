@@ -24,7 +24,7 @@ struct HttpLimits
     /// From the start to the last byte of the answer.
     std::chrono::milliseconds time = std::chrono::seconds(300);
     /// Bytes of the answer's body.
-    qint64 size = 64 << 20;
+    qint64 size = 4 << 20;
 };
 
 /// Sends one POST request on a connection of its own, exactly once, and follows no redirect. Certificates

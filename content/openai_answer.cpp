@@ -2,6 +2,7 @@
 
 #include "content/json_decoder.h"
 #include "content/json_printer.h"
+#include "content/secret.h"
 #include "content/utf8.h"
 #include "model/console.h"
 
@@ -18,9 +19,9 @@ using Case = OpenAIError::Case;
 constexpr qsizetype maxVariationsSize = 64 << 20;
 constexpr qsizetype leastVariationSize = 1 << 10;
 
-std::unexpected<OpenAIFailure> fail(Case which, const QString &text = {})
+std::unexpected<OpenAIFailure> fail(Case which, const QString &text = {}, int status = 0)
 {
-    return std::unexpected<OpenAIFailure>(OpenAIError{which, text});
+    return std::unexpected<OpenAIFailure>(OpenAIError{which, text, status});
 }
 
 std::unexpected<OpenAIFailure> passOn(const Error &error)
@@ -28,13 +29,13 @@ std::unexpected<OpenAIFailure> passOn(const Error &error)
     return std::unexpected<OpenAIFailure>(error);
 }
 
-/// What a service says of a refused request, without the key, which it may have trimmed.
-QString withoutKey(const QString &text, const QString &apiKey)
+/// What a service says of a refused request, as far as anybody reads it: without the key and what a terminal
+/// would obey.
+QString shownRefusal(const QString &body, const QString &apiKey)
 {
-    // Replacing a few letters that happen to be the key would only garble the message.
-    constexpr qsizetype shortestSecret = 8;
-    const QString key = apiKey.trimmed();
-    return key.size() < shortestSecret ? text : QString(text).replace(key, u"[API key]"_s);
+    constexpr qsizetype longest = 64 << 10;
+    const QString text = terminalText(withoutSecret(body, apiKey));
+    return text.size() > longest ? text.first(longest) + u'…' : text;
 }
 
 QString withoutFences(const QString &content)
@@ -128,10 +129,10 @@ std::expected<QStringList, OpenAIFailure> readVariations(const HttpAnswer &answe
     if (answer.status < 200 || answer.status > 299) {
         const std::optional<QString> text = decodeUtf8(answer.body);
         if (!text)
-            return fail(Case::apiError, u"Status code: %1"_s.arg(answer.status));
-        const QString shown = withoutKey(*text, apiKey);
+            return fail(Case::apiError, u"Status code: %1"_s.arg(answer.status), answer.status);
+        const QString shown = shownRefusal(*text, apiKey);
         printLine(u"OpenAI API Error: "_s + shown);
-        return fail(Case::apiError, shown);
+        return fail(Case::apiError, shown, answer.status);
     }
     const Result<OpenAIResponse> response = OpenAIResponse::decode(answer.body);
     if (!response)
@@ -148,7 +149,7 @@ std::expected<QStringList, OpenAIFailure> readVariationList(const QString &conte
         return fail(Case::decodingError);
     VariationLister lister;
     if (const Result<> read = readJson(*utf8, lister); !read)
-        return passOn(read.error());
+        return std::unexpected<OpenAIFailure>(OpenAIProse{read.error()});
     if (!lister.isList())
         return fail(Case::decodingError);
     return lister.variations();

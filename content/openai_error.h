@@ -23,15 +23,28 @@ struct OpenAIError
 
     Case which;
     /// Empty except for apiError.
-    QString text;
+    QString text = {};
+    /// The answer's status; 0 except for apiError.
+    int status = 0;
 
     friend bool operator==(const OpenAIError &, const OpenAIError &) = default;
 };
 
+/// The text that the service wrote is no JSON; `error` is the reader's.
+struct OpenAIProse
+{
+    Error error;
+
+    friend bool operator==(const OpenAIProse &, const OpenAIProse &) = default;
+};
+
 /// The service's own failure, or that of the connection, the JSON reader or the JSON writer passed on.
-using OpenAIFailure = std::variant<OpenAIError, Error>;
+using OpenAIFailure = std::variant<OpenAIError, Error, OpenAIProse>;
 
 /// What a console line shows of it: the case with the text it carries, or the passed-on message.
 QString describe(const OpenAIFailure &failure);
+
+/// The same as a sentence for people: of a refusal the status and what the service gives as its reason.
+QString explain(const OpenAIFailure &failure);
 
 } // namespace mosslantern

@@ -30,7 +30,7 @@ QString explained(const OpenAIFailure &failure)
 {
     const auto *own = std::get_if<OpenAIError>(&failure);
     const bool wrongAddress = own && own->which == OpenAIError::Case::invalidURL;
-    return generationFailure(failure) +
+    return u"AI generation failed: "_s + explain(failure) +
            (wrongAddress ? u" (the variable OPENAI_BASE_URL must hold https://HOST/PATH, or http:// for this "
                            "machine, without a user, a query or a fragment)"_s
                          : QString());

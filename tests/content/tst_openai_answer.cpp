@@ -1,4 +1,5 @@
 #include "content/openai_answer.h"
+#include "content/secret.h"
 #include "tests/model/test_library.h"
 #include "tests/table.h"
 
@@ -39,6 +40,9 @@ private slots:
     void readsAnswers_data();
     void readsAnswers();
     void leavesOutKey();
+    void cutsAndCleansRefusals();
+    void explainsFailures_data();
+    void explainsFailures();
     void boundsVariations();
 };
 
@@ -119,9 +123,61 @@ void TestOpenAIAnswer::leavesOutKey()
     ConsoleCapture console;
     const auto answer = readVariations({401, "Wrong key sk-secret!"}, u"sk-secret "_s);
     QCOMPARE(answer.error(),
-             OpenAIFailure(OpenAIError{OpenAIError::Case::apiError, u"Wrong key [API key]!"_s}));
+             OpenAIFailure(OpenAIError{OpenAIError::Case::apiError, u"Wrong key [API key]!"_s, 401}));
     QCOMPARE(console.lines(), QStringList{u"OpenAI API Error: Wrong key [API key]!"_s});
     QCOMPARE(shown(readVariations({401, "a b"}, u"a"_s)), QStringList{u"<apiError(\"a b\")>"_s});
+
+    const QByteArray key = "sk-\"secret\"/päß+1";
+    const QByteArray forms[]{R"(sk-\"secret\"/päß+1)", R"(sk-\"secret\"\/päß+1)",
+                             QUrl::toPercentEncoding(QString::fromUtf8(key)),
+                             QUrl::toPercentEncoding(QString::fromUtf8(key)).toLower()};
+    for (const QByteArray &form : forms)
+        QCOMPARE(withoutSecret(u"<"_s + QString::fromUtf8(form) + u">"_s, QString::fromUtf8(key)),
+                 u"<[API key]>"_s);
+    for (int before = 0; before < 4; ++before) {
+        const QByteArray coded = (QByteArray("Bearer").left(before) + key + ":x").toBase64();
+        const QString masked = withoutSecret(QString::fromLatin1(coded), QString::fromUtf8(key));
+        QVERIFY2(masked.contains("[API key]"_L1) && masked.size() < 9 + 9, qPrintable(masked));
+    }
+}
+
+void TestOpenAIAnswer::cutsAndCleansRefusals()
+{
+    ConsoleCapture console;
+    const QByteArray body = "\x1b]0;title\x07"
+                            "a\x1b[31mred\x1b[0m\xc2\x9b"
+                            "2Jb\x08\r\n\tc" +
+                            QByteArray(200'000, 'x');
+    const auto failure = readVariations({500, body}, u"sk-secret"_s).error();
+    const QString text = std::get<OpenAIError>(failure).text;
+    QVERIFY(text.startsWith(u"aredb\n\tcxxx"_s));
+    QCOMPARE(text.size(), (64 << 10) + 1);
+    QVERIFY(console.lines().join(u'\n').size() < 70'000);
+}
+
+void TestOpenAIAnswer::explainsFailures_data()
+{
+    const auto row = table<int, QByteArray, QString>({"status", "body", "sentence"});
+    row("a reason", 401, R"({"error":{"code":1,"message":"Incorrect\nkey"}})",
+        u"the service refused with status 401: Incorrect key"_s);
+    row("no JSON", 502, "<h1>Bad gateway</h1>\nmore",
+        u"the service refused with status 502: <h1>Bad gateway</h1>"_s);
+    row("nothing", 500, {}, u"the service refused with status 500"_s);
+    row("a long one", 500, QByteArray(1000, 'x'),
+        u"the service refused with status 500: "_s + QString(300, u'x') + u'…');
+    row("prose", 200, bodyWith(u"Sure! Here is your list: []"_s),
+        u"the service answered in prose instead of a list"_s);
+    row("no list", 200, bodyWith(u"{}"_s),
+        u"the service answered with something else than a list of objects"_s);
+    row("no choices", 200, R"({"choices":[]})", u"the service gave no answer that can be used"_s);
+}
+
+void TestOpenAIAnswer::explainsFailures()
+{
+    QFETCH(int, status);
+    QFETCH(QByteArray, body);
+    ConsoleCapture capture;
+    QTEST(explain(readVariations({status, body}, u"sk-secret"_s).error()), "sentence");
 }
 
 void TestOpenAIAnswer::boundsVariations()
