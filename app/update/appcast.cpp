@@ -2,6 +2,7 @@
 
 #include "app/update/version_order.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
 #include <QtGui/QTextDocumentFragment>
 
@@ -14,6 +15,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto sparkle = "http://www.andymatuschak.org/xml-namespaces/sparkle"_L1;
+
+// More than any feed has: what reads it need not stand more.
+constexpr int deepestElement = 64;
+constexpr qsizetype longestNotes = 64 << 10;
+constexpr qsizetype longestVersion = 32;
 
 struct Draft
 {
@@ -29,6 +35,49 @@ bool isRss(const QXmlStreamReader &reader, QLatin1StringView name)
     return reader.namespaceUri().isEmpty() && reader.name() == name;
 }
 
+/// The text of the element that was just opened and of those in it, which is at most `longest` characters;
+/// the rest is passed over. Nesting is an error beyond a bound: the reader's own function recurses.
+QString readText(QXmlStreamReader &reader, qsizetype longest)
+{
+    QString text;
+    for (int depth = 1; depth > 0 && !reader.atEnd();) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartElement:
+            if (++depth > deepestElement)
+                reader.raiseError(u"elements are nested too deep"_s);
+            break;
+        case QXmlStreamReader::EndElement:
+            --depth;
+            break;
+        case QXmlStreamReader::Characters:
+        case QXmlStreamReader::EntityReference:
+            text += reader.text().first(std::min(reader.text().size(), longest - text.size()));
+            break;
+        default:
+            break;
+        }
+    }
+    return text;
+}
+
+/// A version; empty when it is longer than any.
+QString readVersion(QXmlStreamReader &reader)
+{
+    const QString version = readText(reader, longestVersion + 1).trimmed();
+    return version.size() > longestVersion ? QString() : version;
+}
+
+QString versionOf(QStringView attribute)
+{
+    return attribute.size() > longestVersion ? QString() : attribute.toString();
+}
+
+QUrl readUrl(QXmlStreamReader &reader)
+{
+    constexpr qsizetype longestUrl = 2048;
+    return QUrl(readText(reader, longestUrl).trimmed());
+}
+
 QUrl httpsOnly(const QUrl &url)
 {
     return url.scheme() == "https"_L1 ? url : QUrl();
@@ -38,9 +87,9 @@ void readEnclosure(const QXmlStreamAttributes &attributes, Draft &draft)
 {
     draft.enclosure = QUrl(attributes.value("url"_L1).toString());
     if (attributes.hasAttribute(sparkle, "version"_L1))
-        draft.item.version = attributes.value(sparkle, "version"_L1).toString();
+        draft.item.version = versionOf(attributes.value(sparkle, "version"_L1));
     if (attributes.hasAttribute(sparkle, "shortVersionString"_L1))
-        draft.item.shownVersion = attributes.value(sparkle, "shortVersionString"_L1).toString();
+        draft.item.shownVersion = versionOf(attributes.value(sparkle, "shortVersionString"_L1));
     const QStringView system = attributes.value(sparkle, "os"_L1);
     if (!system.isEmpty() && system != "linux"_L1)
         draft.isForOthers = true;
@@ -49,16 +98,27 @@ void readEnclosure(const QXmlStreamAttributes &attributes, Draft &draft)
 void readSparkleElement(QXmlStreamReader &reader, Draft &draft)
 {
     if (reader.name() == "version"_L1)
-        draft.item.version = reader.readElementText().trimmed();
+        draft.item.version = readVersion(reader);
     else if (reader.name() == "shortVersionString"_L1)
-        draft.item.shownVersion = reader.readElementText().trimmed();
+        draft.item.shownVersion = readVersion(reader);
     else if (reader.name() == "releaseNotesLink"_L1)
-        draft.item.notesPage = httpsOnly(QUrl(reader.readElementText().trimmed()));
+        draft.item.notesPage = httpsOnly(readUrl(reader));
     else if (reader.name() == "channel"_L1) {
         draft.isForOthers = true;
         reader.skipCurrentElement();
     } else
         reader.skipCurrentElement();
+}
+
+/// The text of notes in HTML.
+QString plainNotes(const QString &html)
+{
+    static const QRegularExpression tag(u"<[a-zA-Z]"_s);
+    // The time that Qt takes for HTML grows with the square of the nesting.
+    constexpr qsizetype mostTags = 2000;
+    if (html.count(tag) > mostTags)
+        return QString(html).remove(QRegularExpression(u"<[^>]*>"_s)).trimmed();
+    return QTextDocumentFragment::fromHtml(html).toPlainText().trimmed();
 }
 
 Draft readItem(QXmlStreamReader &reader)
@@ -71,10 +131,9 @@ Draft readItem(QXmlStreamReader &reader)
             readEnclosure(reader.attributes(), draft);
             reader.skipCurrentElement();
         } else if (isRss(reader, "link"_L1)) {
-            draft.link = QUrl(reader.readElementText().trimmed());
+            draft.link = readUrl(reader);
         } else if (isRss(reader, "description"_L1)) {
-            const QString notes = reader.readElementText(QXmlStreamReader::IncludeChildElements);
-            draft.item.notes = QTextDocumentFragment::fromHtml(notes).toPlainText().trimmed();
+            draft.item.notes = plainNotes(readText(reader, longestNotes));
         } else {
             reader.skipCurrentElement();
         }

@@ -25,7 +25,8 @@ struct AppcastItem
 /// "http://www.andymatuschak.org/xml-namespaces/sparkle". The version stands in the element or in the
 /// enclosure; the download page is the item's link, else the enclosure's address. Elements of other
 /// namespaces are passed over. Items without a version or an https address, of a channel, or for other
-/// systems are left out.
+/// systems are left out, and so are those whose version has more than 32 characters. Of notes, the first 64
+/// Ki characters count. May be called from any thread.
 Result<QList<AppcastItem>> parseAppcast(const QByteArray &xml);
 
 /// The newest of the releases, if it is newer than `version`.

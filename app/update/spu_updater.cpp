@@ -1,6 +1,9 @@
 #include "app/update/spu_updater.h"
 
+#include <QCoro/QCoroFuture>
 #include <QCoro/QCoroNetworkReply>
+#include <QtConcurrent/QtConcurrentRun>
+#include <QtCore/QPointer>
 #include <QtCore/QScopedPointer>
 #include <QtCore/QSettings>
 #include <QtGui/QDesktopServices>
@@ -60,7 +63,7 @@ void SPUUpdater::checkForUpdates()
         return;
     setStatus(Status::Checking);
     setShown(true);
-    if (!m_reply)
+    if (!m_isChecking)
         check();
 }
 
@@ -71,12 +74,13 @@ void SPUUpdater::checkIfDue()
     const qint64 passed = last.secsTo(QDateTime::currentDateTimeUtc());
     const bool isDue =
         !last.isValid() || passed < 0 || passed >= std::chrono::seconds(shortestInterval).count();
-    if (isDue && !m_reply && !m_isShown)
+    if (isDue && !m_isChecking && !m_isShown)
         check();
 }
 
 QCoro::Task<> SPUUpdater::check()
 {
+    m_isChecking = true;
     QSettings(m_settings.stateFile, QSettings::IniFormat)
         .setValue(lastCheckKey, QDateTime::currentDateTimeUtc());
 
@@ -95,13 +99,20 @@ QCoro::Task<> SPUUpdater::check()
 
     if (!std::exchange(m_reply, nullptr))
         co_return;
-    const bool failed = reply->error() != QNetworkReply::NoError;
-    finish(failed ? fail(reply->errorString()) : Result<QByteArray>(reply->readAll()));
+    if (reply->error() != QNetworkReply::NoError) {
+        finish(fail(reply->errorString()));
+        co_return;
+    }
+    const QPointer<SPUUpdater> self(this);
+    // Away from the interface: notes are HTML, which takes its time.
+    const auto releases = co_await QtConcurrent::run(parseAppcast, reply->readAll());
+    if (self)
+        finish(releases);
 }
 
-void SPUUpdater::finish(const Result<QByteArray> &feed)
+void SPUUpdater::finish(const Result<QList<AppcastItem>> &releases)
 {
-    const auto releases = feed ? parseAppcast(*feed) : std::unexpected(feed.error());
+    m_isChecking = false;
     const auto update = releases ? newestUpdate(*releases, m_settings.version) : std::optional<AppcastItem>();
     if (update) {
         m_found = *update;

@@ -87,13 +87,14 @@ signals:
 private:
     void checkIfDue();
     QCoro::Task<> check();
-    void finish(const Result<QByteArray> &feed);
+    void finish(const Result<QList<AppcastItem>> &releases);
     void setStatus(Status status);
     void setShown(bool isShown);
 
     UpdaterSettings m_settings;
     QNetworkAccessManager m_network{this};
-    QNetworkReply *m_reply = nullptr; // while a check is under way
+    bool m_isChecking = false;
+    QNetworkReply *m_reply = nullptr; // while the feed is on its way
     QTimer m_schedule;
     Status m_status = Status::Idle;
     QString m_message;

@@ -93,6 +93,7 @@ private slots:
             "<atom:link href='https://e.org/feed'/></item>",
             u"3"_s);
         row("not newer", release("1.2"), {});
+        row("a version that is none", release(QByteArray(33, '9')) + two, u"2"_s);
     }
     void readsAppcasts()
     {
@@ -101,6 +102,25 @@ private slots:
         QVERIFY(releases);
         const auto update = newestUpdate(*releases, u"1.2"_s);
         QTEST(update ? update->shownVersion : QString(), "found");
+    }
+
+    void boundsNotes_data()
+    {
+        const auto row = table<QByteArray, bool>({"notes", "isRead"});
+        row("nested too deep", QByteArray("<b>").repeated(60'000) + QByteArray("</b>").repeated(60'000),
+            false);
+        row("long", QByteArray(1'000'000, 'x'), true);
+        row("nested tags as text", QByteArray("&lt;b>x").repeated(200'000), true);
+        row("many elements side by side", QByteArray("<b>x</b>").repeated(60'000), true);
+    }
+    void boundsNotes()
+    {
+        QFETCH(const QByteArray, notes);
+        const auto releases = parseAppcast(feedOf(release("2", "<description>" + notes + "</description>")));
+        QTEST(bool(releases), "isRead");
+        if (releases)
+            QVERIFY(!releases->constFirst().notes.isEmpty() &&
+                    releases->constFirst().notes.size() <= 64 << 10);
     }
 
     void showsWhatAnAskedCheckFinds_data()
