@@ -32,34 +32,58 @@ QStringView trimmedHorizontally(QStringView text)
     return QStringView(first, last.base());
 }
 
-QList<SlideText> parsePlainText(QStringView text)
+Result<QList<SlideText>> parsePlainText(QStringView text)
 {
     QList<SlideText> entries;
-    for (const QString &line : splitLines(text)) {
-        if (const QStringView main = trimmedHorizontally(line); !main.isEmpty())
-            entries.append({main.toString(), QString()});
+    qsizetype start = 0;
+    for (qsizetype end = 0; end <= text.size(); ++end) {
+        if (end < text.size() && !isLineBreak(text[end].unicode()))
+            continue;
+        const QStringView main = trimmedHorizontally(text.sliced(start, end - start));
+        start = end + 1;
+        if (main.isEmpty())
+            continue;
+        if (entries.size() == mostSlides)
+            return fail(tooManySlides());
+        entries.append({main.toString(), QString()});
     }
     return entries;
 }
 
 } // namespace
 
-QList<SlideText> parseSlideContent(const QString &content)
+QString tooManySlides()
+{
+    return u"the content has more than %1 slides"_s.arg(mostSlides);
+}
+
+Result<QList<SlideText>> readSlideContent(const QString &content)
 {
     const QStringView json = jsonPart(content);
     if (json.isEmpty())
         return parsePlainText(content);
     Result<SlideContentJSON> document = SlideContentJSON::decode(json);
-    if (!document) {
-        printLine(u"❌ JSON parsing error: "_s + document.error().message);
-        printLine(u"💡 Tip: Check for unescaped quotes, missing commas, or trailing commas"_s);
-        return {};
-    }
+    if (!document)
+        return std::unexpected(document.error());
     QList<SlideText> entries;
     entries.reserve(document->slides.size());
     for (SlideData &slide : document->slides)
         entries.append({std::move(slide.main), std::move(slide.subtitle).value_or(QString())});
     return entries;
+}
+
+QList<SlideText> parseSlideContent(const QString &content)
+{
+    Result<QList<SlideText>> entries = readSlideContent(content);
+    if (entries)
+        return *std::move(entries);
+    if (jsonPart(content).isEmpty()) {
+        printLine(u"Slide content: "_s + entries.error().message);
+        return {};
+    }
+    printLine(u"❌ JSON parsing error: "_s + entries.error().message);
+    printLine(u"💡 Tip: Check for unescaped quotes, missing commas, or trailing commas"_s);
+    return {};
 }
 
 bool isValidSlideContent(const QString &content)

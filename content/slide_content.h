@@ -52,8 +52,17 @@ public:
     friend bool operator==(const SlideText &, const SlideText &) = default;
 };
 
+/// More entries than anybody means: a content of more is refused, before it takes memory for them.
+inline constexpr qsizetype mostSlides = 100'000;
+
+/// What is said of such a content.
+QString tooManySlides();
+
 /// The entries of `content`: of a JSON document when it begins with "{" after white space, else one per line
-/// that is not blank. A JSON document that does not decode gives none and prints two lines.
+/// that is not blank. Fails on a document that does not decode, and on more than mostSlides entries.
+Result<QList<SlideText>> readSlideContent(const QString &content);
+
+/// As readSlideContent(), but what fails gives no entries and prints a line or two.
 QList<SlideText> parseSlideContent(const QString &content);
 
 /// Whether `content` is a JSON document that parseSlideContent() reads without complaint.

@@ -28,18 +28,25 @@ Result<SlideContentJSON> SlideContentJSON::decode(QStringView text)
     if (!utf8)
         return fail(loneSurrogate);
     SlideContentJSON content;
-    const auto found = [&slides = content.slides](const JsonShape &place, std::optional<QString> value) {
-        if (place.name == "slides"_L1)
+    qsizetype count = 0;
+    const auto found = [&count, &slides = content.slides](const JsonShape &place,
+                                                          std::optional<QString> value) {
+        if (place.name == "slides"_L1) {
             slides.clear();
-        else if (place.name == "slide"_L1)
-            slides.emplaceBack();
-        else if (place.name == "main"_L1)
+            count = 0;
+        } else if (place.name == "slide"_L1) {
+            if (++count <= mostSlides)
+                slides.emplaceBack();
+        }
+        if (place.name == "main"_L1)
             slides.last().main = *std::move(value);
         else if (place.name == "subtitle"_L1)
             slides.last().subtitle = std::move(value);
     };
     if (const Result<> decoded = decodeJson(*utf8, document, found); !decoded)
         return std::unexpected(decoded.error());
+    if (count > mostSlides)
+        return fail(tooManySlides());
     return content;
 }
 

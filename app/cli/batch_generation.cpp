@@ -88,7 +88,12 @@ std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments)
         return std::unexpected(failedWith(content.error()));
     request.content = *std::move(content);
     // The AI service takes any example.
-    if (!request.usesAi && parseSlideContent(request.content).isEmpty())
+    if (request.usesAi)
+        return request;
+    const Result<QList<SlideText>> slides = readSlideContent(request.content);
+    if (!slides)
+        return std::unexpected(failedWith({u"The content cannot be used: "_s + slides.error().message}));
+    if (slides->isEmpty())
         return std::unexpected(failedWith({u"The content has no slides."_s}));
     return request;
 }

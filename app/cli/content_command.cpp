@@ -4,7 +4,6 @@
 #include "app/cli/text_input.h"
 #include "content/json.h"
 #include "content/slide_content.h"
-#include "model/console.h"
 
 namespace mosslantern {
 
@@ -29,41 +28,29 @@ int withText(const Arguments &arguments, Result<> (*use)(const QString &text))
     return used ? done : failedWith({nameOf(arguments) + u": "_s + used.error().message});
 }
 
-/// Whether parseSlideContent() takes `text` for a document and not for lines.
-bool isDocument(const QString &text)
-{
-    return text.trimmed().startsWith(u'{');
-}
-
-Result<> checkDocument(const QString &text)
-{
-    return isValidSlideContent(text) ? Result<>() : std::unexpected(SlideContentJSON::decode(text).error());
-}
-
 int parse(const Arguments &arguments)
 {
-    setConsoleStream(stderr);
     return withText(arguments, [](const QString &text) -> Result<> {
+        const Result<QList<SlideText>> slides = readSlideContent(text);
         Json entries = Json::array();
-        for (const SlideText &entry : parseSlideContent(text))
+        for (const SlideText &entry : slides.value_or(QList<SlideText>()))
             entries.push_back({{"main", toJson(entry.main)}, {"subtitle", toJson(entry.subtitle)}});
         writeJson(entries);
-        return isDocument(text) ? checkDocument(text) : Result<>();
+        return slides ? Result<>() : std::unexpected(slides.error());
     });
 }
 
 int check(const Arguments &arguments)
 {
     return withText(arguments, [](const QString &text) -> Result<> {
-        const auto slides = [&] {
-            const qsizetype count = parseSlideContent(text).size();
-            return u"%1 %2"_s.arg(count).arg(count == 1 ? u"slide" : u"slides");
-        };
-        if (!isDocument(text))
-            return fail(u"not a JSON document; as lines of text it gives "_s + slides());
-        if (const Result<> checked = checkDocument(text); !checked)
-            return checked;
-        writeRow({u"valid, "_s + slides()});
+        const Result<QList<SlideText>> slides = readSlideContent(text);
+        if (!slides)
+            return std::unexpected(slides.error());
+        const qsizetype count = slides->size();
+        const QString amount = u"%1 %2"_s.arg(count).arg(count == 1 ? u"slide" : u"slides");
+        if (!isValidSlideContent(text))
+            return fail(u"not a JSON document; as lines of text it gives "_s + amount);
+        writeRow({u"valid, "_s + amount});
         return {};
     });
 }

@@ -146,7 +146,7 @@ private slots:
     {
         const auto row = table<QString, QByteArray, QString>({"options", "content", "error"});
         row("no slides", u""_s, "{\"slides\":[]}", u"The content has no slides."_s);
-        row("broken", u""_s, "{\"slides\":", u"The content has no slides."_s);
+        row("broken", u""_s, "{\"slides\":", u"The content cannot be used: parse error at line 1"_s);
         row("empty collection", u"--collection Empty"_s, "a",
             u"There are no pictures in the collection “Empty”"_s);
         row("no collection", u"--collection None"_s, "a", u"There is no collection “None”."_s);

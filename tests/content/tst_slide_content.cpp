@@ -30,6 +30,7 @@ private slots:
     void prettyTextIsBounded();
     void updates();
     void largeTexts();
+    void boundsTheSlides();
 };
 
 void TestSlideContent::parses_data()
@@ -209,8 +210,8 @@ void TestSlideContent::updates()
 
 void TestSlideContent::largeTexts()
 {
-    const qsizetype count = 300'000;
-    const QString entry = u"{\"main\":\"M é\\n\",\"subtitle\":\"😀\"},\n"_s;
+    const qsizetype count = 100'000;
+    const QString entry = u"{\"main\":\"M é\\n"_s + QString(80, u'm') + u"\",\"subtitle\":\"😀\"},\n"_s;
     const QString document = u"{\"slides\":[\n"_s + entry.repeated(count).chopped(2) + u"]}"_s;
     QVERIFY(document.toUtf8().size() > 10'000'000);
     QElapsedTimer timer;
@@ -220,9 +221,25 @@ void TestSlideContent::largeTexts()
     QVERIFY(prettifySlideContent(document).size() > document.size());
     QCOMPARE(fixNewlinesInStrings(document), document);
     QVERIFY(updateSlideContent(document, count - 1, u"last"_s, {}).contains(u"last"_s));
-    QCOMPARE(parseSlideContent(u"a\u3000\n"_s.repeated(3'000'000)).size(), 3'000'000);
+    QCOMPARE(parseSlideContent((u"a\u3000\n"_s + u" \n"_s.repeated(30)).repeated(count)).size(), count);
     // They take about a second together; what grows with the square of the length would take hours.
     QVERIFY2(timer.elapsed() < 30000, qPrintable(u"%1 ms"_s.arg(timer.elapsed())));
+}
+
+void TestSlideContent::boundsTheSlides()
+{
+    const auto lines = [](qsizetype count) { return u"\n a\r\n"_s.repeated(count); };
+    const auto document = [](qsizetype count) {
+        return u"{\"slides\":["_s + u"{\"main\":\"\"},"_s.repeated(count - 1) + u"{\"main\":\"b\"}]}"_s;
+    };
+    for (const std::function<QString(qsizetype)> &content :
+         {std::function<QString(qsizetype)>(lines), {document}}) {
+        QCOMPARE(readSlideContent(content(mostSlides))->size(), mostSlides);
+        const auto refused = readSlideContent(content(mostSlides + 1));
+        QVERIFY(!refused);
+        QCOMPARE(refused.error().message, u"the content has more than 100000 slides"_s);
+        QVERIFY(!isValidSlideContent(content(mostSlides + 1)));
+    }
 }
 
 QTEST_APPLESS_MAIN(TestSlideContent)
