@@ -1,5 +1,7 @@
 #include "content/batch_name.h"
 
+#include "model/folded_spaces.h"
+
 #include <QtCore/QTimeZone>
 
 #include <unicode/smpdtfmt.h>
@@ -37,7 +39,7 @@ QString defaultBatchName(const QDateTime &now, const QString &locale)
     const QDateTime reading(now.date(), now.time(), QTimeZone::utc());
     icu::UnicodeString text;
     format->format(static_cast<UDate>(reading.toMSecsSinceEpoch()), text);
-    return u"Batch "_s + QStringView(text.getBuffer(), text.length()).toString();
+    return u"Batch "_s + foldedSpaces({text.getBuffer(), text.length()});
 }
 
 QString userDateLocale()

@@ -28,7 +28,8 @@ public:
     bool boolean(bool on) override { return scalar(JsonKind::boolean, on ? "true" : "false"); }
     bool number_integer(Json::number_integer_t value) override
     {
-        return scalar(JsonKind::number, std::to_string(value));
+        // What is not negative is unsigned: zero here was written with a sign.
+        return scalar(JsonKind::number, value == 0 ? "-0" : std::to_string(value));
     }
     bool number_unsigned(Json::number_unsigned_t value) override
     {

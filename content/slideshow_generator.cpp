@@ -27,6 +27,12 @@ qint64 truncated(double count)
 
 } // namespace
 
+QString defaultPrompt()
+{
+    return u"Can you give me another text but with the same styling, emojis, etc just with a different text "
+           "but for the same topic/goal"_s;
+}
+
 QString generationFailure(const OpenAIFailure &failure)
 {
     return u"AI Generation failed: "_s + describe(failure);
@@ -41,8 +47,7 @@ SlideshowGenerator::SlideshowGenerator(Store &store, OpenAIService &service, Pre
     , m_surroundings(std::move(surroundings))
     , m_textInput(defaultSlideContent.toString())
     , m_openAiApiKey(m_preferences.openAiApiKey())
-    , m_customPrompt(u"Can you give me another text but with the same styling, emojis, etc just with a "
-                     "different text but for the same topic/goal"_s)
+    , m_customPrompt(defaultPrompt())
     , m_entries(parseSlideContent(m_textInput))
     , m_assets(store)
     , m_collections(store)

@@ -40,6 +40,12 @@ struct GeneratedBatch
 /// Told after each content of a run how many are done and how many there are; false ends the run.
 using GenerationProgress = std::function<bool(qsizetype done, qsizetype total)>;
 
+/// How many slides a slideshow has at most where nobody chooses another number.
+inline constexpr int mostSlidesOfSlideshow = 5;
+
+/// What the AI service is asked for where nobody says anything else.
+QString defaultPrompt();
+
 /// What is shown when the AI service could not write variations.
 QString generationFailure(const OpenAIFailure &failure);
 
@@ -218,7 +224,7 @@ private:
     Preferences m_preferences;
     GeneratorSurroundings m_surroundings;
 
-    double m_slideCount = 5;
+    double m_slideCount = mostSlidesOfSlideshow;
     double m_bulkCount = 1;
     TextStyle m_selectedStyle = TextStyle::classic;
     AspectRatio m_selectedAspectRatio = AspectRatio::tiktok;

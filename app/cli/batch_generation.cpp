@@ -7,6 +7,7 @@
 #include "app/cli/text_input.h"
 #include "content/openai_service.h"
 #include "content/slideshow_generator.h"
+#include "model/slideshow.h"
 
 #include <algorithm>
 
@@ -17,25 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 mostSlideshows = 1000;
-
-/// The slide contents of the slideshows.
-Result<QStringList> contents(const BatchRequest &request, const QString &defaultPrompt,
-                             const Interruption &interruption)
-{
-    if (request.usesAi) {
-        return askForVariations(request.prompt.value_or(defaultPrompt), request.content, request.count,
-                                interruption);
-    }
-    return QStringList(request.count, request.content);
-}
-
-QRandomGenerator randomSource(std::optional<quint64> seed)
-{
-    if (!seed)
-        return QRandomGenerator::securelySeeded();
-    const quint32 halves[]{static_cast<quint32>(*seed), static_cast<quint32>(*seed >> 32)};
-    return QRandomGenerator(halves);
-}
 
 void apply(const BatchRequest &request, Collection *collection, SlideshowGenerator &generator)
 {
@@ -50,7 +32,41 @@ void apply(const BatchRequest &request, Collection *collection, SlideshowGenerat
     generator.setSelectedCollection(collection);
 }
 
+MadeBatch counted(const QList<Slideshow *> &slideshows, qsizetype contents)
+{
+    qsizetype slides = 0;
+    qsizetype withoutPicture = 0;
+    for (const Slideshow *slideshow : slideshows) {
+        slides += slideshow->slides().size();
+        withoutPicture += std::ranges::count_if(slideshow->slides(),
+                                                [](const Slide *slide) { return !slide->imageFilename(); });
+    }
+    MadeBatch made{.slideshows = slideshows, .leftOut = {}};
+    made.leftOut.note(contents - slideshows.size(), contents, u"variations hold no slides"_s);
+    made.leftOut.note(withoutPicture, slides, u"slides have no picture of their own"_s);
+    return made;
+}
+
 } // namespace
+
+Result<QStringList> batchContents(const BatchRequest &request, const Interruption &interruption)
+{
+    if (!request.usesAi)
+        return QStringList(request.count, request.content);
+    const Result<QStringList> written = askForVariations(request.prompt.value_or(defaultPrompt()),
+                                                         request.content, request.count, interruption);
+    if (written && written->size() < request.count)
+        report(u"the AI service wrote %1 of %2 variations"_s.arg(written->size()).arg(request.count));
+    return written;
+}
+
+QRandomGenerator randomSource(std::optional<quint64> seed)
+{
+    if (!seed)
+        return QRandomGenerator::securelySeeded();
+    const quint32 halves[]{static_cast<quint32>(*seed), static_cast<quint32>(*seed >> 32)};
+    return QRandomGenerator(halves);
+}
 
 std::vector<OptionSpec> batchOptions()
 {
@@ -98,8 +114,8 @@ std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments)
     return request;
 }
 
-Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
-                                     const Interruption &interruption)
+Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
+                            const Interruption &interruption)
 {
     OpenAIService service;
     QRandomGenerator random = randomSource(request.seed);
@@ -109,7 +125,7 @@ Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *co
         return fail(collection ? u"There are no pictures in the collection “%1”."_s.arg(collection->name())
                                : u"There are no pictures in the library."_s);
     }
-    const Result<QStringList> texts = contents(request, generator.customPrompt(), interruption);
+    const Result<QStringList> texts = batchContents(request, interruption);
     if (!texts)
         return std::unexpected(texts.error());
 
@@ -120,7 +136,7 @@ Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *co
     });
     if (batch.slideshows.isEmpty() && !interruption.isRequested())
         return fail(u"No slideshow could be made of what the AI service wrote."_s);
-    return batch.slideshows;
+    return counted(batch.slideshows, interruption.isRequested() ? batch.slideshows.size() : texts->size());
 }
 
 } // namespace mosslantern

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "app/cli/design_options.h"
+#include "app/cli/left_out.h"
 #include "model/error.h"
+
+#include <QtCore/QRandomGenerator>
 
 namespace mosslantern {
 
@@ -28,9 +31,23 @@ std::vector<OptionSpec> batchOptions();
 /// Understands them and reads the content. Reports what is wrong; the error is the exit status.
 std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments);
 
+/// The slide contents of the slideshows: the request's, or what the AI service writes. Reports when those are
+/// fewer.
+Result<QStringList> batchContents(const BatchRequest &request, const Interruption &interruption);
+
+/// Where the pictures are drawn by lot from.
+QRandomGenerator randomSource(std::optional<quint64> seed);
+
+/// What came of a request.
+struct MadeBatch
+{
+    QList<Slideshow *> slideshows;
+    LeftOut leftOut;
+};
+
 /// Makes the slideshows, from the pictures of `collection` or, when it is null, from all. Shows progress,
 /// stops when there is an interruption. Fails when nothing could be made, but for an interruption.
-Result<QList<Slideshow *>> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
-                                     const Interruption &interruption);
+Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
+                            const Interruption &interruption);
 
 } // namespace mosslantern

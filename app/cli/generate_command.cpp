@@ -5,7 +5,6 @@
 #include "app/cli/output.h"
 #include "app/cli/record_json.h"
 #include "app/cli/record_lookup.h"
-#include "model/console.h"
 #include "model/slideshow.h"
 
 namespace mosslantern {
@@ -32,8 +31,6 @@ void print(const QList<Slideshow *> &slideshows, bool asJson)
 int generate(const Arguments &arguments)
 {
     const bool wantsJson = arguments.has("json"_L1);
-    if (wantsJson)
-        setConsoleStream(stderr);
     const auto request = readBatchRequest(arguments);
     if (!request)
         return request.error();
@@ -53,8 +50,8 @@ int generate(const Arguments &arguments)
         return interruption.isRequested() ? interruption.exitStatus(failed) : failedWith(made.error());
     if (!saveLibrary(**store))
         return interruption.exitStatus(failed);
-    print(*made, wantsJson);
-    return interruption.exitStatus(done);
+    print(made->slideshows, wantsJson);
+    return interruption.exitStatus(made->leftOut.report());
 }
 
 std::vector<OptionSpec> generateOptions()

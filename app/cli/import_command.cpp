@@ -1,12 +1,12 @@
 #include "app/cli/commands.h"
 #include "app/cli/interruption.h"
+#include "app/cli/left_out.h"
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/picture_import.h"
 #include "app/cli/record_json.h"
 #include "app/cli/record_lookup.h"
 #include "model/asset.h"
-#include "model/console.h"
 
 namespace mosslantern {
 
@@ -17,8 +17,6 @@ namespace {
 int importFiles(const Arguments &arguments)
 {
     const bool wantsJson = arguments.has("json"_L1);
-    if (wantsJson)
-        setConsoleStream(stderr);
     const auto store = openOrMakeLibrary(arguments);
     if (!store)
         return failedWith(store.error());
@@ -36,7 +34,10 @@ int importFiles(const Arguments &arguments)
     }
     if (wantsJson)
         writeJson(json);
-    return interruption.exitStatus(imported.isComplete ? done : failed);
+    LeftOut leftOut;
+    leftOut.note(imported.problems, imported.problems + qsizetype(imported.assets.size()),
+                 u"files were left out"_s);
+    return interruption.exitStatus(leftOut.report());
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "app/cli/qt_messages.h"
 #include "app/cli/text_decoding.h"
 #include "app/identity.h"
+#include "model/console.h"
 #include "render/memory.h"
 #include "render/text/fonts.h"
 
@@ -147,5 +148,7 @@ int main(int argc, char **argv)
 {
     mosslantern::returnLargeBlocks();
     mosslantern::prepareStandardStreams();
+    // Standard output is for rows.
+    mosslantern::setConsoleStream(stderr);
     return mosslantern::finishOutput(mosslantern::runTool(argc, argv));
 }

@@ -2,13 +2,17 @@
 #include "app/cli/commands.h"
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
-#include "app/cli/picture_import.h"
+#include "app/cli/picture_arguments.h"
 #include "app/cli/slide_export.h"
-#include "model/batch_groups.h"
-#include "model/slideshow.h"
+#include "content/batch_name.h"
+#include "content/slide_content.h"
+#include "content/slideshow_generator.h"
+#include "render/export/bulk_exporter.h"
+#include "render/picture/picture_loader.h"
 
 #include <QtCore/QDir>
-#include <QtCore/QTemporaryDir>
+
+#include <random>
 
 namespace mosslantern {
 
@@ -16,22 +20,102 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int makeInLibrary(const QString &libraryFolder, const QString &images, const BatchRequest &request,
-                  const QString &out, const Interruption &interruption)
+/// Draws pictures by lot. One that cannot be read is reported, and another drawn.
+class PictureLot
 {
-    const auto store = Store::open(LibraryLocation::inFolder(libraryFolder));
-    if (!store)
-        return failedWith(store.error());
-    const PictureImport imported = importPictures({images}, **store, interruption);
-    if (interruption.isRequested() || imported.assets.empty())
-        return failed;
-    const auto made = makeBatch(request, nullptr, **store, interruption);
+public:
+    PictureLot(QStringList files, std::optional<quint64> seed)
+        : m_files(std::move(files))
+        , m_random(randomSource(seed))
+    {}
+
+    /// A file, or nothing when none is left that can be read.
+    std::optional<QString> draw()
+    {
+        while (!m_files.isEmpty()) {
+            std::uniform_int_distribution<qsizetype> place(0, m_files.size() - 1);
+            const QString file = m_files[place(m_random)];
+            if (m_known.contains(file))
+                return file;
+            if (const Result<PictureInfo> info = readPictureInfo(file); info) {
+                m_known.insert(file);
+                return file;
+            } else {
+                report(file + u": "_s + info.error().message);
+            }
+            m_files.removeOne(file);
+            ++m_unreadable;
+        }
+        return {};
+    }
+
+    qsizetype unreadable() const { return m_unreadable; }
+
+private:
+    QStringList m_files;
+    QRandomGenerator m_random;
+    QSet<QString> m_known; // to be readable
+    qsizetype m_unreadable = 0;
+};
+
+SlideValues values(const SlideText &text, const SlideDesign &design)
+{
+    return {.text = text.main,
+            .subtitle = text.subtitle,
+            .style = design.style,
+            .textPos = design.textPos,
+            .textScale = design.textScale,
+            .subtitlePos = design.subtitlePos,
+            .subtitleScale = design.subtitleScale,
+            .boxColor = design.boxColor};
+}
+
+/// The slides of one content; none when it has no slides or there is no picture.
+std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design, PictureLot &pictures)
+{
+    std::vector<SlideJob> jobs;
+    const QList<SlideText> texts = parseSlideContent(content);
+    for (const SlideText &text : texts.first(std::min<qsizetype>(mostSlidesOfSlideshow, texts.size()))) {
+        if (const std::optional<QString> picture = pictures.draw())
+            jobs.push_back({values(text, design), exportCanvas(design.shape), *picture});
+    }
+    return jobs;
+}
+
+/// From the original files: nothing is written but the slides, nothing read but what they show.
+int makeSlides(const BatchRequest &request, const PictureArguments &found, const QString &out)
+{
+    const Interruption interruption;
+    const Result<QStringList> contents = batchContents(request, interruption);
     if (interruption.isRequested())
-        return failed;
-    if (!made)
-        return failedWith(made.error());
-    const int exported = exportBatch(groupedSlideshows(*made).first().slideshows, out, interruption);
-    return exported == done && !imported.isComplete ? failed : exported;
+        return interruption.exitStatus(failed);
+    if (!contents)
+        return failedWith(contents.error());
+
+    PictureLot pictures(found.files, request.seed);
+    std::vector<std::vector<SlideJob>> slideshows;
+    for (const QString &content : *contents) {
+        if (auto jobs = slidesOf(content, request.design, pictures); !jobs.empty())
+            slideshows.push_back(std::move(jobs));
+    }
+    if (slideshows.empty())
+        return failedWith({pictures.unreadable() == found.files.size()
+                               ? u"None of the pictures can be read."_s
+                               : u"No slideshow could be made of what the AI service wrote."_s});
+    // As everywhere, the first is the newest.
+    std::ranges::reverse(slideshows);
+    const QString name = request.batchName.isEmpty()
+                             ? defaultBatchName(QDateTime::currentDateTime(), userDateLocale())
+                             : request.batchName;
+    const int exported = exportJobs(slideshows, out + u'/' + batchFolderName(name), interruption);
+    if (interruption.isRequested())
+        return interruption.exitStatus(failed);
+    LeftOut leftOut;
+    leftOut.note(contents->size() - qsizetype(slideshows.size()), contents->size(),
+                 u"variations hold no slides"_s);
+    leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
+                 u"pictures could not be read"_s);
+    return std::max(exported, leftOut.report());
 }
 
 int make(const Arguments &arguments)
@@ -46,15 +130,12 @@ int make(const Arguments &arguments)
         return request.error();
     if (!QFileInfo(images).isDir())
         return failedWith({u"“%1” is not a folder."_s.arg(images)});
-    if (!QDir().mkpath(out))
-        return failedWith({u"The folder “%1” could not be created."_s.arg(out)});
-
-    const Interruption interruption;
-    // On the file system of the results: where it can share data between files, copies cost nothing.
-    const QTemporaryDir library(QDir(out).absoluteFilePath(u".mosslantern-XXXXXX"_s));
-    if (!library.isValid())
-        return failedWith({u"A folder could not be created in “%1”: %2"_s.arg(out, library.errorString())});
-    return interruption.exitStatus(makeInLibrary(library.path(), images, *request, out, interruption));
+    const PictureArguments found = pictureArguments({images});
+    for (const Error &problem : found.problems)
+        report(problem.message);
+    if (found.files.isEmpty())
+        return failed;
+    return makeSlides(*request, found, out);
 }
 
 std::vector<OptionSpec> makeOptions()
@@ -75,8 +156,9 @@ std::vector<Command> makeCommands()
         .summary = "pictures and texts to PNG slides in one go"_L1,
         .details =
             "Makes slideshows from slide texts and randomly chosen pictures of a folder, writes them as PNG "
-            "files and prints the folder of the batch. Nothing else is kept: the library used for it is "
-            "removed at the end."_L1,
+            "files and prints the folder of the batch. Nothing else is written, and of the pictures only "
+            "those "
+            "are read that are drawn; one that cannot be read is reported, and another chosen."_L1,
         .options = makeOptions(),
         .usesLibrary = false,
         .draws = true,

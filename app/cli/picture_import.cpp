@@ -34,7 +34,7 @@ PictureImport importPictures(const QStringList &filesAndFolders, Store &store,
     PictureImport imported;
     const auto fail = [&](const QString &problem) {
         report(problem);
-        imported.isComplete = false;
+        ++imported.problems;
     };
     const PictureArguments pictures = pictureArguments(filesAndFolders);
     for (const Error &problem : pictures.problems)

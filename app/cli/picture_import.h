@@ -10,8 +10,8 @@ class Interruption;
 struct PictureImport
 {
     std::vector<Asset *> assets;
-    /// Whether everything that was named is among them.
-    bool isComplete = true;
+    /// How many files and folders were reported and left out.
+    qsizetype problems = 0;
 };
 
 /// Imports picture files and the pictures of folders, in the order of the arguments. Reports each one that is

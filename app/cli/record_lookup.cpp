@@ -2,6 +2,7 @@
 
 #include "model/collection.h"
 #include "model/content_template.h"
+#include "model/folded_spaces.h"
 #include "model/slide_preset.h"
 #include "model/slideshow.h"
 
@@ -44,7 +45,11 @@ Result<T *> findRecord(const Store &store, const QString &text, const QString &t
     if (T *const record = store.find<T>(QUuid::fromString(text)))
         return record;
     if constexpr (Named<T>) {
-        const std::vector<T *> named = store.fetch<T>([&](const T &record) { return record.name() == text; });
+        std::vector<T *> named = store.fetch<T>([&](const T &record) { return record.name() == text; });
+        if (named.empty()) {
+            named = store.fetch<T>(
+                [&](const T &record) { return foldedSpaces(record.name()) == foldedSpaces(text); });
+        }
         if (named.size() > 1)
             return ambiguous(thing + u's', u"are called “%1”"_s.arg(text), named);
         if (!named.empty())
@@ -102,6 +107,16 @@ Result<BatchGroup> findBatch(const Store &store, const QString &text)
     const auto named = std::ranges::find(groups, text, &BatchGroup::name);
     if (named != groups.end())
         return *named;
+    QList<BatchGroup> alike;
+    std::ranges::copy_if(groups, std::back_inserter(alike), [&](const BatchGroup &group) {
+        return foldedSpaces(group.name) == foldedSpaces(text);
+    });
+    if (alike.size() > 1)
+        return fail(
+            u"Several batches are called “%1” but for white space; give the id of a run instead."_s.arg(
+                text));
+    if (!alike.isEmpty())
+        return alike.first();
 
     BatchGroup run;
     QUuid id;

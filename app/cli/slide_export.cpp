@@ -1,6 +1,7 @@
 #include "app/cli/slide_export.h"
 
 #include "app/cli/interruption.h"
+#include "app/cli/left_out.h"
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "model/slideshow.h"
@@ -14,20 +15,50 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// An exporter that reports what it leaves out; that makes `status` 1.
-std::unique_ptr<BulkExporter> reportingExporter(Progress &progress, int &status)
+/// An export that reports what it leaves out and shows how far it is.
+class ReportedExport
 {
-    auto exporter = std::make_unique<BulkExporter>(BulkExporter::FolderOpener());
-    QObject::connect(exporter.get(), &BulkExporter::progressed, exporter.get(),
-                     [&](int done, int total) { progress.show(done, total); });
-    QObject::connect(exporter.get(), &BulkExporter::pictureMissing, exporter.get(),
-                     [](const QString &file, const QString &reason) {
-                         report(u"“%1” is drawn without its picture: %2"_s.arg(file, reason));
-                     });
-    QObject::connect(exporter.get(), &BulkExporter::fileLeftOut, exporter.get(),
-                     [&](const QString &reason) { status = failedWith({reason}); });
-    return exporter;
-}
+public:
+    ReportedExport()
+        : m_exporter(std::make_unique<BulkExporter>(BulkExporter::FolderOpener()))
+    {
+        QObject::connect(m_exporter.get(), &BulkExporter::progressed, m_exporter.get(),
+                         [this](int written, int leftOut, int total) {
+                             m_written = written;
+                             m_total = total;
+                             m_progress->show(written + leftOut, total);
+                         });
+        QObject::connect(m_exporter.get(), &BulkExporter::pictureMissing, m_exporter.get(),
+                         [this](const QString &file, const QString &reason) {
+                             ++m_withoutPicture;
+                             report(u"“%1” is drawn without its picture: %2"_s.arg(file, reason));
+                         });
+        QObject::connect(m_exporter.get(), &BulkExporter::fileLeftOut, m_exporter.get(),
+                         [](const QString &reason) { report(reason); });
+    }
+
+    BulkExporter *exporter() const { return m_exporter.get(); }
+
+    /// An exporter that goes away while it waits gives up.
+    void giveUp() { m_exporter.reset(); }
+
+    /// Tells what was left out; the exit status.
+    int finish()
+    {
+        m_progress.reset();
+        LeftOut leftOut;
+        leftOut.note(m_total - m_written, m_total, u"slides were not written"_s);
+        leftOut.note(m_withoutPicture, m_total, u"slides were drawn without their picture"_s);
+        return leftOut.report();
+    }
+
+private:
+    std::optional<Progress> m_progress = std::optional<Progress>(std::in_place, u"slides"_s);
+    std::unique_ptr<BulkExporter> m_exporter;
+    int m_written = 0;
+    int m_withoutPicture = 0;
+    int m_total = 0;
+};
 
 QString absolute(const QString &folder)
 {
@@ -38,17 +69,12 @@ QString absolute(const QString &folder)
 
 int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const Interruption &interruption)
 {
-    int status = done;
-    Result<> exported;
-    {
-        Progress progress(u"slides"_s);
-        auto exporter = reportingExporter(progress, status);
-        // An exporter that goes away while it waits gives up.
-        QObject::connect(&interruption, &Interruption::requested, exporter.get(), [&] { exporter.reset(); });
-        exported = QCoro::waitFor(exporter->exportSlideshows(slideshows, absolute(folder)));
-    }
+    ReportedExport run;
+    QObject::connect(&interruption, &Interruption::requested, run.exporter(), [&run] { run.giveUp(); });
+    const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshows(slideshows, absolute(folder)));
     if (interruption.isRequested())
         return failed;
+    const int status = run.finish();
     if (!exported)
         return failedWith(exported.error());
     writeRow({absolute(folder) + u'/' + batchFolderName(slideshows.first()->batchName())});
@@ -57,13 +83,24 @@ int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, con
 
 int exportSingle(const Slideshow &slideshow, const QString &folder)
 {
-    int status = done;
-    Result<> exported;
-    {
-        Progress progress(u"slides"_s);
-        exported =
-            QCoro::waitFor(reportingExporter(progress, status)->exportSlideshow(slideshow, absolute(folder)));
-    }
+    ReportedExport run;
+    const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshow(slideshow, absolute(folder)));
+    const int status = run.finish();
+    if (!exported)
+        return failedWith(exported.error());
+    writeRow({absolute(folder)});
+    return status;
+}
+
+int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+               const Interruption &interruption)
+{
+    ReportedExport run;
+    const Result<> exported =
+        run.exporter()->exportJobs(slideshows, absolute(folder), [&] { return !interruption.isRequested(); });
+    if (interruption.isRequested())
+        return failed;
+    const int status = run.finish();
     if (!exported)
         return failedWith(exported.error());
     writeRow({absolute(folder)});

@@ -2,6 +2,9 @@
 
 #include "model/batch_groups.h"
 #include "model/error.h"
+#include "render/export/slide_job.h"
+
+#include <vector>
 
 namespace mosslantern {
 
@@ -12,6 +15,10 @@ class Interruption;
 /// exit status.
 int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder,
                 const Interruption &interruption);
+
+/// Exports slides that are in no library, a folder of its own for each slideshow, all in `folder`.
+int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+               const Interruption &interruption);
 
 /// Exports one slideshow straight into `folder` in the same manner.
 int exportSingle(const Slideshow &slideshow, const QString &folder);

@@ -5,7 +5,6 @@
 #include "app/cli/output.h"
 #include "app/cli/text_input.h"
 #include "content/json.h"
-#include "model/console.h"
 
 namespace mosslantern {
 
@@ -25,7 +24,6 @@ Result<QByteArray> arrayOf(const QStringList &documents)
 
 int variations(const Arguments &arguments)
 {
-    setConsoleStream(stderr);
     OptionReader options(arguments);
     const QString file = options.required("content"_L1);
     const QString prompt = options.required("prompt"_L1);

@@ -7,11 +7,13 @@
 
 #include <QCoroTimer>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QPointer>
 
 #include <chrono>
+#include <climits>
 #include <filesystem>
 
 namespace mosslantern {
@@ -39,7 +41,7 @@ AspectRatio shapeOf(const Slideshow &slideshow)
     return slideshow.aspectRatio().value_or(AspectRatio::tiktok);
 }
 
-std::vector<SlideJob> exportJobs(const QList<Slide *> &slides, AspectRatio aspectRatio)
+std::vector<SlideJob> jobsOf(const QList<Slide *> &slides, AspectRatio aspectRatio)
 {
     std::vector<SlideJob> jobs;
     for (const Slide *slide : slides)
@@ -65,6 +67,11 @@ int slidesOf(const QList<QPointer<Slideshow>> &slideshows)
     return static_cast<int>(count);
 }
 
+QString slideshowPath(const QString &folder, size_t index)
+{
+    return folder + u"/Slideshow_%1"_s.arg(index + 1);
+}
+
 QString slidePath(const QString &folder, size_t index)
 {
     return folder + u"/Slide_%1.png"_s.arg(index + 1);
@@ -74,7 +81,21 @@ QString slidePath(const QString &folder, size_t index)
 
 QString batchFolderName(const std::optional<QString> &batchName)
 {
-    return batchName.value_or(u"Unknown Batch"_s).replace(u'/', u'-');
+    const QString name = batchName.value_or(u"Unknown Batch"_s).replace(u'/', u'-').replace(u'\0', u'-');
+    if (name.isEmpty())
+        return u"Unnamed Batch"_s;
+    if (name == u"."_s || name == u".."_s)
+        return u'_' + name;
+    if (QFile::encodeName(name).size() <= NAME_MAX)
+        return name;
+    // Of names that begin alike the rest tells them apart.
+    const QByteArray hash =
+        QCryptographicHash::hash(name.toUtf8(), QCryptographicHash::Sha256).toHex().left(8);
+    const QString end = u'~' + QString::fromLatin1(hash);
+    QString begin = name;
+    while (QFile::encodeName(begin + end).size() > NAME_MAX)
+        begin.chop(begin.back().isLowSurrogate() ? 2 : 1);
+    return begin + end;
 }
 
 QString suggestedFolderName(const QDateTime &time)
@@ -97,21 +118,19 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
     QList<QPointer<Slideshow>> waiting;
     for (Slideshow *slideshow : slideshows)
         waiting.append(slideshow);
-    m_done = 0;
+    begin(0);
     for (qsizetype i = 0; i < waiting.size(); ++i) {
         if (!isThere(waiting[i]))
             continue;
-        const QString name = batchFolderName(waiting[i]->batchName());
-        if (name == u"."_s || name == u".."_s)
-            co_return fail(u"“%1” cannot be the name of a folder."_s.arg(name));
-        const QString folder = base + u'/' + name + u"/Slideshow_%1"_s.arg(i + 1);
+        const QString folder =
+            slideshowPath(base + u'/' + batchFolderName(waiting[i]->batchName()), size_t(i));
         if (const Result<> made = makeFolder(folder); !made)
             co_return made;
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
             co_return givenUp();
         if (isThere(waiting[i])) {
-            m_total = m_done + slidesOf(waiting.sliced(i));
+            m_total = m_written + m_leftOut + slidesOf(waiting.sliced(i));
             writeSlideImages(*waiting[i], folder);
         }
     }
@@ -120,27 +139,54 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
     co_return Result<>();
 }
 
+Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+                                  const std::function<bool()> &goesOn)
+{
+    int total = 0;
+    for (const std::vector<SlideJob> &jobs : slideshows)
+        total += static_cast<int>(jobs.size());
+    begin(total);
+    for (size_t i = 0; i < slideshows.size() && goesOn(); ++i) {
+        const QString path = slideshowPath(folder, i);
+        if (const Result<> made = makeFolder(path); !made)
+            return made;
+        writeSlides(slideshows[i], path, goesOn);
+    }
+    return {};
+}
+
 void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &folder)
 {
-    m_renderer.render(exportJobs(slideshow.slidesInOrder(), shapeOf(slideshow)),
-                      [&](size_t index, const EncodedSlide &slide) {
-                          // The others are still worth having.
-                          if (const Result<> written = writeSlide(slidePath(folder, index), slide); !written)
-                              emit fileLeftOut(written.error().message);
-                          return true;
-                      });
+    writeSlides(jobsOf(slideshow.slidesInOrder(), shapeOf(slideshow)), folder, [] { return true; });
+}
+
+void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
+                               const std::function<bool()> &goesOn)
+{
+    m_renderer.render(jobs, [&](size_t index, const EncodedSlide &slide) {
+        // The others are still worth having.
+        if (const Result<> written = writeSlide(slidePath(folder, index), slide); !written)
+            emit fileLeftOut(written.error().message);
+        return goesOn();
+    });
+}
+
+void BulkExporter::begin(int total)
+{
+    m_written = 0;
+    m_leftOut = 0;
+    m_total = total;
 }
 
 QCoro::Task<Result<>> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
 {
-    return writeInTurn(exportJobs(slideshow.slides(), shapeOf(slideshow)), folder);
+    return writeInTurn(jobsOf(slideshow.slides(), shapeOf(slideshow)), folder);
 }
 
 QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QString folder)
 {
     const QPointer<BulkExporter> self(this);
-    m_done = 0;
-    m_total = static_cast<int>(jobs.size());
+    begin(static_cast<int>(jobs.size()));
     Result<> outcome = makeFolder(folder);
     SlideRun run = m_renderer.start(std::move(jobs));
     for (size_t index = 0; outcome && run.hasNext(); ++index) {
@@ -161,7 +207,8 @@ Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide
     const Result<> written = writePngFile(file, slide);
     if (written && !slide.pictureProblem.isEmpty())
         emit pictureMissing(file, slide.pictureProblem);
-    emit progressed(++m_done, m_total);
+    ++(written ? m_written : m_leftOut);
+    emit progressed(m_written, m_leftOut, m_total);
     return written;
 }
 

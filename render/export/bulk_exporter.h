@@ -37,9 +37,14 @@ public:
     /// Writes the slides of one slideshow, by ascending order, into a folder that exists.
     void writeSlideImages(const Slideshow &slideshow, const QString &folder);
 
+    /// The batch export of slides that are in no library: a folder of its own for each slideshow, as above,
+    /// and all in `folder`. Asks before each slide whether to go on.
+    Result<> exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+                        const std::function<bool()> &goesOn);
+
 signals:
-    /// Slides drawn so far by the running export, and slides in all.
-    void progressed(int done, int total);
+    /// Slides written so far by the running export, slides left out, and slides in all.
+    void progressed(int written, int leftOut, int total);
 
     /// The file of a slide stands on the placeholder, because its picture could not be read.
     void pictureMissing(const QString &file, const QString &reason);
@@ -49,15 +54,20 @@ signals:
 
 private:
     QCoro::Task<Result<>> writeInTurn(std::vector<SlideJob> jobs, QString folder);
+    void begin(int total);
+    void writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
+                     const std::function<bool()> &goesOn);
     Result<> writeSlide(const QString &file, const EncodedSlide &slide);
 
     FolderOpener m_openFolder;
     SlideRenderer m_renderer;
-    int m_done = 0;
+    int m_written = 0;
+    int m_leftOut = 0;
     int m_total = 0;
 };
 
-/// The name of the folder of a batch.
+/// The name of the folder of a batch: its name with "-" for "/", and where no folder can have that name, one
+/// like it.
 [[nodiscard]] QString batchFolderName(const std::optional<QString> &batchName);
 
 /// The name proposed for the folder of a single export at `time`: "Slideshow_2025-03-03_14-05-09".

@@ -41,7 +41,10 @@ private slots:
         QCOMPARE(m_tool->run(u"import a.png"_s).status, 0);
         const Outcome outcome =
             m_tool->run(u"generate --ai --prompt goal --content example.txt --count 5 --json"_s);
-        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.status, 1);
+        QVERIFY(outcome.err.contains("the AI service wrote 3 of 5 variations\n"));
+        QVERIFY2(outcome.err.endsWith("\nmosslantern-cli: 1 of 3 variations hold no slides\n"),
+                 outcome.err.constData());
         const QJsonArray made = outcome.json().array();
         QCOMPARE(made.size(), 2);
         QCOMPARE(made[1][u"slides"_s][1][u"text"_s], u"C"_s);

@@ -104,7 +104,13 @@ private slots:
                               u"pictures/a.png"_s, u"pictures/b.png"_s}));
 
         m_tool->write(u"pictures/broken.jpg"_s, "broken");
-        QCOMPARE(m_tool->run(line, "one\n").status, 1);
+        const Outcome some = m_tool->run(
+            u"make --images pictures --content - --out some --count 40 --shape 1:1 --seed 3 --batch-name B"_s,
+            "one\n");
+        QCOMPARE(some.status, 1);
+        QVERIFY(some.error().contains(u"pictures/broken.jpg: "_s));
+        QVERIFY(some.err.endsWith("\nmosslantern-cli: 1 of 3 pictures could not be read\n"));
+        QCOMPARE(m_tool->files(u"some"_s).size(), 40);
         QVERIFY(QDir(m_tool->path(u"."_s)).mkpath(u"empty"_s));
         const Outcome nothing = m_tool->run(u"make --images empty --content - --out out2"_s, "one");
         QVERIFY2(nothing.failed(1, u"no pictures in “empty”"_s), nothing.all());

@@ -97,7 +97,8 @@ private slots:
         add("not UTF-8", u"check"_s, "\xFF", 1, {}, u"Standard input is not a text in UTF-8"_s);
         add("parsed lines", u"parse"_s, "  \xC3\xA9\n", 0,
             "[\n  {\n    \"main\": \"\xC3\xA9\",\n    \"subtitle\": \"\"\n  }\n]\n", {});
-        add("parsed nothing", u"parse"_s, broken, 1, "[]\n", u"standard input: parse error at line 2, column 0: "_s);
+        add("parsed nothing", u"parse"_s, broken, 1, "[]\n",
+            u"standard input: parse error at line 2, column 0: "_s);
         add("pretty", u"prettify"_s, "[1.0,{}]", 0, "[\n  1.0,\n  {}\n]\n", {});
         add("unchanged", u"prettify"_s, "no JSON\n", 1, "no JSON\n", u"left unchanged"_s);
         add("fixed", u"fix-newlines"_s, broken, 0, "{\"slides\":[{\"main\":\"a\\nb\"}]}", {});

@@ -160,7 +160,26 @@ private slots:
         QVERIFY(result.error().message.contains(u"Blocked"_s));
         QCOMPARE(files(), QStringList({u"Blocked"_s, u"Fine/Slideshow_1/Slide_1.png"_s}));
         QVERIFY(m_opened.isEmpty());
-        QVERIFY(!exportAll({slideshow({Qt::red}, AspectRatio::square, u".."_s)}));
+    }
+
+    void everyNameHasAFolder()
+    {
+        const QString longName = u"漢"_s.repeated(100);
+        const QStringList names{
+            u""_s, u"."_s, u".."_s, u"a"_s + QChar(0) + u"b"_s, longName + u"1"_s, longName + u"2"_s};
+        QList<Slideshow *> slideshows;
+        for (const QString &name : names)
+            slideshows += slideshow({Qt::red}, AspectRatio::square, name);
+        QVERIFY(exportAll(slideshows));
+        QSet<QString> folders;
+        for (const QString &file : files()) {
+            const QStringList parts = file.split(u'/');
+            QCOMPARE(parts.size(), 3);
+            folders.insert(parts.first());
+        }
+        QCOMPARE(folders.size(), names.size());
+        QVERIFY(folders.contains(u"Unnamed Batch"_s) && folders.contains(u"_.."_s) &&
+                folders.contains(u"a-b"_s));
     }
 
     void aFileThatCannotBeWritten()
@@ -170,10 +189,12 @@ private slots:
         QVERIFY(QDir(m_target->path()).mkpath(u"B/Slideshow_1/Slide_2.png"_s));
         BulkExporter bulk = exporter();
         const QSignalSpy leftOut(&bulk, &BulkExporter::fileLeftOut);
+        const QSignalSpy progress(&bulk, &BulkExporter::progressed);
         QVERIFY(QCoro::waitFor(bulk.exportSlideshows({slides}, m_target->path())));
         QCOMPARE(files(), QStringList({u"B/Slideshow_1/Slide_1.png"_s, u"B/Slideshow_1/Slide_3.png"_s}));
         QCOMPARE(leftOut.size(), 1);
         QVERIFY(leftOut[0][0].toString().contains(u"Slide_2.png"_s));
+        QCOMPARE(progress.last(), QVariantList({2, 1, 3}));
         m_opened.clear();
 
         QVERIFY(QDir(m_target->path()).mkpath(u"single/Slide_2.png"_s));
@@ -193,7 +214,7 @@ private slots:
         BulkExporter bulk = exporter();
         QStringList happened;
         QList<std::pair<int, int>> progress;
-        connect(&bulk, &BulkExporter::progressed, &bulk, [&](int done, int total) {
+        connect(&bulk, &BulkExporter::progressed, &bulk, [&](int done, int, int total) {
             happened.append(QString::number(done));
             progress.append({done, total});
             // The event loop gets this before the next slideshow, and only then.

@@ -63,7 +63,7 @@ FocusScope {
                 id: progress
                 objectName: "exportProgress"
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: qsTr("%1 of %2 slides").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
+                text: qsTr("%1 of %2 slides written").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
                 color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim

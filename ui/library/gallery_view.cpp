@@ -108,9 +108,11 @@ QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<Screen
             context->filePanels().openFolder(path);
     });
     int expected = slideCount(slideshows);
-    connect(&exporter, &BulkExporter::progressed, &exporter, [&](int, int total) {
+    int soFar = 0;
+    connect(&exporter, &BulkExporter::progressed, &exporter, [&](int written, int, int total) {
         if (self)
-            self->noteProgress(1, total - expected);
+            self->noteProgress(written - soFar, total - expected);
+        soFar = written;
         expected = total;
     });
     if (self)
