@@ -185,7 +185,7 @@ void GalleryTest::exportsABatch()
     session().panels().answerFolder(base);
     QVERIFY(gallery().isExporting());
     QVERIFY(session().find(u"exportOverlay"_s) && session().findText(u"Exporting..."_s));
-    QCOMPARE(texts(u"exportProgress"_s), QStringList{u"0 of 4 slides"_s});
+    QCOMPARE(texts(u"exportProgress"_s), QStringList{u"0 of 4 slides written"_s});
     // Neither the pointer nor the keys get through to the gallery.
     const QPointF card = session().find(u"slideshowCard"_s)->mapToScene({20, 20});
     QTest::mouseClick(session().window(), Qt::LeftButton, {}, card.toPoint());
