@@ -18,10 +18,15 @@ as_root() {
   fi
 }
 
-# Installs the packages named in the given lists that are not there yet.
+# Installs the packages named in the given lists that are not there yet. What a release of Debian needs beyond a list
+# stands beside it, such as packages-13.txt beside packages.txt.
 install_packages() {
-  local wanted packages=() package
-  wanted=$(cat "$@" | sed 's/#.*//' | tr -s ' \n' '\n\n' | sed '/^$/d')
+  local wanted packages=() package list lists=("$@")
+  for list in "$@"; do
+    list=${list%.txt}-$(. /etc/os-release && echo "${VERSION_ID:-}").txt
+    [ ! -f "$list" ] || lists+=("$list")
+  done
+  wanted=$(cat "${lists[@]}" | sed 's/#.*//' | tr -s ' \n' '\n\n' | sed '/^$/d')
   command -v npm >/dev/null || wanted+=$'\nnpm'
   for package in $wanted; do
     case $(dpkg-query -W -f='${Status}' "$package" 2>/dev/null) in

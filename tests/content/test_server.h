@@ -11,6 +11,7 @@
 #include <QtNetwork/QSslServer>
 #include <QtNetwork/QTcpSocket>
 
+#include <cctype>
 #include <functional>
 #include <memory>
 
@@ -63,6 +64,18 @@ public:
     }
 
 private:
+    /// Writes the names of headers as usual: later releases of Qt send them in lower case.
+    static void capitalizeNames(QByteArray &request, qsizetype end)
+    {
+        for (qsizetype line = request.indexOf("\r\n") + 2; line > 1 && line < end;
+             line = request.indexOf("\r\n", line) + 2) {
+            for (qsizetype i = line; i < end && request[i] != ':' && request[i] != '\r'; ++i) {
+                if (i == line || request[i - 1] == '-')
+                    request[i] = static_cast<char>(std::toupper(static_cast<unsigned char>(request[i])));
+            }
+        }
+    }
+
     void accept()
     {
         QTcpSocket *const socket = m_server->nextPendingConnection();
@@ -70,6 +83,7 @@ private:
         const auto read = [this, socket, received] {
             *received += socket->readAll();
             const qsizetype header = received->indexOf("\r\n\r\n") + 4;
+            capitalizeNames(*received, header);
             const qsizetype length = received->indexOf("Content-Length: ") + 16;
             const qsizetype body =
                 received->mid(length, received->indexOf('\r', length) - length).toLongLong();

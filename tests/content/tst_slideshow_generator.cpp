@@ -1,6 +1,7 @@
 #include "model/image_files.h"
 #include "tests/content/generator_studio.h"
 
+#include <QtCore/QTimeZone>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
@@ -79,7 +80,7 @@ private slots:
 
     void namesBatches()
     {
-        const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), Qt::OffsetFromUTC, 5 * 3600);
+        const QDateTime morning(QDate(2026, 1, 2), QTime(7, 3), QTimeZone(5 * 3600));
         for (const QString &locale :
              {u"en_US.UTF-8"_s, u"en_US@calendar="_s, u"en_US@numbers=x"_s, QString(158, u'a')})
             QCOMPARE(defaultBatchName(morning, locale), u"Batch 1/2/2026, 7:03 AM"_s);

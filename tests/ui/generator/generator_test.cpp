@@ -25,7 +25,7 @@ void GeneratorTest::scrollTo(const QString &objectName)
     const QQuickItem *const item = session().find(objectName);
     QVERIFY2(item, qPrintable(objectName));
     const double end = panel->property("contentHeight").toDouble() - panel->height();
-    const double y = panel->property("contentY").toDouble() + item->mapToItem(panel, {}).y() - 100;
+    const double y = panel->property("contentY").toDouble() + item->mapToItem(panel, QPointF()).y() - 100;
     panel->setProperty("contentY", std::clamp(y, 0.0, end));
     settle();
 }
