@@ -39,6 +39,14 @@ T.MenuBar {
     EditCommands {
         id: edit
     }
+    Shortcut {
+        sequence: "F10"
+        onActivated: {
+            const first = root.itemAt(0)
+            first.forceActiveFocus(Qt.ShortcutFocusReason)
+            first.triggered()
+        }
+    }
 
     ContextMenu {
         id: applicationMenu

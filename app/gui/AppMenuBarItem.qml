@@ -13,6 +13,7 @@ T.MenuBarItem {
     horizontalPadding: 10
     Accessible.role: Accessible.MenuItem
     Accessible.name: name
+    Accessible.onPressAction: root.triggered()
 
     // A menu bar remains ready to open its menus when a key closes one while the pointer is on the bar, and the next
     // click then seems to do nothing. It lets go of items that are disabled.

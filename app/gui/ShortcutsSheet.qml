@@ -16,6 +16,7 @@ SheetView {
         [qsTr("Delete or remove what is selected"), qsTr("Delete")],
         [qsTr("Open, load or import"), qsTr("Return")],
         [qsTr("Show the menu of an item"), qsTr("Menu, Shift+F10")],
+        [qsTr("Open the menu bar"), qsTr("F10")],
         [qsTr("Close a sheet, cancel a question"), qsTr("Escape")]
     ]
     readonly property var lines: keys.concat(Array.from(commands, command => [command.label, command.nativeText]))

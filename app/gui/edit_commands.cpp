@@ -1,5 +1,8 @@
 #include "app/gui/edit_commands.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtGui/QKeyEvent>
+
 namespace mosslantern {
 
 namespace {
@@ -36,6 +39,14 @@ bool EditCommands::canSelectAll() const
 bool EditCommands::canDelete() const
 {
     return canCut() || (m_list && m_list->property("canRemove").toBool());
+}
+
+void EditCommands::paste()
+{
+    if (!m_text)
+        return;
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    QCoreApplication::sendEvent(m_text, &press);
 }
 
 void EditCommands::deleteSelection()

@@ -42,7 +42,8 @@ public:
     Q_INVOKABLE void redo() { run("redo"); }
     Q_INVOKABLE void cut() { run("cut"); }
     Q_INVOKABLE void copy() { run("copy"); }
-    Q_INVOKABLE void paste() { run("paste"); }
+    /// By its key, which is what guards the length of a text.
+    Q_INVOKABLE void paste();
     Q_INVOKABLE void selectAll() { run("selectAll"); }
     /// Removes the selected text, or asks the list to remove its current item.
     Q_INVOKABLE void deleteSelection();

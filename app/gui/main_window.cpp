@@ -1,6 +1,7 @@
 #include "app/gui/main_window.h"
 
 #include "app/update/spu_updater.h"
+#include "ui/common/accessible_item.h"
 #include "ui/common/screen_context.h"
 
 #include <QtQml/QQmlApplicationEngine>
@@ -44,6 +45,7 @@ std::unique_ptr<QQuickItem> makeMainView(QQmlEngine &engine, ScreenContext &cont
 
 QQuickWindow *makeMainWindow(QQmlApplicationEngine &engine, std::unique_ptr<QQuickItem> view)
 {
+    installAccessibleItems();
     engine.setInitialProperties({{u"view"_s, QVariant::fromValue(view.get())}});
     engine.load(qmlFile(mainWindow));
     auto *const window = engine.rootObjects().isEmpty()

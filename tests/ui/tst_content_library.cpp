@@ -103,6 +103,7 @@ private slots:
         QGuiApplication::styleHints()->setUseHoverEffects(true);
         openLibrary();
         const QQuickItem *const button = session().find(u"createNewTemplate"_s);
+        QTest::mouseMove(session().window(), QPoint(1, 1));
         QTest::mouseMove(session().window(), button->mapToScene(button->boundingRect().center()).toPoint());
         QTRY_VERIFY(button->property("hovered").toBool());
         QVERIFY(session().click(u"createNewTemplate"_s));

@@ -45,6 +45,8 @@ ModalPanel {
                     horizontalAlignment: Text.AlignHCenter
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+
+                    EmojiLabel {}
                 }
                 Text {
                     width: parent.width
@@ -56,6 +58,8 @@ ModalPanel {
                     horizontalAlignment: Text.AlignHCenter
                     wrapMode: Text.Wrap
                     textFormat: Text.PlainText
+
+                    EmojiLabel {}
                 }
             }
             Column {

@@ -18,6 +18,7 @@ T.MenuItem {
     rightPadding: 9
     Accessible.role: Accessible.MenuItem
     Accessible.name: text
+    Accessible.onPressAction: root.triggered()
 
     contentItem: Item {
         Symbol {

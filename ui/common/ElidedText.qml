@@ -5,6 +5,9 @@ import Mosslantern.Common
 Text {
     id: root
 
+    /// Whether the tool tip may show.
+    property bool showsWhole: true
+
     color: Theme.primary
     font.family: Theme.family
     font.pixelSize: Theme.body
@@ -14,13 +17,14 @@ Text {
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 
+    EmojiLabel {}
     HoverHandler {
         id: hover
-        enabled: root.truncated
+        enabled: root.truncated && root.showsWhole
     }
 
     Loader {
-        active: hover.hovered && root.truncated
+        active: hover.hovered && root.truncated && root.showsWhole && root.visible
         source: "ToolTipView.qml"
         onLoaded: (item as ToolTipView).showFor(root, root.text)
     }

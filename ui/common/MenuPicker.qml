@@ -19,8 +19,11 @@ T.ComboBox {
     font.pixelSize: Theme.body
     Accessible.role: Accessible.ComboBox
     Accessible.name: label
+    Accessible.description: displayText
+    Accessible.onPressAction: popup.visible ? popup.close() : popup.open()
 
     contentItem: ElidedText {
+        showsWhole: !root.popup.visible
         text: root.displayText
         color: root.enabled ? Theme.primary : Theme.disabled
         verticalAlignment: Text.AlignVCenter
@@ -59,6 +62,8 @@ T.ComboBox {
         text: root.textAt(index)
         Accessible.role: Accessible.ListItem
         Accessible.name: text
+        Accessible.selected: index === root.currentIndex
+        Accessible.onPressAction: option.clicked()
 
         contentItem: ElidedText {
             text: option.text

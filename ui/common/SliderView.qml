@@ -2,19 +2,27 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 
-/// A number from a range. It is shown, not set: the owner takes what is picked. The arrow, page, Home and End
-/// keys move it; the wheel does only with Control, or when the keyboard has brought the focus here, so that a
-/// panel can be scrolled across it.
+/// A number from a range. It shows `shown`; the owner takes what is picked, by pointer, by keys or by an assistive
+/// tool, which sets the value itself. The arrow, page, Home and End keys move it; the wheel does only with Control, or
+/// when the keyboard has brought the focus here, so that a panel can be scrolled across it.
 T.Slider {
     id: root
 
     required property string label
+    required property real shown
     property color tint: Theme.accent
     /// Of the arrow keys and the wheel.
     property real step: stepSize > 0 ? stepSize : (to - from) / 50
 
     signal picked(value: real)
 
+    property bool isShowing: false
+
+    function show() {
+        isShowing = true
+        value = shown
+        isShowing = false
+    }
     function pick(wanted: real) {
         const bounded = Math.min(to, Math.max(from, wanted))
         if (bounded !== value)
@@ -32,7 +40,16 @@ T.Slider {
     snapMode: stepSize > 0 ? T.Slider.SnapAlways : T.Slider.NoSnap
     Accessible.role: Accessible.Slider
     Accessible.name: label
-    onMoved: picked(value)
+    Accessible.onIncreaseAction: pickSteps(1)
+    Accessible.onDecreaseAction: pickSteps(-1)
+    onShownChanged: show()
+    onValueChanged: {
+        if (!isShowing) {
+            picked(value)
+            show()
+        }
+    }
+    Component.onCompleted: show()
 
     Keys.onPressed: (event) => {
         switch (event.key) {

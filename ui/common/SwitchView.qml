@@ -2,12 +2,22 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 
-/// A setting that is on or off: its text and, at the trailing edge, the switch. It is shown, not set: the owner
-/// takes what is picked.
+/// A setting that is on or off: its text and, at the trailing edge, the switch. It shows `isOn`; the owner takes what is
+/// picked, by pointer, by keys or by an assistive tool, which sets the check mark itself.
 T.Switch {
     id: root
 
+    required property bool isOn
+
     signal picked(isOn: bool)
+
+    property bool isShowing: false
+
+    function show() {
+        isShowing = true
+        checked = isOn
+        isShowing = false
+    }
 
     implicitWidth: implicitContentWidth + implicitIndicatorWidth + 12
     implicitHeight: Math.max(implicitContentHeight, implicitIndicatorHeight)
@@ -16,7 +26,14 @@ T.Switch {
     Accessible.name: text
     Accessible.checkable: true
     Accessible.checked: checked
-    onToggled: picked(checked)
+    onIsOnChanged: show()
+    onCheckedChanged: {
+        if (!isShowing) {
+            picked(checked)
+            show()
+        }
+    }
+    Component.onCompleted: show()
 
     contentItem: Text {
         text: root.text

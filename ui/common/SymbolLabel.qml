@@ -42,6 +42,8 @@ Item {
             font.weight: root.weight
             textFormat: Text.PlainText
             anchors.verticalCenter: parent.verticalCenter
+
+            EmojiLabel {}
         }
     }
 }

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 
-/// Several lines of text to type, which scroll in a bordered area. The Tab key leaves it.
+/// Several lines of text to type, which scroll in a bordered area, or a single one. The Tab key leaves it.
 FocusScope {
     id: root
 
@@ -14,6 +14,10 @@ FocusScope {
     property alias cursorPosition: area.cursorPosition
     property alias padding: area.padding
     property real sidePadding: padding
+    /// One line: the Return key accepts it, and line breaks that are pasted become blanks.
+    property bool isSingleLine: false
+    /// How long the text may be when something has been pasted, in UTF-16 code units.
+    property int pasteLimit: isSingleLine ? 1000 : 10000
     readonly property alias contentHeight: area.contentHeight
     property string placeholder
     property color borderColor: Theme.separator
@@ -22,6 +26,12 @@ FocusScope {
 
     /// The user has changed the text into this one, or another has changed it in the document.
     signal textEdited(text: string)
+    /// The Return key in a single line.
+    signal accepted
+
+    function selectAll() {
+        area.selectAll()
+    }
 
     property bool isTakingText: false
 
@@ -29,11 +39,26 @@ FocusScope {
         const lines = PlainText.withLineFeeds(text)
         if (PlainText.of(area.textDocument) === lines)
             return
+        show(lines)
+    }
+
+    function show(lines: string) {
         const caret = area.cursorPosition
         isTakingText = true
         area.text = lines
         isTakingText = false
         area.cursorPosition = Math.min(caret, area.length)
+    }
+
+    function takeTyped() {
+        const typed = PlainText.of(area.textDocument)
+        // A change of looks is told like one of the text.
+        if (typed === PlainText.withLineFeeds(text))
+            return
+        const taken = isSingleLine ? typed.replace(/\n/g, " ") : typed
+        if (taken !== typed)
+            show(taken)
+        textEdited(taken)
     }
 
     onTextChanged: takeText()
@@ -44,6 +69,10 @@ FocusScope {
         border.color: area.activeFocus ? Theme.blue : root.borderColor
         border.width: area.activeFocus ? Theme.focusWidth : 1
         radius: root.radius
+    }
+    PasteLimit {
+        target: area
+        limit: root.pasteLimit
     }
     Flickable {
         id: flickable
@@ -69,21 +98,32 @@ FocusScope {
             font.pixelSize: Theme.body
             selectByMouse: true
             textFormat: TextEdit.PlainText
-            wrapMode: TextEdit.Wrap
+            wrapMode: root.isSingleLine ? TextEdit.NoWrap : TextEdit.Wrap
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-            onTextChanged: if (!root.isTakingText) root.textEdited(PlainText.of(textDocument))
+            onTextChanged: if (!root.isTakingText) root.takeTyped()
             Keys.onPressed: (event) => {
-                // Of itself this would insert a line separator, which is no line feed to those who read the text.
-                if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && event.modifiers & Qt.ShiftModifier) {
+                if (event.key !== Qt.Key_Return && event.key !== Qt.Key_Enter)
+                    return
+                event.accepted = root.isSingleLine || (event.modifiers & Qt.ShiftModifier) !== 0
+                if (root.isSingleLine) {
+                    // A key that is still held from what opened the field accepts nothing.
+                    if (!event.isAutoRepeat)
+                        root.accepted()
+                } else if (event.accepted) {
+                    // Of itself this would insert a line separator, which is no line feed to those who read the text.
                     area.remove(area.selectionStart, area.selectionEnd)
                     area.insert(area.cursorPosition, "\n")
-                    event.accepted = true
                 }
             }
             Accessible.role: Accessible.EditableText
             Accessible.name: root.label
+            Accessible.multiLine: !root.isSingleLine
 
+            EmojiHighlighter {
+                textDocument: area.textDocument
+                pixelSize: area.font.pixelSize
+            }
             Text {
                 x: area.leftPadding
                 y: area.topPadding
@@ -93,7 +133,8 @@ FocusScope {
                 color: Theme.placeholder
                 font: area.font
                 textFormat: Text.PlainText
-                wrapMode: Text.Wrap
+                wrapMode: root.isSingleLine ? Text.NoWrap : Text.Wrap
+                elide: root.isSingleLine ? Text.ElideRight : Text.ElideNone
             }
         }
     }

@@ -1,45 +1,19 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// One line of text to type, with a rounded border.
-T.TextField {
+TextEditor {
     id: root
 
+    isSingleLine: true
+    label: placeholder
+    sidePadding: 7
+    padding: Math.max(0, (height - 4 - metrics.height) / 2)
     implicitWidth: 200
     implicitHeight: Theme.controlHeight
-    leftPadding: 9
-    rightPadding: 9
-    verticalAlignment: TextInput.AlignVCenter
-    color: enabled ? Theme.primary : Theme.disabled
-    placeholderTextColor: Theme.placeholder
-    selectionColor: Theme.accent
-    selectedTextColor: Theme.accentText
-    font.family: Theme.family
-    font.pixelSize: Theme.body
-    selectByMouse: true
-    Accessible.role: Accessible.EditableText
-    Accessible.name: placeholderText
-    // A key that is still held from what opened the field accepts nothing.
-    Keys.onReturnPressed: (event) => event.accepted = event.isAutoRepeat
-    Keys.onEnterPressed: (event) => event.accepted = event.isAutoRepeat
 
-    Text {
-        anchors.fill: parent
-        anchors.leftMargin: root.leftPadding
-        anchors.rightMargin: root.rightPadding
-        visible: root.length === 0 && root.preeditText === ""
-        text: root.placeholderText
-        color: root.placeholderTextColor
+    FontMetrics {
+        id: metrics
         font: root.font
-        elide: Text.ElideRight
-        verticalAlignment: root.verticalAlignment
-    }
-
-    background: Rectangle {
-        color: Theme.textBackground
-        border.color: root.activeFocus ? Theme.blue : Theme.separator
-        border.width: root.activeFocus ? Theme.focusWidth : 1
-        radius: Theme.controlRadius
     }
 }

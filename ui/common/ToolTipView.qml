@@ -2,6 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 
+/// Says what an item does, or all of a text that does not fit; gone as soon as anything is pressed.
 T.ToolTip {
     id: root
 
@@ -21,6 +22,13 @@ T.ToolTip {
     delay: 600
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent | T.Popup.CloseOnReleaseOutsideParent
 
+    Connections {
+        target: InputMode
+        function onPressed() {
+            root.close()
+        }
+    }
+
     contentItem: Text {
         text: root.text
         color: Theme.primary
@@ -28,6 +36,8 @@ T.ToolTip {
         font.pixelSize: Theme.caption
         textFormat: Text.PlainText
         wrapMode: Text.Wrap
+
+        EmojiLabel {}
     }
     background: Rectangle {
         color: Theme.raisedBackground

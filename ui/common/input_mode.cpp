@@ -72,6 +72,7 @@ bool InputMode::eventFilter(QObject *receiver, QEvent *event)
     case QEvent::TouchBegin:
     case QEvent::TabletPress:
         setUsesKeyboard(false);
+        emit pressed();
         break;
     default:
         break;
@@ -92,6 +93,7 @@ void InputMode::notePress(const QKeyEvent &event)
     }
     if (!isModifier(event.key()))
         setUsesKeyboard(true);
+    emit pressed();
 }
 
 bool InputMode::filterPress(QObject *receiver, QKeyEvent &event)

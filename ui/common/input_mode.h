@@ -31,6 +31,9 @@ public:
 signals:
     void usesKeyboardChanged();
 
+    /// A button, a key or the screen has been pressed.
+    void pressed();
+
 private:
     void setUsesKeyboard(bool usesKeyboard);
     void notePress(const QKeyEvent &event);

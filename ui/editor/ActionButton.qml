@@ -43,10 +43,12 @@ T.Button {
             }
         }
     }
+    // The tint is darkest when pressed and never so light that its own text fades in it.
     background: RoundedArea {
         radius: Theme.controlRadius
-        color: Qt.rgba(root.ground.r, root.ground.g, root.ground.b,
-                       root.groundOpacity * (root.enabled && root.pressed ? 1.8 : root.enabled && root.hovered ? 1.4 : 1))
+        color: Qt.tint(Theme.tintedGround, Qt.alpha(root.ground, root.groundOpacity * emphasis))
+
+        readonly property real emphasis: !root.enabled ? 1 : root.pressed ? 0.7 : root.hovered ? 1.2 : 1
 
         FocusRing {
             visible: root.visualFocus

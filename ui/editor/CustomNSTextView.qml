@@ -33,8 +33,10 @@ Item {
     }
 
     /// One rectangle for each line of the selection.
-    function selectionRectangles(start: int, end: int): list<rect> {
+    function selectionRectangles(start: int, selectionEnd: int): list<rect> {
         const rectangles = []
+        // While a text is replaced, one of the two is still of the old one.
+        const end = Math.min(selectionEnd, edit.length)
         let from = start
         while (from < end) {
             const lineBreak = edit.text.indexOf("\n", from)
@@ -106,6 +108,10 @@ Item {
         }
     }
 
+    PasteLimit {
+        target: edit
+        limit: 10000
+    }
     Repeater {
         model: root.selectionRectangles(edit.selectionStart, edit.selectionEnd)
 

@@ -8,7 +8,6 @@ TextEditor {
     required property int minimumLines
     required property int maximumLines
 
-    label: placeholder
     padding: 4
     sidePadding: 6
     implicitHeight: Math.ceil(Math.min(Math.max(contentHeight, minimumLines * metrics.lineSpacing),

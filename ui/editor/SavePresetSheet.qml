@@ -13,7 +13,10 @@ ModalPanel {
     padding: 24
     visible: inspector.showingSaveDialog
     onClosed: inspector.showingSaveDialog = false
-    onOpened: name.forceActiveFocus(Qt.OtherFocusReason)
+    onOpened: {
+        name.forceActiveFocus(Qt.OtherFocusReason)
+        name.selectAll()
+    }
 
     Column {
         anchors.centerIn: parent
@@ -33,9 +36,9 @@ ModalPanel {
             id: name
             objectName: "presetName"
             width: 250
-            placeholderText: qsTr("Preset Name")
+            placeholder: qsTr("Preset Name")
             text: root.inspector.newPresetName
-            onTextChanged: root.inspector.newPresetName = text
+            onTextEdited: (text) => root.inspector.newPresetName = text
             onAccepted: if (save.enabled) save.clicked()
         }
         Row {

@@ -79,6 +79,7 @@ Rectangle {
                         GrowingTextField {
                             objectName: "mainField"
                             width: parent.width
+                            label: qsTr("Main Text")
                             placeholder: qsTr("Enter text")
                             minimumLines: 3
                             maximumLines: 5
@@ -101,6 +102,7 @@ Rectangle {
                         GrowingTextField {
                             objectName: "subtitleField"
                             width: parent.width
+                            label: qsTr("Subtitle")
                             placeholder: qsTr("Enter subtitle")
                             minimumLines: 2
                             maximumLines: 3

@@ -120,6 +120,12 @@ FocusScope {
                 Keys.onDownPressed: detail.select(detail.selectedSlideIndex + 1)
                 T.ScrollBar.vertical: ScrollIndicatorBar {}
 
+                FocusRing {
+                    parent: list
+                    distance: -3
+                    visible: list.activeFocus && InputMode.usesKeyboard
+                }
+
                 delegate: SlideListEntry {
                     width: ListView.view.width
                     aspectRatio: root.slideshow ? root.slideshow.aspectRatio : undefined

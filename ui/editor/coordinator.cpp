@@ -2,7 +2,7 @@
 
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
-#include "ui/editor/emoji_highlighter.h"
+#include "ui/common/emoji_highlighter.h"
 #include "ui/common/plain_text.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -42,7 +42,8 @@ void Coordinator::setTextDocument(QQuickTextDocument *textDocument)
         return;
     Q_ASSERT(!m_textDocument);
     m_textDocument = textDocument;
-    m_highlighter = new EmojiHighlighter(document());
+    m_highlighter = new EmojiHighlighter(this);
+    m_highlighter->setTextDocument(m_textDocument);
     connect(document(), &QTextDocument::contentsChange, this, [this](int position, int, int added) {
         if (!m_isFormatting)
             formatBlocks(position, position + added, true);
@@ -124,7 +125,7 @@ void Coordinator::formatAll()
     if (!document() || m_font.pixelSize() <= 0)
         return;
     const QScopedValueRollback formatting(m_isFormatting, true);
-    m_highlighter->setFontSize(m_font.pixelSize() / layoutFactor);
+    m_highlighter->setPixelSize(m_font.pixelSize());
     document()->setUndoRedoEnabled(false);
     formatBlocks(0, document()->characterCount(), false);
     document()->setUndoRedoEnabled(true);

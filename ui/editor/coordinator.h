@@ -88,7 +88,7 @@ private:
     void formatAll();
 
     QPointer<QQuickTextDocument> m_textDocument;
-    EmojiHighlighter *m_highlighter = nullptr; // of the document
+    EmojiHighlighter *m_highlighter = nullptr;
     QFont m_font;
     double m_lineSpacing = 0;
     bool m_drawsText = true;

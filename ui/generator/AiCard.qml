@@ -20,7 +20,7 @@ InspectorCard {
             objectName: "aiSwitch"
             width: parent.width
             text: qsTr("Enable AI Generation")
-            checked: root.generator.isAiMode
+            isOn: root.generator.isAiMode
             onPicked: (isOn) => root.generator.isAiMode = isOn
         }
         CardDivider {
@@ -79,16 +79,13 @@ InspectorCard {
                     }
                 }
             }
-            TextInputField {
+            SecretField {
                 objectName: "apiKey"
                 width: parent.width
+                label: qsTr("OpenAI API Key")
                 placeholderText: qsTr("Enter API Key")
-                echoMode: TextInput.Password
-                inputMethodHints: Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhHiddenText
                 text: root.generator.openAiApiKey
                 onTextEdited: root.generator.openAiApiKey = text
-                Accessible.name: qsTr("OpenAI API Key")
-                Accessible.passwordEdit: true
             }
         }
         Column {
@@ -127,10 +124,10 @@ InspectorCard {
             TextInputField {
                 objectName: "batchName"
                 width: parent.width
-                placeholderText: qsTr("e.g. Motivation Quotes")
+                label: qsTr("Batch Name")
+                placeholder: qsTr("e.g. Motivation Quotes")
                 text: root.generator.batchName
-                onTextEdited: root.generator.batchName = text
-                Accessible.name: qsTr("Batch Name")
+                onTextEdited: (text) => root.generator.batchName = text
             }
         }
     }

@@ -13,6 +13,7 @@ TextEditor {
     color: Theme.controlBackground
     radius: Theme.tileRadius
     padding: 14
+    pasteLimit: 200000
     font.family: Theme.monospaced
 
     DocumentText {

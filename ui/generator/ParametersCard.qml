@@ -32,7 +32,7 @@ InspectorCard {
             from: 1
             to: 50
             stepSize: 1
-            value: root.panel.generator.bulkCount
+            shown: root.panel.generator.bulkCount
             onPicked: (value) => root.panel.generator.bulkCount = value
         }
     }

@@ -34,7 +34,7 @@ Column {
         tint: Theme.blue
         from: 0.5
         to: 3
-        value: root.value
+        shown: root.value
         onPicked: (value) => root.picked(value)
     }
 }

@@ -50,6 +50,12 @@ Rectangle {
         Keys.onDownPressed: root.preview.index += 1
         T.ScrollBar.vertical: ScrollIndicatorBar {}
 
+        FocusRing {
+            parent: list
+            distance: -3
+            visible: list.activeFocus && InputMode.usesKeyboard
+        }
+
         delegate: StripEntry {
             width: ListView.view.width
             preview: root.preview

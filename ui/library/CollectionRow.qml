@@ -38,7 +38,7 @@ RecordRow {
         anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
         text: root.record ? String(root.record.assetCount) : ""
-        color: root.isLit ? Theme.accentText : Theme.secondary
+        color: root.isLit ? Theme.accentText : root.isSelected ? Theme.primary : Theme.secondary
         font.family: Theme.family
         font.pixelSize: Theme.body
     }

@@ -16,9 +16,9 @@ AlertView {
         id: name
         objectName: "newCollectionName"
         width: parent.width
-        placeholderText: qsTr("Name")
+        placeholder: qsTr("Name")
         text: root.collections.newCollectionName
-        onTextEdited: root.collections.newCollectionName = text
+        onTextEdited: (text) => root.collections.newCollectionName = text
         onAccepted: root.collections.createCollection()
     }
     buttons: [

@@ -46,9 +46,10 @@ ModalPanel {
                 anchors.horizontalCenter: parent.horizontalCenter
                 width: root.createsNew ? 400 : 250
                 height: root.controlHeight
-                placeholderText: qsTr("Template Name")
+                placeholder: qsTr("Template Name")
                 text: root.library.newTemplateName
-                onTextEdited: root.library.newTemplateName = text
+                onTextEdited: (text) => root.library.newTemplateName = text
+                onAccepted: if (root.library.canSave) root.library.saveTemplate()
             }
             Column {
                 id: content
@@ -66,6 +67,7 @@ ModalPanel {
                     width: 400
                     height: 200
                     color: Theme.controlBackground
+                    pasteLimit: 200000
                     font.family: Theme.monospaced
                     text: root.library.newTemplateContent
                     onTextEdited: (text) => root.library.newTemplateContent = text

@@ -94,6 +94,11 @@ Flickable {
                     Accessible.role: Accessible.EditableText
                     Accessible.readOnly: true
                     Accessible.name: qsTr("Content")
+
+                    EmojiHighlighter {
+                        textDocument: text.textDocument
+                        pixelSize: text.font.pixelSize
+                    }
                 }
             }
         }

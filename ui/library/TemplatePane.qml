@@ -40,13 +40,20 @@ FocusScope {
             anchors.verticalCenter: parent.verticalCenter
             spacing: 16
 
-            PushButton {
-                objectName: "deleteTemplate"
-                visible: root.shown !== null
-                text: qsTr("Delete")
-                symbol: "trash"
-                isDestructive: true
-                onClicked: root.library.showingDeleteConfirmation = true
+            // Its place is kept, so that it never appears under a pointer that is on another button.
+            Item {
+                width: deletion.width
+                height: deletion.height
+
+                PushButton {
+                    id: deletion
+                    objectName: "deleteTemplate"
+                    visible: root.shown !== null
+                    text: qsTr("Delete")
+                    symbol: "trash"
+                    isDestructive: true
+                    onClicked: root.library.showingDeleteConfirmation = true
+                }
             }
             PushButton {
                 objectName: "createNewTemplate"

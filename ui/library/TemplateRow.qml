@@ -33,7 +33,7 @@ RecordRow {
             id: day
             width: parent.width
             text: root.record ? Dates.day(root.record.createdAt) : ""
-            color: root.isLit ? Theme.accentText : Theme.secondary
+            color: root.isLit ? Theme.accentText : root.isSelected ? Theme.primary : Theme.secondary
             font.pixelSize: Theme.caption
         }
     }

@@ -30,7 +30,10 @@ int difference(const QImage &a, const QImage &b)
     return largest;
 }
 
-EditorSession::EditorSession() = default;
+EditorSession::EditorSession()
+{
+    QTest::failOnWarning(QRegularExpression(u"QTextCursor"_s));
+}
 
 QString EditorSession::addPicture(const QString &name, QSize size)
 {
@@ -59,6 +62,11 @@ Slideshow *EditorSession::addSlideshow(const QString &picture, const QStringList
 
 QQuickItem *EditorSession::show(const QString &type, const QVariantMap &properties, QSize size)
 {
+    return showSource(type + u" {}"_s, properties, size);
+}
+
+QQuickItem *EditorSession::showSource(const QString &item, const QVariantMap &properties, QSize size)
+{
     m_view = std::make_unique<QQuickView>();
     m_view->engine()->addImportPath(u"qrc:/qt/qml"_s);
     m_view->setColor(Qt::black);
@@ -67,7 +75,7 @@ QQuickItem *EditorSession::show(const QString &type, const QVariantMap &properti
     m_view->setInitialProperties(properties);
     QQmlComponent component(m_view->engine());
     const QByteArray source =
-        "import Mosslantern.Common\nimport Mosslantern.Editor\n" + type.toUtf8() + " {}";
+        "import Mosslantern.Common\nimport Mosslantern.Editor\n" + item.toUtf8();
     component.setData(source, QUrl());
     QObject *const root = component.createWithInitialProperties(properties);
     if (!root)

@@ -29,6 +29,8 @@ public:
 
     /// Shows the type of this name ("SlidePreviewView") alone in a window of `size` points.
     QQuickItem *show(const QString &type, const QVariantMap &properties, QSize size);
+    /// The same for an item as QML writes it.
+    QQuickItem *showSource(const QString &item, const QVariantMap &properties, QSize size);
 
     /// Closes the window; what it worked with may go after that.
     void close() { m_view.reset(); }

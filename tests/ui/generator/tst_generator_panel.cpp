@@ -2,6 +2,8 @@
 #include "model/content_template.h"
 #include "tests/ui/generator/generator_test.h"
 
+#include <QtGui/QClipboard>
+
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
 
@@ -46,6 +48,28 @@ private slots:
             session().hold(key);
             QTRY_COMPARE(store().all<Slideshow>().size(), before + 1);
         }
+    }
+
+    void refusesWhatIsTooLongToPaste()
+    {
+        openScreen(1);
+        generator().setTextInput(u"before"_s);
+        QVERIFY(clickInPanel(u"contentEditor"_s));
+        const auto refusals = [this] {
+            const QList<QObject *> notices = session().window()->findChildren<QObject *>(u"pasteRefusal"_s);
+            return std::ranges::count_if(notices, [](QObject *n) { return n->property("visible").toBool(); });
+        };
+        QGuiApplication::clipboard()->setText(QString(1'400'000, u'x'));
+        session().key(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(generator().textInput(), u"before"_s);
+        QCOMPARE(refusals(), 1);
+        session().key(Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(refusals(), 0);
+        // What is replaced does not count.
+        QGuiApplication::clipboard()->setText(QString(100'000, u'y'));
+        session().key(Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(generator().textInput(), QString(100'000, u'y'));
+        QCOMPARE(refusals(), 0);
     }
 
     void storesTheKeyAtOnce()
