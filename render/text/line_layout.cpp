@@ -11,6 +11,10 @@
 #include <QtGui/QRawFont>
 #include <QtGui/QTextLayout>
 
+#include <unicode/uscript.h>
+
+#include <algorithm>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -56,6 +60,39 @@ bool isEmojiFont(const QRawFont &font)
     return !isPlaceholder(font) && font.familyName() == "Noto Color Emoji"_L1;
 }
 
+/// What other fonts than the text font draw of a line, emoji apart.
+enum class Others { none, symbols, scripts };
+
+/// Whether characters of `script` are at home among those of the text fonts, and fit into their lines.
+bool isAtHome(UScriptCode script)
+{
+    return script == USCRIPT_COMMON || script == USCRIPT_INHERITED || script == USCRIPT_LATIN ||
+           script == USCRIPT_GREEK || script == USCRIPT_CYRILLIC || script == USCRIPT_UNKNOWN;
+}
+
+Others othersIn(const QString &text, const QRawFont &textFont)
+{
+    if (std::ranges::all_of(text, [](QChar unit) { return unit < u'\x7F'; }))
+        return Others::none;
+    QString letters;
+    qsizetype from = 0;
+    for (const TextRun &run : emojiRuns(text)) {
+        letters += QStringView(text).sliced(from, run.start - from);
+        from = run.start + run.length;
+    }
+    letters += QStringView(text).sliced(from);
+    Others others = Others::none;
+    for (const uint character : letters.toUcs4()) {
+        if (character < 0x20 || textFont.supportsCharacter(character))
+            continue;
+        UErrorCode error = U_ZERO_ERROR;
+        if (!isAtHome(uscript_getScript(static_cast<UChar32>(character), &error)))
+            return Others::scripts;
+        others = Others::symbols;
+    }
+    return others;
+}
+
 /// Adds an empty box for a letter that no font has. It stands on the baseline at `position`.
 void addMissingLetter(QPainterPath &outlines, QPointF position, double fontSize)
 {
@@ -91,9 +128,23 @@ QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size)
     return formats;
 }
 
-LineLayout::LineLayout(const QString &text, TextStyle style, double size)
+double lineHeight(const QString &text, const QFont &font, double plainHeight)
 {
-    const QFont font = layoutFont(style, size);
+    const bool isPlain = othersIn(text, QRawFont::fromFont(font)) == Others::none;
+    return isPlain ? plainHeight : LineLayout(text, font).height();
+}
+
+double tabStopDistance(const QFont &font)
+{
+    return 8 * QFontMetricsF(font).horizontalAdvance(u' ');
+}
+
+LineLayout::LineLayout(const QString &text, TextStyle style, double size)
+    : LineLayout(text, layoutFont(style, size))
+{}
+
+LineLayout::LineLayout(const QString &text, const QFont &font)
+{
     const QFontMetricsF metrics(font);
     m_ascent = metrics.ascent() / layoutFactor;
     m_height = metrics.height() / layoutFactor;
@@ -104,23 +155,53 @@ LineLayout::LineLayout(const QString &text, TextStyle style, double size)
     QTextOption option;
     option.setUseDesignMetrics(true);
     option.setWrapMode(QTextOption::NoWrap);
+    option.setTabStopDistance(tabStopDistance(font));
     layout.setTextOption(option);
-    layout.setFormats(emojiFormats(shown, size));
+    layout.setFormats(emojiFormats(shown, m_fontSize / layoutFactor));
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(1e9);
     layout.endLayout();
 
-    m_width = line.naturalTextWidth() / layoutFactor;
-    // Taller fallback fonts lower the line's baseline; it belongs where the text font alone puts it.
-    const QPointF shift(-line.naturalTextRect().left(), metrics.ascent() - line.ascent());
     m_runs = layout.glyphRuns();
+    const QRawFont textFont = QRawFont::fromFont(font);
+    const Others others = othersIn(shown, textFont);
+    // The text fonts hardly reach beyond an advance.
+    m_width = (others == Others::scripts ? line.horizontalAdvance() : line.naturalTextWidth()) / layoutFactor;
+    if (others != Others::none)
+        makeRoom(textFont, line.ascent(), others == Others::scripts);
+    const QPointF shift(-line.naturalTextRect().left(), m_ascent * layoutFactor - line.ascent());
     for (QGlyphRun &run : m_runs) {
         QList<QPointF> positions = run.positions();
         for (QPointF &position : positions)
             position += shift;
         run.setPositions(positions);
     }
+}
+
+void LineLayout::makeRoom(const QRawFont &textFont, double baseline, bool wholeFonts)
+{
+    double ascent = m_ascent * layoutFactor;
+    double descent = m_height * layoutFactor - ascent;
+    for (const QGlyphRun &run : m_runs) {
+        const QRawFont font = run.rawFont();
+        if (isPlaceholder(font) || isEmojiFont(font) || font.familyName() == textFont.familyName())
+            continue;
+        if (wholeFonts) {
+            ascent = std::max(ascent, font.ascent());
+            descent = std::max(descent, font.descent());
+        }
+        // Stacked letters and marks reach beyond the measures of their own font.
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            const QRectF ink = font.boundingRect(glyphs[i]).translated(0, positions[i].y() - baseline);
+            ascent = std::max(ascent, -ink.top());
+            descent = std::max(descent, ink.bottom());
+        }
+    }
+    m_ascent = ascent / layoutFactor;
+    m_height = (ascent + descent) / layoutFactor;
 }
 
 void LineLayout::draw(QPainter &painter, const QColor &colour) const

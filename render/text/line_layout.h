@@ -20,13 +20,19 @@ public:
     /// bounded.
     LineLayout(const QString &text, TextStyle style, double size);
 
-    /// Advance width of the whole line.
+    /// The same in `font`, which is as layoutFont() gives it.
+    LineLayout(const QString &text, const QFont &font);
+
+    /// Advance width of the whole line; without what the last letter of another script draws beyond its
+    /// advance.
     [[nodiscard]] double width() const { return m_width; }
 
-    /// Ascent of the style's text font: the baseline below the top of the line, whatever the line holds.
+    /// The baseline below the top of the line: the greatest ascent of the text font and, in a line with other
+    /// scripts, of the fonts that draw them. Symbols count only where they stand out, emoji never.
     [[nodiscard]] double ascent() const { return m_ascent; }
 
-    /// Ascent and descent of the style's text font.
+    /// The ascent and the greatest descent: nothing that the line holds, stacked marks of the text font
+    /// apart, is drawn above or below it.
     [[nodiscard]] double height() const { return m_height; }
 
     /// Draws the line with its top left at the painter's origin, one unit a point: letters as outlines in
@@ -35,12 +41,23 @@ public:
     void draw(QPainter &painter, const QColor &colour) const;
 
 private:
+    /// Makes room for what other fonts than `textFont` draw on `baseline`; `wholeFonts`: for all that they
+    /// could draw.
+    void makeRoom(const QRawFont &textFont, double baseline, bool wholeFonts);
+
     QList<QGlyphRun> m_runs;
     double m_width = 0;
     double m_ascent = 0;
     double m_height = 0;
     double m_fontSize = 0; // in units of the layout
 };
+
+/// The height of a line of `text`, laid out only where another font may make it higher than one that the text
+/// font alone draws, which is `plainHeight`.
+[[nodiscard]] double lineHeight(const QString &text, const QFont &font, double plainHeight);
+
+/// From one tab stop to the next in units of the layout: eight spaces.
+[[nodiscard]] double tabStopDistance(const QFont &font);
 
 /// The formats that give the emoji of `text` the emoji font: the painter's and the text editor's one rule.
 [[nodiscard]] QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size);

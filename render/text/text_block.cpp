@@ -47,9 +47,7 @@ AlphaPlane coverageOfRoundedBox(const QRectF &box, const QTransform &toPixels, c
 TextBlock::TextBlock(const QString &text, TextStyle style, bool isSubtitle, const RgbaColor &boxColor,
                      double canvasWidth)
     : m_look(styleLook(style, boxColor, isSubtitle && !text.isEmpty()))
-    , m_style(style)
-    , m_fontSize(fontSize(style, canvasWidth))
-    , m_lineHeight(LineLayout(QString(), style, m_fontSize).height())
+    , m_font(layoutFont(style, fontSize(style, canvasWidth)))
     , m_texts(splitLines(text))
     , m_layouts(static_cast<size_t>(m_texts.size()))
 {}
@@ -58,18 +56,31 @@ const LineLayout &TextBlock::layout(qsizetype line) const
 {
     std::optional<LineLayout> &made = m_layouts[static_cast<size_t>(line)];
     if (!made)
-        made.emplace(m_texts[line], m_style, m_fontSize);
+        made.emplace(m_texts[line], m_font);
     return *made;
 }
 
-double TextBlock::boxHeight() const
+const std::vector<TextBlock::Extent> &TextBlock::stack() const
 {
-    return m_lineHeight + 2 * topPadding;
+    if (!m_stack.empty())
+        return m_stack;
+    const double plainHeight = LineLayout(QString(), m_font).height();
+    double top = 0;
+    for (const QString &text : m_texts) {
+        m_stack.push_back({top, lineHeight(text, m_font, plainHeight) + 2 * topPadding});
+        top += m_stack.back().height + lineSpacing;
+    }
+    return m_stack;
+}
+
+double TextBlock::stackHeight() const
+{
+    return stack().back().top + stack().back().height;
 }
 
 double TextBlock::lineTop(qsizetype line) const
 {
-    return -size(0).height() / 2 + static_cast<double>(line) * (boxHeight() + lineSpacing);
+    return stack()[static_cast<size_t>(line)].top - stackHeight() / 2;
 }
 
 QSizeF TextBlock::size() const
@@ -77,19 +88,13 @@ QSizeF TextBlock::size() const
     double width = 0;
     for (qsizetype line = 0; line < lineCount(); ++line)
         width = std::max(width, layout(line).width());
-    return size(width);
-}
-
-QSizeF TextBlock::size(double widestLine) const
-{
-    const auto count = static_cast<double>(lineCount());
-    return {widestLine + 2 * sidePadding, count * boxHeight() + (count - 1) * lineSpacing};
+    return {width + 2 * sidePadding, stackHeight()};
 }
 
 QRectF TextBlock::lineBox(qsizetype line) const
 {
     const double width = layout(line).width() + 2 * sidePadding;
-    return {-width / 2, lineTop(line), width, boxHeight()};
+    return {-width / 2, lineTop(line), width, stack()[static_cast<size_t>(line)].height};
 }
 
 QRectF TextBlock::drawnBounds(double pixelsPerPoint) const
@@ -116,7 +121,8 @@ std::vector<Layer> TextBlock::draw(QPointF centre, double pixelsPerPoint, const 
     const QRect casting = clip.adjusted(-clipReach, -clipReach, clipReach, clipReach);
 
     for (qsizetype line = 0; line < lineCount(); ++line) {
-        const QRectF strip = toPixels.mapRect(QRectF(0, lineTop(line), 1, boxHeight()));
+        const QRectF strip =
+            toPixels.mapRect(QRectF(0, lineTop(line), 1, stack()[static_cast<size_t>(line)].height));
         if (strip.bottom() + reach < clip.top() || strip.top() - reach > clip.bottom() + 1)
             continue;
         const QRectF box = toPixels.mapRect(lineBox(line));

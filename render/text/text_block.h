@@ -44,10 +44,18 @@ public:
     [[nodiscard]] QRectF drawnBounds(double pixelsPerPoint) const;
 
 private:
-    /// Top and height of a line box, which do not depend on the line's text.
+    struct Extent
+    {
+        double top = 0; // below the top of the stack
+        double height = 0;
+    };
+
+    /// Where each line box stands in the stack.
+    [[nodiscard]] const std::vector<Extent> &stack() const;
+    [[nodiscard]] double stackHeight() const;
+
+    /// From the centre of the block to the top of a line box.
     [[nodiscard]] double lineTop(qsizetype line) const;
-    [[nodiscard]] double boxHeight() const;
-    [[nodiscard]] QSizeF size(double widestLine) const;
 
     /// Lines are laid out when they are first needed: of a very long text, few show.
     [[nodiscard]] const LineLayout &layout(qsizetype line) const;
@@ -55,10 +63,9 @@ private:
     [[nodiscard]] QImage drawLine(qsizetype line, const QTransform &toPixels, const QRect &area) const;
 
     StyleLook m_look;
-    TextStyle m_style;
-    double m_fontSize;
-    double m_lineHeight;
+    QFont m_font;
     QStringList m_texts;
+    mutable std::vector<Extent> m_stack;
     mutable std::vector<std::optional<LineLayout>> m_layouts;
 };
 

@@ -2,6 +2,8 @@
 #include "render/text/fonts.h"
 #include "tests/table.h"
 
+#include <QtGui/QPainter>
+
 #include <limits>
 
 using namespace mosslantern;
@@ -202,7 +204,105 @@ private slots:
         const LineLayout one(u"😀"_s, TextStyle::boxed, 32);
         QVERIFY(std::abs(one.width() / 32 - 1.245) < 0.01);
         QCOMPARE(one.height(), LineLayout(u"x"_s, TextStyle::boxed, 32).height());
-        QCOMPARE(LineLayout(u"中文"_s, TextStyle::boxed, 32).height(), one.height());
+    }
+
+    void linesHoldWhatIsInThem_data()
+    {
+        const auto row = table<QString>({"text"});
+        row("Burmese", u"ဤဘဝတွင် ကြွေးမြီ"_s);
+        row("Telugu", u"స్త్రీ కృష్ణుడు క్ష్మి"_s);
+        row("Tibetan", u"ཨོཾ་མ་ཎི་པདྨེ་ཧཱུྃ བསྒྲུབས་"_s);
+        row("Tamil", u"தமிழ் மொழி ஸ்ரீ"_s);
+        row("Thai", u"ฟื้นฟู ที่ปู่ ญี่ปุ่น"_s);
+        row("Lao", u"ພາສາລາວ ກຸ້ງ"_s);
+        row("Khmer", u"ទ្រព្យសម្បត្តិ ស្រ្តី"_s);
+        row("Arabic", u"پچ چاي ٱلرَّحْمَٰنِ"_s);
+        row("Hebrew", u"בְּרֵאשִׁית ךָּ"_s);
+        row("Devanagari", u"ट्रैक्ट्रि द्धृ ङ्क्षि"_s);
+        row("Kannada", u"ಸ್ತ್ರೀ ಕೃಷ್ಣ ಕ್ಷ್ಮಿ"_s);
+        row("Javanese", u"ꦏꦿꦏ꧀ꦱ"_s);
+        row("Chinese", u"漢字"_s);
+        row("Korean", u"뷁쉙"_s);
+        row("Music", u"𝄞 𝅘𝅥𝅮"_s);
+        row("mixed", u"Hello नमस्ते สวัสดี ཧཱུྃ"_s);
+    }
+
+    void linesHoldWhatIsInThem()
+    {
+        QFETCH(QString, text);
+        for (const TextStyle style : allTextStyles) {
+            const LineLayout line(text, style, 32);
+            const double margin = 100;
+            QImage image(static_cast<int>(line.width() + 2 * margin),
+                         static_cast<int>(std::ceil(line.height() + 2 * margin)), QImage::Format_RGB32);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.translate(margin, margin);
+            line.draw(painter, Qt::white);
+            painter.end();
+            const QRect ink = boundsOf(image, isWhite);
+            QVERIFY(!ink.isNull());
+            QVERIFY2(ink.top() >= margin - 1 && ink.bottom() <= margin + line.height(),
+                     qPrintable(u"%1 to %2 of %3"_s.arg(ink.top() - margin)
+                                    .arg(ink.bottom() - margin)
+                                    .arg(line.height())));
+        }
+    }
+
+    void linesOfTheTextFontsStayAsTheyAre()
+    {
+        for (const TextStyle style : allTextStyles) {
+            const double plain = LineLayout(u"x"_s, style, 32).height();
+            for (const QString &text :
+                 {u"Größe ẤỘ"_s, u"Ёлка"_s, u"Άέή"_s, u"❤️ 1️⃣ 🎉"_s, u"→ ✓ ★"_s})
+                QCOMPARE(LineLayout(text, style, 32).height(), plain);
+        }
+    }
+
+    void higherLinesStackTheSame()
+    {
+        const TextBlock block(u"Latin\nမြန်မာ\n\nབོད་\nLatin"_s, TextStyle::boxed, false, red, 350);
+        double bottom = -block.size().height() / 2 + 1;
+        for (qsizetype line = 0; line < block.lineCount(); ++line) {
+            QVERIFY(std::abs(block.lineBox(line).top() - (bottom - 1)) < 1e-9);
+            bottom = block.lineBox(line).bottom();
+        }
+        QVERIFY(std::abs(bottom - block.size().height() / 2) < 1e-9);
+        QVERIFY(block.lineBox(1).height() > block.lineBox(0).height() + 5);
+        QCOMPARE(block.lineBox(4).height(), block.lineBox(0).height());
+    }
+
+    void overhangsDoNotMoveALine_data()
+    {
+        const auto row = table<QString>({"text"});
+        row("Arabic", u"مرحبا بالعالم جميل"_s);
+        row("Urdu", u"اردو ٹھیک ڈاکٹر چاہیے"_s);
+        row("Devanagari", u"मराठी द्धृ ङ्क्षि"_s);
+        row("Burmese", u"ချစ်ခြင်းမေတ္တာ အိမ်ကြီး"_s);
+    }
+
+    void overhangsDoNotMoveALine()
+    {
+        QFETCH(QString, text);
+        for (const TextStyle style : allTextStyles) {
+            SlideValues values = slide(style, text, clear);
+            values.textScale = 0.4;
+            const QRect ink = boundsOf(drawn(values, canvas, Qt::green),
+                                       [](const QColor &c) { return c.red() > 128 || c.green() < 128; });
+            QVERIFY(ink.left() > 0);
+            QVERIFY2(std::abs(ink.center().x() - 350) <= 2,
+                     qPrintable(u"%1 pixels off"_s.arg(ink.center().x() - 350)));
+        }
+    }
+
+    void tabsLeadToTheNextEightSpaces()
+    {
+        for (const TextStyle style : allTextStyles) {
+            const auto width = [style](const QString &text) { return LineLayout(text, style, 28.8).width(); };
+            const double stop = 8 * width(u" "_s);
+            QVERIFY(std::abs(width(u"i\ti"_s) - stop - width(u"i"_s)) < 0.2);
+            QVERIFY(std::abs(width(u"\t\ti"_s) - 2 * stop - width(u"i"_s)) < 0.2);
+        }
     }
 
     void fractionalSizesCount()

@@ -20,12 +20,10 @@ Item {
     property alias coordinator: coordinator
     readonly property real textHeight: edit.contentHeight / coordinator.factor
 
-    /// The place of a caret, as high as its line.
-    function caretPlace(rectangle: rect): rect {
-        const line = Math.round((rectangle.y / coordinator.factor - verticalPadding) / coordinator.lineHeight)
-        return Qt.rect(rectangle.x / coordinator.factor,
-                       verticalPadding + line * coordinator.lineHeight - lineSpacing / 2,
-                       0, coordinator.lineHeight)
+    /// The place of a caret at `position`, where the editor has `rectangle`: as high as its line.
+    function caretPlace(position: int, rectangle: rect): rect {
+        const line = coordinator.line(position)
+        return Qt.rect(rectangle.x / coordinator.factor, verticalPadding + line.y - lineSpacing / 2, 0, line.height)
     }
 
     function positionAt(point: point): int {
@@ -41,8 +39,8 @@ Item {
         while (from < end) {
             const lineBreak = edit.text.indexOf("\n", from)
             const to = lineBreak < 0 || lineBreak > end ? end : lineBreak
-            const left = caretPlace(edit.positionToRectangle(from))
-            const right = caretPlace(edit.positionToRectangle(to))
+            const left = caretPlace(from, edit.positionToRectangle(from))
+            const right = caretPlace(to, edit.positionToRectangle(to))
             rectangles.push(Qt.rect(Math.min(left.x, right.x), left.y, Math.max(2, Math.abs(right.x - left.x)), left.height))
             from = to + 1
         }
@@ -75,6 +73,7 @@ Item {
         topPadding: root.verticalPadding * coordinator.factor
         bottomPadding: topPadding
         font: root.font
+        tabStopDistance: coordinator.tabStopDistance
         renderType: TextEdit.QtRendering
         textFormat: TextEdit.PlainText
         wrapMode: TextEdit.NoWrap
@@ -130,7 +129,7 @@ Item {
         objectName: "caret"
 
         property bool isOn: true
-        readonly property rect bar: coordinator.caretBar(root.caretPlace(edit.cursorRectangle))
+        readonly property rect bar: coordinator.caretBar(root.caretPlace(edit.cursorPosition, edit.cursorRectangle))
 
         x: bar.x
         y: bar.y

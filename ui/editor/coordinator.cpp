@@ -1,7 +1,9 @@
 #include "ui/editor/coordinator.h"
 
+#include "model/line_breaks.h"
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
+#include "render/text/line_layout.h"
 #include "ui/common/emoji_highlighter.h"
 #include "ui/common/plain_text.h"
 
@@ -97,14 +99,20 @@ int Coordinator::blinkInterval()
     return QGuiApplication::styleHints()->cursorFlashTime() / 2;
 }
 
-double Coordinator::lineHeight() const
+double Coordinator::plainLineHeight() const
 {
-    return QFontMetricsF(m_font).height() / layoutFactor + m_lineSpacing;
+    return QFontMetricsF(m_font).height() / layoutFactor;
+}
+
+double Coordinator::tabStopDistance() const
+{
+    return mosslantern::tabStopDistance(m_font);
 }
 
 double Coordinator::baselineShift() const
 {
-    return QFontMetricsF(m_font).ascent() / layoutFactor - baselineShare * lineHeight();
+    return QFontMetricsF(m_font).ascent() / layoutFactor -
+           baselineShare * (plainLineHeight() + m_lineSpacing);
 }
 
 void Coordinator::replaceText(const QString &text)
@@ -133,10 +141,14 @@ void Coordinator::formatAll()
 
 void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
 {
-    const double height = lineHeight() * layoutFactor;
+    const double plainHeight = plainLineHeight();
     const QScopedValueRollback formatting(m_isFormatting, true);
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
+        double letters = 0;
+        for (const QString &line : splitLines(block.text()))
+            letters = std::max(letters, lineHeight(line, m_font, plainHeight));
+        const double height = (letters + m_lineSpacing) * layoutFactor;
         QTextBlockFormat format = block.blockFormat();
         if (format.lineHeightType() == QTextBlockFormat::FixedHeight && format.lineHeight() == height)
             continue;
@@ -153,6 +165,21 @@ void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
 double Coordinator::neededHeight(double laidOut)
 {
     return std::max(leastHeight, laidOut + heightMargin);
+}
+
+QRectF Coordinator::line(int position) const
+{
+    if (!document())
+        return {};
+    const QTextBlock wanted = document()->findBlock(position);
+    const double height = wanted.blockFormat().lineHeight();
+    // A paragraph may have line breaks of its own.
+    const auto breaks = wanted.text().left(position - wanted.position()).count(u'\u2028');
+    double top = static_cast<double>(breaks) * height;
+    for (QTextBlock block = document()->firstBlock(); block.isValid() && block != wanted;
+         block = block.next())
+        top += block.blockFormat().lineHeight() * static_cast<double>(block.text().count(u'\u2028') + 1);
+    return {0, top / layoutFactor, 0, height / layoutFactor};
 }
 
 QRectF Coordinator::caretBar(const QRectF &place) const

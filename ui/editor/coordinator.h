@@ -10,8 +10,8 @@ namespace mosslantern {
 
 class EmojiHighlighter;
 
-/// Keeps the document of a text editor laid out like the lines of a text block: ten times their size, all
-/// lines equally high, emoji in the emoji font, whatever is typed or pasted.
+/// Keeps the document of a text editor laid out like the lines of a text block: ten times their size, every
+/// line as high as the block's, emoji in the emoji font, whatever is typed or pasted.
 class Coordinator : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ class Coordinator : public QObject
     Q_PROPERTY(double factor READ factor CONSTANT)
     /// Half a blink of the caret in milliseconds; 0: it does not blink.
     Q_PROPERTY(int blinkInterval READ blinkInterval CONSTANT)
-    Q_PROPERTY(double lineHeight READ lineHeight NOTIFY fontChanged)
+    Q_PROPERTY(double tabStopDistance READ tabStopDistance NOTIFY fontChanged)
     Q_PROPERTY(double baselineShift READ baselineShift NOTIFY fontChanged)
 
 public:
@@ -50,8 +50,8 @@ public:
 
     static int blinkInterval();
 
-    /// From one line to the next, in points.
-    double lineHeight() const;
+    /// In units of the document.
+    double tabStopDistance() const;
 
     /// How much lower, in points, letters stand on a text block than in the document.
     double baselineShift() const;
@@ -64,6 +64,10 @@ public:
 
     /// The height in points that an editor needs whose text is `laidOut` points high.
     Q_INVOKABLE static double neededHeight(double laidOut);
+
+    /// Where the line of the character at `position` lies below the first line's top, and how high it is with
+    /// the space to the next, both in points; no width.
+    Q_INVOKABLE QRectF line(int position) const;
 
     /// The bar that stands for a caret whose place in the text is `place` (points).
     Q_INVOKABLE QRectF caretBar(const QRectF &place) const;
@@ -83,6 +87,7 @@ signals:
 
 private:
     QTextDocument *document() const;
+    double plainLineHeight() const;
     void showOrHideText();
     void formatBlocks(int from, int to, bool joinsTyping);
     void formatAll();

@@ -2,8 +2,8 @@
 
 #include "render/text/line_layout.h"
 #include "tests/ui/editor/canvas_session.h"
-#include "ui/editor/coordinator.h"
 #include "ui/common/plain_text.h"
+#include "ui/editor/coordinator.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
@@ -55,6 +55,7 @@ private slots:
     void measures();
     void caretLiesOnTheLetters_data();
     void caretLiesOnTheLetters();
+    void caretFollowsHigherLines();
     void doubleClickPlacesTheCaret();
     void caretGoesToTheEnd();
     void typing();
@@ -125,6 +126,35 @@ void TextEditorTest::caretLiesOnTheLetters()
         const double middle = s.mainBlock->center().y() + scale * box.center().y();
         QVERIFY(std::abs(s.bar().center().y() - middle) <= tolerance * std::max(1.0, scale));
     }
+}
+
+void TextEditorTest::caretFollowsHigherLines()
+{
+    const QStringList lines{u"Latin"_s,    u"မြန်မာဘာသာ"_s,   u"བོད་སྐད"_s,    u"漢字 😀"_s,
+                            u"हिन्दी किं"_s, u"one\ttwo\t!"_s, u"ភាសាខ្មែរ"_s, u"end"_s};
+    TypingSession s(lines.join(u'\n'));
+    for (const TextStyle style : allTextStyles) {
+        s.slide->setTextStyle(style);
+        s.settle();
+        int start = 0;
+        for (qsizetype row = 0; row < lines.size(); ++row) {
+            const QRectF box = s.mainBlock->block().lineBox(row).translated(s.mainBlock->center());
+            const auto end = start + static_cast<int>(lines[row].size());
+            for (const auto &[position, x] : {std::pair(start, box.left() + 8), {end, box.right() - 8}}) {
+                s.setCaret(position);
+                const QPointF off(s.bar().left() - x, s.bar().center().y() - box.center().y());
+                QVERIFY2(std::abs(off.x()) <= tolerance && std::abs(off.y()) <= tolerance,
+                         qPrintable(u"line %1: %2, %3 points off"_s.arg(row).arg(off.x()).arg(off.y())));
+            }
+            start = end + 1;
+        }
+        QVERIFY(std::abs(s.mainBlock->editorHeight() - (s.mainBlock->block().size().height() - 1 + 8)) < 0.1);
+    }
+    // What is typed makes its line higher, and the caret's with it.
+    s.type(u"မြ"_s);
+    const QRectF last = s.mainBlock->block().lineBox(7).translated(s.mainBlock->center());
+    QVERIFY(last.height() > s.mainBlock->block().lineBox(0).height() + 5);
+    QVERIFY(std::abs(s.bar().center().y() - last.center().y()) <= tolerance);
 }
 
 void TextEditorTest::doubleClickPlacesTheCaret()
