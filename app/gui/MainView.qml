@@ -67,37 +67,41 @@ FocusScope {
         onSelectedScreenChanged: root.showSelectedScreen()
     }
 
-    T.SplitView {
+    InputLayer {
         anchors.fill: parent
-        orientation: Qt.Horizontal
-        handle: SplitHandle {}
 
-        Sidebar {
-            id: sidebar
-            content: content
-            visible: commands.isSidebarShown
-            T.SplitView.minimumWidth: 180
-            T.SplitView.preferredWidth: 200
-            T.SplitView.maximumWidth: 220
-        }
+        T.SplitView {
+            anchors.fill: parent
+            orientation: Qt.Horizontal
+            handle: SplitHandle {}
 
-        Item {
-            T.SplitView.fillWidth: true
-
-            Text {
-                anchors.centerIn: parent
-                visible: content.selectedIndex < 0
-                text: qsTr("Select an item")
-                color: Theme.primary
-                font.family: Theme.family
-                font.pixelSize: Theme.body
-                Accessible.role: Accessible.StaticText
-                Accessible.name: text
+            Sidebar {
+                id: sidebar
+                content: content
+                visible: commands.isSidebarShown
+                T.SplitView.minimumWidth: 180
+                T.SplitView.preferredWidth: 200
+                T.SplitView.maximumWidth: 220
             }
-            Loader {
-                id: detail
-                objectName: "detail"
-                anchors.fill: parent
+
+            Item {
+                T.SplitView.fillWidth: true
+
+                Text {
+                    anchors.centerIn: parent
+                    visible: content.selectedIndex < 0
+                    text: qsTr("Select an item")
+                    color: Theme.primary
+                    font.family: Theme.family
+                    font.pixelSize: Theme.body
+                    Accessible.role: Accessible.StaticText
+                    Accessible.name: text
+                }
+                Loader {
+                    id: detail
+                    objectName: "detail"
+                    anchors.fill: parent
+                }
             }
         }
     }

@@ -1,4 +1,5 @@
 #include "model/image_files.h"
+#include "tests/table.h"
 #include "tests/ui/window_test.h"
 #include "ui/library/gallery_view.h"
 
@@ -78,6 +79,8 @@ private slots:
     void reportsAFailedExport();
     void survivesWhatGoesWhileItExports();
     void opensTheEditorAndShowsWhatItChanged();
+    void keepsTheShapeOfTheCanvas_data();
+    void keepsTheShapeOfTheCanvas();
     void raisesTheCardUnderThePointer();
     void isUsableByKeyboard();
     void keepsItsPlaceAndMakesOnlyWhatIsInView();
@@ -288,6 +291,29 @@ void GalleryTest::opensTheEditorAndShowsWhatItChanged()
     QVERIFY(!gallery().selectedSlideshow());
     QTRY_VERIFY(!session().find(u"slideEntry0"_s));
     QTRY_COMPARE(session().count(u"slideshowCard"_s), 1);
+}
+
+void GalleryTest::keepsTheShapeOfTheCanvas_data()
+{
+    const auto row = table<AspectRatio>({"shape"});
+    row("9:16", AspectRatio::tiktok);
+    row("4:5", AspectRatio::instagram);
+    row("1:1", AspectRatio::square);
+}
+
+void GalleryTest::keepsTheShapeOfTheCanvas()
+{
+    QFETCH(const AspectRatio, shape);
+    add(u"A"_s, 3, shape);
+    QVERIFY(openGallery());
+    QVERIFY(session().click(u"slideshowCard"_s));
+    for (const QString &entry : {QString(), u"slideEntry1"_s, u"slideEntry2"_s, u"slideEntry0"_s}) {
+        QVERIFY(entry.isEmpty() || session().click(entry));
+        QTRY_VERIFY(session().find(u"canvasContent"_s));
+        const QQuickItem *const canvas = session().find(u"canvasContent"_s);
+        QVERIFY(canvas->height() > 300);
+        QVERIFY(std::abs(canvas->width() - canvas->height() * widthToHeight(shape)) <= 1);
+    }
 }
 
 void GalleryTest::raisesTheCardUnderThePointer()

@@ -4,6 +4,7 @@
 #include "app/gui/mosslantern_app.h"
 #include "model/collection.h"
 #include "model/image_files.h"
+#include "tests/model/library_dump.h"
 #include "tests/ui/generator/generator_test.h"
 #include "ui/library/gallery_view.h"
 
@@ -23,40 +24,6 @@ constexpr auto generateForEver = "--generate-for-ever";
 const QString content =
     u"{\"slides\": [{\"main\": \"One ☀️\", \"subtitle\": \"a\"}, {\"main\": \"Two\"}, "
     "{\"main\": \"Three\\nlines\\nhere\", \"subtitle\": \"b\"}]}"_s;
-
-/// Every property that a record stores, as text.
-QStringList dump(const Record &record)
-{
-    QStringList lines;
-    const QMetaObject &type = *record.metaObject();
-    for (int i = 0; i < type.propertyCount(); ++i) {
-        const QVariant value = type.property(i).read(&record);
-        if (value.canConvert<Record *>())
-            lines.append(value.value<Record *>() ? value.value<Record *>()->id().toString() : u"none"_s);
-        else if (value.typeId() == QMetaType::QDateTime)
-            lines.append(value.toDateTime().toString(Qt::ISODateWithMs));
-        else
-            lines.append(value.toString());
-        lines.back().prepend(QLatin1StringView(type.property(i).name()) + u" = "_s);
-    }
-    return lines;
-}
-
-/// The whole library.
-QStringList dump(const Store &store)
-{
-    QStringList lines;
-    for (const Asset *asset : store.all<Asset>())
-        lines += dump(*asset);
-    for (const Collection *collection : store.all<Collection>())
-        lines += dump(*collection);
-    for (const Slideshow *slideshow : store.all<Slideshow>()) {
-        lines += dump(*slideshow);
-        for (const Slide *slide : slideshow->slides())
-            lines += dump(*slide);
-    }
-    return lines;
-}
 
 QStringList filesIn(const QString &folder)
 {

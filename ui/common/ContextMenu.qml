@@ -22,5 +22,9 @@ T.Menu {
         color: Theme.raisedBackground
         border.color: Theme.separator
         radius: Theme.controlRadius + 2
+
+        InputLayer {
+            covers: root.visible
+        }
     }
 }

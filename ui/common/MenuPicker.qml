@@ -90,6 +90,7 @@ T.ComboBox {
         height: Math.min(contentItem.implicitHeight + 10, 320)
         padding: 5
         margins: 8
+        closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
 
         contentItem: ListView {
             clip: true
@@ -103,6 +104,10 @@ T.ComboBox {
             color: Theme.raisedBackground
             border.color: Theme.separator
             radius: Theme.controlRadius + 2
+
+            InputLayer {
+                covers: root.popup.visible
+            }
         }
     }
 }

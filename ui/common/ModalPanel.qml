@@ -22,8 +22,10 @@ T.Popup {
     enabled: !isClosing
     onAboutToShow: isClosing = false
     onAboutToHide: isClosing = true
-    onOpened: InputMode.endHover(parent)
 
+    contentItem: InputLayer {
+        covers: root.visible
+    }
     background: Rectangle {
         color: Theme.windowBackground
         border.color: Theme.separator

@@ -21,7 +21,9 @@ T.Popup {
         isAbove = below > T.Overlay.overlay.height - 8
     }
 
-    background: Item {
+    background: InputLayer {
+        covers: root.visible
+
         Rectangle {
             x: (parent.width - width) / 2
             y: root.isAbove ? parent.height - height / 2 - 1 : 1 - height / 2

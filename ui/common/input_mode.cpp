@@ -1,6 +1,7 @@
 #include "ui/common/input_mode.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
 
 namespace mosslantern {
@@ -40,16 +41,6 @@ InputMode::InputMode(QObject *parent)
     : QObject(parent)
 {
     QCoreApplication::instance()->installEventFilter(this);
-}
-
-void InputMode::endHover(QQuickItem *item)
-{
-    if (item->acceptHoverEvents() && item->property("hovered").toBool()) {
-        QHoverEvent leave(QEvent::HoverLeave, QPointF(), QPointF(), QPointF());
-        QCoreApplication::sendEvent(item, &leave);
-    }
-    for (QQuickItem *child : item->childItems())
-        endHover(child);
 }
 
 bool InputMode::eventFilter(QObject *receiver, QEvent *event)

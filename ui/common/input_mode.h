@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <QtGui/QKeyEvent>
 #include <QtQml/qqmlregistration.h>
-#include <QtQuick/QQuickItem>
 
 namespace mosslantern {
 
@@ -21,10 +21,6 @@ public:
     explicit InputMode(QObject *parent = nullptr);
 
     bool usesKeyboard() const { return m_usesKeyboard; }
-
-    /// Tells an item and everything in it that the pointer is not over it. A panel that opens over another
-    /// one keeps that from the controls below it.
-    Q_INVOKABLE static void endHover(QQuickItem *item);
 
     bool eventFilter(QObject *receiver, QEvent *event) override;
 

@@ -10,7 +10,7 @@ FocusScope {
     required property Slideshow slideshow
     property color backdrop: Theme.windowBackground
     readonly property alias canvas: canvas
-    readonly property rect frame: canvas.canvasFrame(Qt.size(width, height))
+    readonly property rect frame: canvas.frame
     readonly property size canvasSize: Qt.size(frame.width, frame.height)
 
     // What is under way when the canvas goes away is not lost.
@@ -25,6 +25,7 @@ FocusScope {
         id: canvas
         slide: root.slide
         slideshow: root.slideshow
+        area: Qt.size(root.width, root.height)
         onFirstResponderResigned: content.forceActiveFocus(Qt.OtherFocusReason)
     }
     DraggableTextView {

@@ -92,6 +92,7 @@ void SlideCanvasView::setSlideshow(Slideshow *slideshow)
     if (m_slideshow == slideshow)
         return;
     m_slideshow = slideshow;
+    fitFrame();
     emit slideshowChanged();
 }
 
@@ -135,15 +136,22 @@ void SlideCanvasView::setLocalSubtitleScale(double scale)
     set(&LocalState::subtitleScale, scale, &SlideCanvasView::localSubtitleScaleChanged);
 }
 
-QRectF SlideCanvasView::canvasFrame(QSizeF area) const
+void SlideCanvasView::setArea(QSizeF area)
+{
+    if (m_area == area)
+        return;
+    m_area = area;
+    fitFrame();
+}
+
+void SlideCanvasView::fitFrame()
 {
     const QRectF available =
-        QRectF(QPointF(), area).adjusted(canvasMargin, canvasMargin, -canvasMargin, -canvasMargin);
-    if (available.isEmpty())
-        return {};
-    return fittedCanvas(m_slideshow ? m_slideshow->aspectRatio().value_or(AspectRatio::tiktok)
-                                    : AspectRatio::tiktok,
-                        available);
+        QRectF(QPointF(), m_area).adjusted(canvasMargin, canvasMargin, -canvasMargin, -canvasMargin);
+    const AspectRatio shape =
+        m_slideshow ? m_slideshow->aspectRatio().value_or(AspectRatio::tiktok) : AspectRatio::tiktok;
+    m_frame = available.isEmpty() ? QRectF() : fittedCanvas(shape, available);
+    emit frameChanged();
 }
 
 void SlideCanvasView::commit()

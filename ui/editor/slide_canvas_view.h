@@ -31,6 +31,9 @@ class SlideCanvasView : public QObject
                    localSubtitlePosChanged)
     Q_PROPERTY(double localSubtitleScale READ localSubtitleScale WRITE setLocalSubtitleScale NOTIFY
                    localSubtitleScaleChanged)
+    /// Where there is room for the canvas, in points.
+    Q_PROPERTY(QSizeF area READ area WRITE setArea NOTIFY frameChanged)
+    Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
     Q_PROPERTY(int textStyle READ textStyle NOTIFY styleChanged)
     Q_PROPERTY(QColor boxColor READ boxColor NOTIFY styleChanged)
 
@@ -80,8 +83,11 @@ public:
     /// The last one that was scheduled, done or not; null before the first.
     const CommitTask *commitTask() const { return m_commitTask.get(); }
 
-    /// Where the canvas stands in an area, in points: in its centre, 30 points or more from every side.
-    Q_INVOKABLE QRectF canvasFrame(QSizeF area) const;
+    QSizeF area() const { return m_area; }
+    void setArea(QSizeF area);
+
+    /// Where the canvas stands in the area, in points: in its centre, 30 points or more from every side.
+    QRectF frame() const { return m_frame; }
 
     /// Writes the local values that differ into the slide, as soon as control returns to the event loop.
     Q_INVOKABLE void commit();
@@ -105,6 +111,7 @@ signals:
     void localSubtitlePosChanged();
     void localSubtitleScaleChanged();
     void styleChanged();
+    void frameChanged();
 
     /// Nothing on the canvas is to have the keyboard any more.
     void firstResponderResigned();
@@ -123,6 +130,7 @@ private:
     int textStyle() const;
     QColor boxColor() const;
     void followSlide();
+    void fitFrame();
 
     template <typename T>
     void set(T LocalState::*field, const T &value, void (SlideCanvasView::*changed)())
@@ -136,6 +144,8 @@ private:
     QPointer<Slide> m_slide;
     QPointer<Slideshow> m_slideshow;
     LocalState m_local;
+    QSizeF m_area;
+    QRectF m_frame;
     std::shared_ptr<CommitTask> m_commitTask;
     CallLater m_callLater;
     bool m_isWriting = false;

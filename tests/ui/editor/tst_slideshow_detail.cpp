@@ -190,7 +190,11 @@ void SlideshowDetailTest::columnsKeepTheirPlaces()
     QVERIFY(s.click(u"slideEntry0"_s));
     for (int i = 0; i < 2; ++i)
         QTest::keyClick(&s.window(), Qt::Key_Down);
-    QTRY_COMPARE(s.find(u"slideEntry2"_s)->mapToScene({0, 120 + 16}).y(), 360.0);
+    // The chosen entry grows around its middle; its place does not.
+    const QQuickItem *const entry = s.find(u"slideEntry2"_s);
+    const QPointF below(0, entry->y() + entry->height() + 16);
+    QTRY_COMPARE(entry->scale(), 1.02);
+    QCOMPARE(entry->parentItem()->mapToScene(below).y(), 360.0);
     s.store().remove(s.slideshow);
     s.settle();
     QVERIFY(!s.find(u"inspectorColumn"_s));
