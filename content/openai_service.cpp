@@ -10,25 +10,6 @@ namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QNetworkRequest requestTo(const QUrl &url, const QByteArray &authorization, qsizetype bodySize)
-{
-    QNetworkRequest request(url);
-    request.setRawHeader("Content-Type", "application/json");
-    request.setRawHeader("Authorization", authorization);
-    request.setHeader(QNetworkRequest::ContentLengthHeader, bodySize);
-    request.setHeader(QNetworkRequest::UserAgentHeader, u"Mosslantern"_s);
-    // Uncompressed, so that the bound on the answer's size bounds the memory.
-    request.setRawHeader("Accept-Encoding", "identity");
-    // The key goes to the configured host and to no other.
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    return request;
-}
-
-} // namespace
-
 OpenAIService::OpenAIService(QString baseUrl, HttpLimits limits)
     : m_baseUrl(std::move(baseUrl))
     , m_limits(limits)
@@ -59,9 +40,13 @@ QCoro::Task<OpenAIService::Variations> OpenAIService::generateVariations(QString
     if (!body)
         co_return Variations(std::unexpect, body.error());
 
-    const QNetworkRequest request = requestTo(url, *authorization, body->size());
+    const HttpRequest request{
+        .method = "POST",
+        .url = url,
+        .headers = {{"Content-Type", "application/json"}, {"Authorization", *authorization}},
+        .body = *body};
     // The service may be gone when the answer comes; nothing below looks at it.
-    const Result<HttpAnswer> answer = co_await postOnce(request, *body, m_limits, m_runs.get());
+    const Result<HttpAnswer> answer = co_await exchangeOnce(request, m_limits, m_runs.get());
     if (!answer)
         co_return Variations(std::unexpect, answer.error());
     co_return readVariations(*answer, apiKey);

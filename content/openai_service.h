@@ -1,6 +1,6 @@
 #pragma once
 
-#include "content/http_post.h"
+#include "content/http_exchange.h"
 #include "content/openai_error.h"
 
 #include <QtCore/QStringList>

@@ -9,6 +9,11 @@
 #include <QtCore/QTimer>
 
 #include <nlohmann/json.hpp>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <thread>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -152,8 +157,15 @@ private slots:
             u"OpenAI API Error: "_s);
         row("compressed unasked", httpAnswer("\x1F\x8B\x08", "200 OK", "Content-Encoding: gzip\r\n"),
             u"<parse error at line 1, column 1: syntax error while parsing value - invalid literal>"_s, {});
+        row("after an interim answer", "HTTP/1.1 103 Early\r\nLink: x\r\n\r\n" + whole, variations, {});
+        row("header without end", "HTTP/1.1 200 OK\r\nX: " + QByteArray(70'000, 'x'),
+            u"<the answer of the service is malformed>"_s, {});
+        row("two lengths", "HTTP/1.1 200 OK\r\nContent-Length: 2\r\nContent-Length: 3\r\n\r\n{}",
+            u"<the answer of the service is malformed>"_s, {});
+        row("no chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n-5\r\nabcde\r\n0\r\n\r\n",
+            u"<the answer of the service is malformed>"_s, {});
         row("dropped", {}, u"<the connection was closed without an answer>"_s, {});
-        row("not HTTP", "hello\r\n\r\n", u"<the connection was closed without an answer>"_s, {});
+        row("not HTTP", "hello\r\n\r\n", u"<invalidResponse>"_s, {});
         row("cut off", "HTTP/1.1 200 OK\r\nContent-Length: 999\r\n\r\n" + list,
             u"<the connection was closed in the middle of the answer>"_s, {});
         row("cut off between chunks", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n",
@@ -214,6 +226,52 @@ private slots:
         }
     }
 
+    void readsNoMoreThanItKeeps_data()
+    {
+        const auto row = table<QByteArray, QByteArray, QString>({"start", "again", "failure"});
+        const QByteArray chunk = "10000\r\n" + QByteArray(65536, 'x') + "\r\n";
+        const QByteArray chunked = "Transfer-Encoding: chunked\r\n\r\n";
+        const QString tooLong = u"<the answer of the service is longer than 4194304 bytes>"_s;
+        row("chunks", "HTTP/1.1 200 OK\r\n" + chunked, chunk, tooLong);
+        row("until closed", "HTTP/1.1 200 OK\r\n\r\n", chunk, tooLong);
+        row("interim answers", {}, "HTTP/1.1 100 Continue\r\nX: y\r\n\r\n", u"<invalidResponse>"_s);
+        row("one header", "HTTP/1.1 200 OK\r\nX: ", QByteArray(65536, 'x'),
+            u"<the answer of the service is malformed>"_s);
+        row("a refusal", "HTTP/1.1 500 Oh\r\n" + chunked, chunk,
+            u"<apiError(\""_s + QString(64 << 10, u'x') + u"…\")>"_s);
+    }
+
+    /// A server that sends as fast as it can, in a thread of its own: what it gets rid of is what is read.
+    void readsNoMoreThanItKeeps()
+    {
+        QFETCH(QByteArray, start);
+        QFETCH(QByteArray, again);
+        ConsoleCapture console;
+        QTcpServer listener;
+        QVERIFY(listener.listen(QHostAddress::LocalHost));
+        listener.pauseAccepting();
+        const int listening = static_cast<int>(listener.socketDescriptor());
+        constexpr qint64 plenty = 256 << 20;
+        qint64 sent = 0;
+        std::jthread server([&] {
+            pollfd caller{.fd = listening, .events = POLLIN, .revents = 0};
+            ::poll(&caller, 1, -1);
+            const int connection = ::accept(listening, nullptr, nullptr);
+            const auto send = [&](const QByteArray &bytes) {
+                const auto size = static_cast<size_t>(bytes.size());
+                return ::send(connection, bytes.data(), size, MSG_NOSIGNAL) == bytes.size();
+            };
+            for (bool goesOn = send(start); goesOn && sent < plenty; sent += again.size())
+                goesOn = send(again);
+            ::close(connection);
+        });
+        OpenAIService service(u"http://127.0.0.1:%1/v1"_s.arg(listener.serverPort()));
+        QTEST(ask(service), "failure");
+        server.join();
+        // The system's own buffers take some megabytes.
+        QVERIFY2(sent < 32 << 20, qPrintable(QString::number(sent)));
+    }
+
     void verifiesCertificates()
     {
         const QSslConfiguration tls = makeSelfSignedTls();
@@ -221,7 +279,8 @@ private slots:
         const QByteArray list = "[{\"a\":\"" + QByteArray(4'000'000, 'x') + "\"}]";
         const TestServer server(TestServer::always(chatAnswer(list)), &tls);
         OpenAIService service(u"https://127.0.0.1:%1/v1"_s.arg(server.port()));
-        QCOMPARE(ask(service), u"<SSL handshake failed: The certificate is self-signed, and untrusted>"_s);
+        QCOMPARE(ask(service),
+                 u"<no secure connection could be made: The certificate is self-signed, and untrusted>"_s);
         QCOMPARE(server.requests().size(), 0);
 
         const QSslConfiguration usual = QSslConfiguration::defaultConfiguration();
