@@ -77,38 +77,6 @@ private slots:
         QVERIFY(!misdirected.err.contains("secret"));
     }
 
-    void endlessAnswers()
-    {
-        const auto send = [](QTcpSocket *socket) {
-            const QByteArray data(1 << 20, 'x');
-            while (socket->bytesToWrite() < 8 * data.size())
-                socket->write("100000\r\n" + data + "\r\n");
-        };
-        const TestServer server([send](QTcpSocket *socket) {
-            connect(socket, &QTcpSocket::bytesWritten, socket, [=] { send(socket); });
-            socket->write("HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n");
-        });
-        use(server);
-        m_tool->setVariable(u"OPENAI_API_KEY"_s, u"key"_s);
-        const auto process = m_tool->prepare(command);
-        process->start();
-        qint64 peak = 0; // kilobytes
-        QTRY_VERIFY_WITH_TIMEOUT(
-            [&] {
-                QFile status(u"/proc/%1/status"_s.arg(process->processId()));
-                if (status.open(QIODevice::ReadOnly)) {
-                    const QByteArray all = status.readAll();
-                    const qsizetype at = all.indexOf("VmHWM:") + 6;
-                    peak = std::max(peak, all.mid(at, all.indexOf("kB", at) - at).trimmed().toLongLong());
-                }
-                return process->state() == QProcess::NotRunning;
-            }(),
-            60'000);
-        const Outcome outcome = Tool::finish(*process);
-        QVERIFY2(outcome.failed(1, u"longer than 4194304 bytes"_s), outcome.all());
-        QVERIFY2(peak > 10'000 && peak < 200'000, qPrintable(QString::number(peak)));
-    }
-
     void interruptedWhileWaiting()
     {
         const TestServer server([](QTcpSocket *) {});
