@@ -1,6 +1,7 @@
 #include "app/cli/ai_request.h"
 
 #include "app/cli/interruption.h"
+#include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "content/openai_service.h"
 #include "content/slideshow_generator.h"
@@ -55,6 +56,8 @@ Result<QStringList> askForVariations(const QString &prompt, const QString &conte
         QCoro::waitFor(service->generateVariations(*key, prompt, content, count));
     if (!variations)
         return fail(explained(variations.error()));
+    if (variations->size() < count)
+        report(u"the AI service wrote %1 of %2 variations"_s.arg(variations->size()).arg(count));
     return *std::move(variations);
 }
 

@@ -53,11 +53,8 @@ Result<QStringList> batchContents(const BatchRequest &request, const Interruptio
 {
     if (!request.usesAi)
         return QStringList(request.count, request.content);
-    const Result<QStringList> written = askForVariations(request.prompt.value_or(defaultPrompt()),
-                                                         request.content, request.count, interruption);
-    if (written && written->size() < request.count)
-        report(u"the AI service wrote %1 of %2 variations"_s.arg(written->size()).arg(request.count));
-    return written;
+    return askForVariations(request.prompt.value_or(defaultPrompt()), request.content, request.count,
+                            interruption);
 }
 
 QRandomGenerator randomSource(std::optional<quint64> seed)

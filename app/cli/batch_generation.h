@@ -31,8 +31,7 @@ std::vector<OptionSpec> batchOptions();
 /// Understands them and reads the content. Reports what is wrong; the error is the exit status.
 std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments);
 
-/// The slide contents of the slideshows: the request's, or what the AI service writes. Reports when those are
-/// fewer.
+/// The slide contents of the slideshows: the request's, or what the AI service writes.
 Result<QStringList> batchContents(const BatchRequest &request, const Interruption &interruption);
 
 /// Where the pictures are drawn by lot from.

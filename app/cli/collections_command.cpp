@@ -1,4 +1,5 @@
 #include "app/cli/commands.h"
+#include "app/cli/left_out.h"
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/record_json.h"
@@ -39,14 +40,21 @@ int changeMembers(const Arguments &arguments, Change change)
     const Result<Collection *> collection = findCollection(**store, arguments.positionals().first());
     if (!collection)
         return failedWith(collection.error());
-    int status = done;
-    for (const QString &name : arguments.positionals().sliced(1)) {
+    qsizetype unchanged = 0;
+    const QStringList names = arguments.positionals().sliced(1);
+    for (const QString &name : names) {
         const Result<Asset *> asset = findAsset(**store, name);
         const Result<> changed = asset ? change(*asset, *collection) : std::unexpected(asset.error());
-        if (!changed)
-            status = failedWith(changed.error());
+        if (!changed) {
+            report(changed.error().message);
+            ++unchanged;
+        }
     }
-    return saveLibrary(**store) ? status : failed;
+    if (!saveLibrary(**store))
+        return failed;
+    LeftOut leftOut;
+    leftOut.note(unchanged, names.size(), u"assets were left as they are"_s);
+    return leftOut.report();
 }
 
 int add(const Arguments &arguments)

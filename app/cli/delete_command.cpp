@@ -1,4 +1,5 @@
 #include "app/cli/commands.h"
+#include "app/cli/left_out.h"
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/record_lookup.h"
@@ -20,14 +21,20 @@ int deleteEach(const Arguments &arguments, Find find, Delete deleteFound)
     const auto store = openLibraryToChange(arguments);
     if (!store)
         return failedWith(store.error());
-    int status = done;
+    qsizetype missing = 0;
     for (const QString &name : arguments.positionals()) {
-        if (const auto found = find(**store, name))
+        if (const auto found = find(**store, name)) {
             deleteFound(**store, *found);
-        else
-            status = failedWith(found.error());
+        } else {
+            report(found.error().message);
+            ++missing;
+        }
     }
-    return saveLibrary(**store) ? status : failed;
+    if (!saveLibrary(**store))
+        return failed;
+    LeftOut leftOut;
+    leftOut.note(missing, arguments.positionals().size(), u"could not be deleted"_s);
+    return leftOut.report();
 }
 
 void removeRecord(Store &store, Record *record)

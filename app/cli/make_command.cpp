@@ -3,6 +3,7 @@
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
 #include "app/cli/picture_arguments.h"
+#include "app/cli/progress.h"
 #include "app/cli/slide_export.h"
 #include "content/batch_name.h"
 #include "content/slide_content.h"
@@ -19,6 +20,9 @@ namespace mosslantern {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Costs the least to decode.
+constexpr PictureRequest smallest{.cover = {1, 1}};
 
 /// Draws pictures by lot. One that cannot be read is reported, and another drawn.
 class PictureLot
@@ -37,12 +41,12 @@ public:
             const QString file = m_files[place(m_random)];
             if (m_known.contains(file))
                 return file;
-            if (const Result<PictureInfo> info = readPictureInfo(file); info) {
+            const Result<Picture> picture = loadPicture(file, smallest);
+            if (picture) {
                 m_known.insert(file);
                 return file;
-            } else {
-                report(file + u": "_s + info.error().message);
             }
+            report(file + u": "_s + picture.error().message);
             m_files.removeOne(file);
             ++m_unreadable;
         }
@@ -94,10 +98,15 @@ int makeSlides(const BatchRequest &request, const PictureArguments &found, const
 
     PictureLot pictures(found.files, request.seed);
     std::vector<std::vector<SlideJob>> slideshows;
-    for (const QString &content : *contents) {
-        if (auto jobs = slidesOf(content, request.design, pictures); !jobs.empty())
+    std::optional<Progress> progress(std::in_place, u"slideshows prepared"_s);
+    for (qsizetype i = 0; i < contents->size() && !interruption.isRequested(); ++i) {
+        if (auto jobs = slidesOf(contents->at(i), request.design, pictures); !jobs.empty())
             slideshows.push_back(std::move(jobs));
+        progress->show(i + 1, contents->size());
     }
+    progress.reset();
+    if (interruption.isRequested())
+        return interruption.exitStatus(failed);
     if (slideshows.empty())
         return failedWith({pictures.unreadable() == found.files.size()
                                ? u"None of the pictures can be read."_s
@@ -107,15 +116,13 @@ int makeSlides(const BatchRequest &request, const PictureArguments &found, const
     const QString name = request.batchName.isEmpty()
                              ? defaultBatchName(QDateTime::currentDateTime(), userDateLocale())
                              : request.batchName;
-    const int exported = exportJobs(slideshows, out + u'/' + batchFolderName(name), interruption);
-    if (interruption.isRequested())
-        return interruption.exitStatus(failed);
     LeftOut leftOut;
     leftOut.note(contents->size() - qsizetype(slideshows.size()), contents->size(),
                  u"variations hold no slides"_s);
     leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
                  u"pictures could not be read"_s);
-    return std::max(exported, leftOut.report());
+    return interruption.exitStatus(
+        exportJobs(slideshows, out + u'/' + batchFolderName(name), leftOut, interruption));
 }
 
 int make(const Arguments &arguments)

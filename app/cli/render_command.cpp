@@ -1,6 +1,7 @@
 #include "app/cli/commands.h"
 #include "app/cli/design_options.h"
 #include "app/cli/interruption.h"
+#include "app/cli/left_out.h"
 #include "app/cli/output.h"
 #include "app/cli/picture_arguments.h"
 #include "app/cli/progress.h"
@@ -58,9 +59,10 @@ Result<QStringList> chooseFiles(const PictureArguments &pictures, const QString 
     return files;
 }
 
-/// Draws each picture into its file. Gives the exit status.
+/// Draws each picture into its file; `missing` are those that are not among `pictures`. Gives the exit
+/// status.
 int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &pictures,
-            const QStringList &files)
+            const QStringList &files, qsizetype missing)
 {
     std::vector<SlideJob> jobs;
     for (const QString &picture : pictures)
@@ -69,18 +71,23 @@ int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &
     const Interruption interruption;
     if (!files.isEmpty())
         removeAbandonedFiles(QFileInfo(files.constFirst()).path());
-    int status = done;
     QStringList written;
+    qsizetype failures = missing;
     {
         Progress progress(u"slides"_s);
         const auto write = [&](size_t index, const EncodedSlide &slide) {
             const auto i = static_cast<qsizetype>(index);
+            QString problem;
             if (!slide.pictureProblem.isEmpty())
-                status = failedWith({pictures[i] + u": "_s + slide.pictureProblem});
+                problem = pictures[i] + u": "_s + slide.pictureProblem;
             else if (const Result<> outcome = writePngFile(files[i], slide); !outcome)
-                status = failedWith(outcome.error());
+                problem = outcome.error().message;
             else
                 written.append(files[i]);
+            if (!problem.isEmpty()) {
+                report(problem);
+                ++failures;
+            }
             progress.show(i + 1, files.size());
             return !interruption.isRequested();
         };
@@ -88,7 +95,11 @@ int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &
     }
     for (const QString &file : written)
         writeRow({file});
-    return interruption.exitStatus(status);
+    if (interruption.isRequested())
+        return interruption.exitStatus(failed);
+    LeftOut leftOut;
+    leftOut.note(failures, pictures.size() + missing, u"pictures were not drawn"_s);
+    return leftOut.report();
 }
 
 int render(const Arguments &arguments)
@@ -127,8 +138,7 @@ int render(const Arguments &arguments)
                              .subtitlePos = design.subtitlePos,
                              .subtitleScale = design.subtitleScale,
                              .boxColor = design.boxColor};
-    const int status = drawAll(values, canvas, pictures.files, *files);
-    return status == done && !pictures.problems.isEmpty() ? failed : status;
+    return drawAll(values, canvas, pictures.files, *files, pictures.problems.size());
 }
 
 std::vector<OptionSpec> renderOptions()

@@ -1,7 +1,6 @@
 #include "app/cli/slide_export.h"
 
 #include "app/cli/interruption.h"
-#include "app/cli/left_out.h"
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "model/slideshow.h"
@@ -42,14 +41,16 @@ public:
     /// An exporter that goes away while it waits gives up.
     void giveUp() { m_exporter.reset(); }
 
-    /// Tells what was left out; the exit status.
-    int finish()
+    /// Tells why it ended early, if it did, and what was left out, beside what the command left out before.
+    /// Gives the exit status.
+    int finish(const Result<> &exported, LeftOut leftOut = {})
     {
         m_progress.reset();
-        LeftOut leftOut;
+        if (!exported)
+            report(exported.error().message);
         leftOut.note(m_total - m_written, m_total, u"slides were not written"_s);
         leftOut.note(m_withoutPicture, m_total, u"slides were drawn without their picture"_s);
-        return leftOut.report();
+        return std::max<int>(leftOut.report(), exported ? done : failed);
     }
 
 private:
@@ -74,10 +75,9 @@ int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, con
     const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshows(slideshows, absolute(folder)));
     if (interruption.isRequested())
         return failed;
-    const int status = run.finish();
-    if (!exported)
-        return failedWith(exported.error());
-    writeRow({absolute(folder) + u'/' + batchFolderName(slideshows.first()->batchName())});
+    const int status = run.finish(exported);
+    if (exported)
+        writeRow({absolute(folder) + u'/' + batchFolderName(slideshows.first()->batchName())});
     return status;
 }
 
@@ -85,25 +85,23 @@ int exportSingle(const Slideshow &slideshow, const QString &folder)
 {
     ReportedExport run;
     const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshow(slideshow, absolute(folder)));
-    const int status = run.finish();
-    if (!exported)
-        return failedWith(exported.error());
-    writeRow({absolute(folder)});
+    const int status = run.finish(exported);
+    if (exported)
+        writeRow({absolute(folder)});
     return status;
 }
 
 int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
-               const Interruption &interruption)
+               const LeftOut &leftOut, const Interruption &interruption)
 {
     ReportedExport run;
     const Result<> exported =
         run.exporter()->exportJobs(slideshows, absolute(folder), [&] { return !interruption.isRequested(); });
     if (interruption.isRequested())
         return failed;
-    const int status = run.finish();
-    if (!exported)
-        return failedWith(exported.error());
-    writeRow({absolute(folder)});
+    const int status = run.finish(exported, leftOut);
+    if (exported)
+        writeRow({absolute(folder)});
     return status;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/cli/left_out.h"
 #include "model/batch_groups.h"
 #include "model/error.h"
 #include "render/export/slide_job.h"
@@ -16,9 +17,10 @@ class Interruption;
 int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder,
                 const Interruption &interruption);
 
-/// Exports slides that are in no library, a folder of its own for each slideshow, all in `folder`.
+/// Exports slides that are in no library, a folder of its own for each slideshow, all in `folder`. Tells what
+/// the command has left out, too.
 int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
-               const Interruption &interruption);
+               const LeftOut &leftOut, const Interruption &interruption);
 
 /// Exports one slideshow straight into `folder` in the same manner.
 int exportSingle(const Slideshow &slideshow, const QString &folder);

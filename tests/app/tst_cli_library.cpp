@@ -189,6 +189,7 @@ private slots:
         QCOMPARE(deleted.status, 1);
         QVERIFY(deleted.error().startsWith(u"Deleting dependent slideshow: "_s + dependentId));
         QVERIFY(deleted.error().contains(u"There is no asset “nothing”."_s));
+        QVERIFY(deleted.err.endsWith("\nmosslantern-cli: 1 of 2 could not be deleted\n"));
         QCOMPARE(array(u"list assets --json"_s).size(), 1);
         QCOMPARE(array(u"list batches --json"_s)[0][u"name"_s], u"Kept"_s);
         QVERIFY(QFile::exists(assets[0][u"file"_s].toString()));
@@ -233,7 +234,7 @@ private slots:
         QVERIFY(QFile::exists(m_tool->path(u"out/B/Slideshow_1/Slide_3.png"_s)));
 
         QVERIFY(QDir(m_tool->path(u"library/Slideshows"_s)).removeRecursively());
-        const Outcome bare = run(u"export --batch B --to bare"_s);
+        const Outcome bare = run(u"export --batch \u200E\u00A0B --to bare"_s);
         QCOMPARE(bare.status, 1);
         QVERIFY(bare.err.endsWith("\nmosslantern-cli: 3 of 3 slides were drawn without their picture\n"));
 

@@ -77,6 +77,8 @@ private slots:
         QVERIFY(!QFile::exists(m_tool->path(u"out/broken.png"_s)));
         for (const char *const reported : {"b/broken.png: ", "missing.png: ", "“out/Photo-2.png”"})
             QVERIFY2(outcome.err.contains(reported), outcome.err.constData());
+        QVERIFY2(outcome.err.endsWith("\nmosslantern-cli: 2 of 5 pictures were not drawn\n"),
+                 outcome.err.constData());
     }
 
     void aPictureIsNeverReplaced()
@@ -115,6 +117,26 @@ private slots:
         const Outcome nothing = m_tool->run(u"make --images empty --content - --out out2"_s, "one");
         QVERIFY2(nothing.failed(1, u"no pictures in “empty”"_s), nothing.all());
         QVERIFY(m_tool->files(u"out2"_s).isEmpty());
+    }
+
+    void onlyWhatIsDrawnIsRead()
+    {
+        m_tool->writePicture(u"pictures/red.jpg"_s, Qt::red);
+        const QByteArray red = m_tool->read(u"pictures/red.jpg"_s);
+        m_tool->write(u"pictures/cut.jpg"_s, red.first(red.indexOf("\xFF\xDA") + 20)); // a sound header
+        m_tool->write(u"pictures/none.jpg"_s, "none");
+        int clean = 0;
+        for (int seed = 0; seed < 12; ++seed) {
+            const Outcome made = m_tool->run(
+                u"make --images pictures --content - --out out --shape 1:1 --batch-name B --seed %1"_s.arg(
+                    seed),
+                "one");
+            QCOMPARE(color(u"out/B/Slideshow_1/Slide_1.png"_s).red(), 254);
+            QCOMPARE(made.status, made.err.isEmpty() ? 0 : 1);
+            QCOMPARE(made.lines().size(), 1);
+            clean += made.err.isEmpty() ? 1 : 0;
+        }
+        QVERIFY2(clean > 0 && clean < 12, qPrintable(QString::number(clean)));
     }
 
     void interruptingLeavesNothingBehind_data()

@@ -85,6 +85,13 @@ private slots:
              {u"en_US.UTF-8"_s, u"en_US@calendar="_s, u"en_US@numbers=x"_s, QString(158, u'a')})
             QCOMPARE(defaultBatchName(morning, locale), u"Batch 1/2/2026, 7:03 AM"_s);
         QCOMPARE(defaultBatchName(morning, u"de_DE.UTF-8@euro"_s), u"Batch 2.1.2026, 07:03"_s);
+        for (const QString &locale : {u"ar_EG"_s, u"fa_IR"_s, u"he_IL"_s, u"fr_CA"_s}) {
+            const QString name = defaultBatchName(morning, locale);
+            const auto isPlain = [](QChar c) {
+                return c == u' ' || !(c.isSpace() || c.category() == QChar::Other_Format);
+            };
+            QVERIFY2(std::ranges::all_of(name, isPlain), qPrintable(name));
+        }
     }
 
     void truncatesCounts()

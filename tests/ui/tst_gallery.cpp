@@ -77,6 +77,7 @@ private slots:
     void asksBeforeItDeletesABatch();
     void exportsABatch();
     void reportsAFailedExport();
+    void tellsWhatWasNotWritten();
     void survivesWhatGoesWhileItExports();
     void opensTheEditorAndShowsWhatItChanged();
     void keepsTheShapeOfTheCanvas_data();
@@ -227,6 +228,27 @@ void GalleryTest::reportsAFailedExport()
     QVERIFY(session().panels().openedFolders().isEmpty());
     QVERIFY(session().click(u"slideshowCard"_s));
     QVERIFY(gallery().selectedSlideshow());
+}
+
+void GalleryTest::tellsWhatWasNotWritten()
+{
+    add(u"A"_s, 3);
+    QVERIFY(openGallery());
+    const QString base = session().library().path(u"out"_s);
+    QVERIFY(QDir().mkpath(base + u"/A/Slideshow_1/Slide_2.png"_s));
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(session().click(u"exportBatch"_s));
+        session().panels().answerFolder(base);
+        QVERIFY(session().findText(u"Exporting..."_s));
+        QTRY_VERIFY(!gallery().isExporting());
+        QVERIFY(session().findText(u"Some slides could not be written"_s));
+        QCOMPARE(texts(u"exportProgress"_s), QStringList{u"2 of 3 slides written, 1 could not be"_s});
+        // The key ends it, and does nothing beneath.
+        session().key(Qt::Key_Delete);
+        QTRY_VERIFY(!session().find(u"exportOverlay"_s));
+        QCOMPARE(store().all<Slideshow>().size(), 1u);
+        QTRY_VERIFY(session().find(u"exportBatch"_s)->hasActiveFocus());
+    }
 }
 
 void GalleryTest::survivesWhatGoesWhileItExports()

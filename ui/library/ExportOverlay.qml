@@ -2,17 +2,22 @@ import QtQuick
 import Mosslantern.Common
 import Mosslantern.Library
 
-/// Lies over the gallery while a batch is exported and keeps the pointer and the keys away from it.
+/// Lies over the gallery while a batch is exported and keeps the pointer and the keys away from it. When slides were left
+/// out, it stays a little longer to tell; a click or a key ends that.
 FocusScope {
     id: root
 
     required property GalleryView gallery
 
-    visible: gallery.isExporting
+    visible: gallery.isExporting || gallery.isTellingOutcome
     Accessible.role: Accessible.AlertMessage
     Accessible.name: label.text
     Accessible.description: progress.text
-    Keys.onPressed: (event) => event.accepted = ![Qt.Key_Tab, Qt.Key_Backtab].includes(event.key)
+    Keys.onPressed: (event) => {
+        event.accepted = ![Qt.Key_Tab, Qt.Key_Backtab].includes(event.key)
+        if (event.accepted && gallery.isTellingOutcome)
+            gallery.forgetOutcome()
+    }
 
     Rectangle {
         anchors.fill: parent
@@ -23,6 +28,7 @@ FocusScope {
         acceptedButtons: Qt.AllButtons
         hoverEnabled: true
         onWheel: (wheel) => wheel.accepted = true
+        onClicked: if (root.gallery.isTellingOutcome) root.gallery.forgetOutcome()
     }
     Column {
         anchors.centerIn: parent
@@ -32,6 +38,7 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 36
             height: 36
+            visible: root.gallery.isExporting
             color: Theme.overlayText
             isStepping: false
 
@@ -51,7 +58,7 @@ FocusScope {
                 id: label
                 objectName: "exportingLabel"
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: qsTr("Exporting...")
+                text: root.gallery.isExporting ? qsTr("Exporting...") : qsTr("Some slides could not be written")
                 color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim
@@ -63,7 +70,11 @@ FocusScope {
                 id: progress
                 objectName: "exportProgress"
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: qsTr("%1 of %2 slides written").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
+                text: {
+                    const written = qsTr("%1 of %2 slides written").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
+                    const leftOut = root.gallery.slidesLeftOut
+                    return leftOut > 0 ? qsTr("%1, %2 could not be").arg(written).arg(leftOut) : written
+                }
                 color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim

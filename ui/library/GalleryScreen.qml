@@ -80,7 +80,6 @@ FocusScope {
         objectName: "gallery"
         context: root.context
         onSelectedSlideshowChanged: root.showSelectedSlideshow()
-        onIsExportingChanged: root.yieldToExport()
     }
     GalleryGrid {
         id: grid
@@ -108,7 +107,7 @@ FocusScope {
         clip: true
         focus: true
         activeFocusOnTab: grid.current !== null
-        enabled: !gallery.isExporting
+        enabled: !overlay.visible
         boundsBehavior: Flickable.StopAtBounds
         Accessible.role: Accessible.List
         Accessible.name: root.Accessible.name
@@ -181,6 +180,7 @@ FocusScope {
         objectName: "exportOverlay"
         anchors.fill: parent
         gallery: gallery
+        onVisibleChanged: root.yieldToExport()
 
         property Item returnsTo
     }
@@ -221,7 +221,7 @@ FocusScope {
     }
 
     function yieldToExport() {
-        if (gallery.isExporting)
+        if (overlay.visible)
             overlay.focus = true
         else if (overlay.returnsTo)
             overlay.returnsTo.focus = true

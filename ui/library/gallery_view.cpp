@@ -4,11 +4,16 @@
 #include "render/export/bulk_exporter.h"
 #include "ui/common/file_panels.h"
 
+#include <chrono>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Long enough to look up from something else and read a line.
+constexpr std::chrono::seconds outcomeTime(8);
 
 bool isThere(const QPointer<Slideshow> &slideshow)
 {
@@ -37,7 +42,10 @@ int slideCount(const QList<Slideshow *> &slideshows)
 
 GalleryView::GalleryView(QObject *parent)
     : QObject(parent)
-{}
+{
+    m_outcome.setSingleShot(true);
+    connect(&m_outcome, &QTimer::timeout, this, &GalleryView::forgetOutcome);
+}
 
 void GalleryView::setContext(ScreenContext *context)
 {
@@ -108,11 +116,13 @@ QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<Screen
             context->filePanels().openFolder(path);
     });
     int expected = slideCount(slideshows);
-    int soFar = 0;
-    connect(&exporter, &BulkExporter::progressed, &exporter, [&](int written, int, int total) {
+    int writtenBefore = 0;
+    int leftOutBefore = 0;
+    connect(&exporter, &BulkExporter::progressed, &exporter, [&](int written, int leftOut, int total) {
         if (self)
-            self->noteProgress(written - soFar, total - expected);
-        soFar = written;
+            self->noteProgress(written - writtenBefore, leftOut - leftOutBefore, total - expected);
+        writtenBefore = written;
+        leftOutBefore = leftOut;
         expected = total;
     });
     if (self)
@@ -127,23 +137,38 @@ QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<Screen
 
 void GalleryView::beginExport(int slides)
 {
+    if (isTellingOutcome())
+        forgetOutcome();
     ++m_runningExports;
-    noteProgress(0, slides);
+    noteProgress(0, 0, slides);
     setIsExporting(true);
 }
 
-void GalleryView::noteProgress(int done, int more)
+void GalleryView::noteProgress(int done, int leftOut, int more)
 {
     m_exportedSlides += done;
+    m_slidesLeftOut += leftOut;
     m_slidesToExport += more;
     emit exportProgressed();
 }
 
 void GalleryView::endExport()
 {
+    --m_runningExports;
+    if (m_runningExports == 0 && m_slidesLeftOut > 0) {
+        m_outcome.start(outcomeTime);
+        emit isTellingOutcomeChanged();
+    } else if (m_runningExports == 0) {
+        noteProgress(-m_exportedSlides, 0, -m_slidesToExport);
+    }
     setIsExporting(false);
-    if (--m_runningExports == 0)
-        noteProgress(-m_exportedSlides, -m_slidesToExport);
+}
+
+void GalleryView::forgetOutcome()
+{
+    m_outcome.stop();
+    noteProgress(-m_exportedSlides, -m_slidesLeftOut, -m_slidesToExport);
+    emit isTellingOutcomeChanged();
 }
 
 void GalleryView::setIsExporting(bool isExporting)

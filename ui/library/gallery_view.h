@@ -7,6 +7,7 @@
 
 #include <QCoroTask>
 #include <QtCore/QPointer>
+#include <QtCore/QTimer>
 
 #include <optional>
 
@@ -25,6 +26,8 @@ class GalleryView : public QObject
     Q_PROPERTY(bool isExporting READ isExporting NOTIFY isExportingChanged)
     Q_PROPERTY(int exportedSlides READ exportedSlides NOTIFY exportProgressed)
     Q_PROPERTY(int slidesToExport READ slidesToExport NOTIFY exportProgressed)
+    Q_PROPERTY(int slidesLeftOut READ slidesLeftOut NOTIFY exportProgressed)
+    Q_PROPERTY(bool isTellingOutcome READ isTellingOutcome NOTIFY isTellingOutcomeChanged)
     Q_PROPERTY(bool showingDeleteBatchAlert READ showingDeleteBatchAlert WRITE setShowingDeleteBatchAlert
                    NOTIFY showingDeleteBatchAlertChanged)
     Q_PROPERTY(QString nameOfBatchToDelete READ nameOfBatchToDelete NOTIFY batchToDeleteChanged)
@@ -52,6 +55,13 @@ public:
     /// Of all exports that are running.
     int exportedSlides() const { return m_exportedSlides; }
     int slidesToExport() const { return m_slidesToExport; }
+    /// Slides that could not be written.
+    int slidesLeftOut() const { return m_slidesLeftOut; }
+
+    /// Whether the counts are those of exports that have ended and left slides out: until forgetOutcome(),
+    /// for a few seconds, or until another export begins.
+    bool isTellingOutcome() const { return m_outcome.isActive(); }
+    Q_INVOKABLE void forgetOutcome();
 
     /// Asks for a folder and writes the slides of a batch into it.
     void exportBatch(const BatchGroup &batch);
@@ -84,6 +94,7 @@ signals:
     void selectedSlideshowChanged();
     void isExportingChanged();
     void exportProgressed();
+    void isTellingOutcomeChanged();
     void showingDeleteBatchAlertChanged();
     void batchToDeleteChanged();
     /// The next change of what is shown is to be seen as a movement.
@@ -103,7 +114,7 @@ private:
     static QCoro::Task<> runExport(QPointer<GalleryView> self, QPointer<ScreenContext> context,
                                    Presented presented, QString folder);
     void beginExport(int slides);
-    void noteProgress(int done, int more);
+    void noteProgress(int done, int leftOut, int more);
     void endExport();
     void setIsExporting(bool isExporting);
 
@@ -115,6 +126,8 @@ private:
     int m_runningExports = 0;
     int m_exportedSlides = 0;
     int m_slidesToExport = 0;
+    int m_slidesLeftOut = 0;
+    QTimer m_outcome;
     bool m_showingDeleteBatchAlert = false;
     std::optional<PresentedBatch> m_batchToDelete;
 };
