@@ -75,6 +75,21 @@ Result<> copyIntoFolder(const QString &from, const QString &folder, const QStrin
     if (error)
         return failure(u"The folder “%1” could not be created: %2"_s, folder, error.value());
 
+    const QString target = folder + u'/' + name;
+    PartialFile copy(folder, S_IRUSR | S_IWUSR);
+    if (const Result<> copied = copyInto(copy, from, target); !copied)
+        return copied;
+    // Begun now, writing to the disk takes no time when somebody asks for it.
+    ::sync_file_range(copy.descriptor(), 0, 0, SYNC_FILE_RANGE_WRITE);
+    if (!copy.commit(name))
+        return failure(u"“%1” could not be written: %2"_s, target, errno);
+    return {};
+}
+
+Result<> copyInto(PartialFile &copy, const QString &from, const QString &target)
+{
+    if (!copy.isOpen())
+        return failure(u"“%1” could not be written: %2"_s, target, errno);
     // Without O_NONBLOCK, opening a named pipe would wait for a writer.
     const File source(from, O_RDONLY | O_NONBLOCK);
     struct stat status = {};
@@ -82,14 +97,7 @@ Result<> copyIntoFolder(const QString &from, const QString &folder, const QStrin
         return failure(u"“%1” could not be read: %2"_s, from, errno);
     if (!S_ISREG(status.st_mode))
         return failure(u"“%1” could not be read: %2"_s, from, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-
-    const QString target = folder + u'/' + name;
-    PartialFile copy(folder, S_IRUSR | S_IWUSR);
-    if (!copy.isOpen() || !copyBytes(source.descriptor(), copy.descriptor()))
-        return failure(u"“%1” could not be written: %2"_s, target, errno);
-    // Begun now, writing to the disk takes no time when somebody asks for it.
-    ::sync_file_range(copy.descriptor(), 0, 0, SYNC_FILE_RANGE_WRITE);
-    if (!copy.commit(name))
+    if (!copyBytes(source.descriptor(), copy.descriptor()))
         return failure(u"“%1” could not be written: %2"_s, target, errno);
     return {};
 }

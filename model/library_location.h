@@ -21,6 +21,9 @@ public:
     /// The file of the records.
     QString storeFile() const { return m_storeFile; }
 
+    /// The folder of the copies of that file, beside it.
+    QString copyFolder() const { return m_storeFile + QLatin1StringView("-copies"); }
+
     /// The folder "Assets" of the documents folder, one file per imported asset; empty when there is no
     /// documents folder.
     QString assetFolder() const;

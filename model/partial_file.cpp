@@ -1,6 +1,5 @@
 #include "model/partial_file.h"
 
-#include <QtCore/QFile>
 #include <QtCore/QUuid>
 
 #include <dirent.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QString>
+#include <QtCore/QFile>
 
 #include <sys/types.h>
 
@@ -20,6 +20,8 @@ public:
     /// False with errno set when the file could not be made.
     bool isOpen() const { return m_descriptor >= 0; }
     int descriptor() const { return m_descriptor; }
+    /// Where it is until it gets its name.
+    QString path() const { return QFile::decodeName(m_path); }
 
     /// Closes the file and gives it a name in its folder, in place of any file of that name; false with errno
     /// set when that fails.

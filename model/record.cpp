@@ -11,7 +11,6 @@ Record::Record(RecordKind kind)
 
 Record::Record(RecordKind kind, const StoredIdentity &identity)
     : m_kind(kind)
-    , m_isSaved(true)
     , m_id(identity.m_id)
     , m_row(identity.m_row)
 {}

@@ -50,6 +50,9 @@ public:
     /// The store that keeps the record; null before it is inserted and after it is removed.
     Store *store() const { return m_store; }
 
+    /// The hash of the row in which the record was last saved; 0 before that.
+    quint64 savedHash() const { return m_savedHash; }
+
     /// Place in the store's own order, which is that of insertion and outlives the process: ascending from 1,
     /// with gaps; 0 before the record is inserted.
     qint64 row() const { return m_row; }
@@ -82,6 +85,7 @@ protected:
     void noteRelationChanged();
 
 private:
+    friend class RecordReader;
     friend class Store;
 
     /// Unties the record from all that point to it, and it from the lists that hold it.
@@ -91,9 +95,9 @@ private:
     virtual void entered();
 
     RecordKind m_kind;
-    bool m_isSaved = false;
     QUuid m_id;
     qint64 m_row = 0;
+    quint64 m_savedHash = 0;
     Store *m_store = nullptr;
 };
 

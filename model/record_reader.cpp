@@ -5,10 +5,14 @@
 #include "model/record_table.h"
 #include "model/slide_preset.h"
 
+#include <QtCore/QSet>
+
 #include <SQLiteCpp/Database.h>
-#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
 
 #include <limits>
+#include <set>
 
 namespace mosslantern {
 
@@ -22,39 +26,97 @@ struct Damage
     QString what;
 };
 
+struct MissingRelation : Damage
+{};
+
+/// A query of rows, read without the cost that SQLiteCpp has for every column. Throws SQLite::Exception.
+class Query
+{
+public:
+    Query(SQLite::Database &database, const std::string &text)
+        : m_database(database.getHandle())
+    {
+        if (const int code = sqlite3_prepare_v2(m_database, text.c_str(), -1, &m_statement, nullptr);
+            code != SQLITE_OK)
+            throw SQLite::Exception(m_database, code);
+    }
+    ~Query() { sqlite3_finalize(m_statement); }
+    Q_DISABLE_COPY_MOVE(Query)
+
+    sqlite3_stmt *statement() const { return m_statement; }
+
+    /// Begins anew, with another parameter.
+    void restart(qint64 parameter)
+    {
+        sqlite3_reset(m_statement);
+        sqlite3_bind_int64(m_statement, 1, parameter);
+    }
+
+    /// Whether there is another row.
+    bool step()
+    {
+        const int code = sqlite3_step(m_statement);
+        if (code != SQLITE_ROW && code != SQLITE_DONE)
+            throw SQLite::Exception(m_database, code);
+        return code == SQLITE_ROW;
+    }
+
+private:
+    sqlite3 *m_database;
+    sqlite3_stmt *m_statement = nullptr;
+};
+
 /// The columns of one row, taken from left to right.
 class Row
 {
 public:
-    Row(SQLite::Statement &statement, const char *table)
-        : m_statement(statement)
-        , m_table(table)
+    Row(const Query &query, RecordKind kind)
+        : m_statement(query.statement())
+        , m_table(tableOf(kind))
+        , m_hash(kind)
     {}
 
-    /// The place in the store's order; the last ones are left for records that follow.
-    qint64 place()
+    /// The place in the store's order, after that of the row before; the last ones are left for records that
+    /// follow.
+    qint64 place(qint64 previous)
     {
         const qint64 row = integer();
         if (row < 1 || row > std::numeric_limits<qint64>::max() / 2)
             throw damage(u"the impossible row %1"_s.arg(row));
+        if (row <= previous)
+            throw damage(u"rows in the wrong order"_s);
         return row;
     }
 
-    qint64 integer() { return next().getInt64(); }
-    double real() { return next().getDouble(); }
+    qint64 integer()
+    {
+        const qint64 value = sqlite3_column_int64(m_statement, next(SQLITE_INTEGER));
+        m_hash.add(value);
+        return value;
+    }
+
+    double real()
+    {
+        const double value = sqlite3_column_double(m_statement, next(SQLITE_FLOAT));
+        m_hash.add(value);
+        return value;
+    }
 
     QString text()
     {
-        const SQLite::Column column = next();
-        const char *const bytes = column.getText();
-        return QString::fromUtf8(bytes, column.getBytes());
+        const QByteArrayView bytes = bytesOf(next(SQLITE_TEXT));
+        m_hash.add(bytes);
+        QString text = QString::fromUtf8(bytes);
+        if (text.contains(QChar::ReplacementCharacter) && text.toUtf8() != bytes)
+            throw damage(u"a text that is not UTF-8"_s);
+        return text;
     }
 
     std::optional<QString> optionalText()
     {
         if (!isNull())
             return text();
-        ++m_column;
+        skipNull();
         return std::nullopt;
     }
 
@@ -68,17 +130,18 @@ public:
 
     QUuid uuid()
     {
-        const SQLite::Column column = next();
-        if (column.getBytes() != 16)
+        const QByteArrayView bytes = bytesOf(next(SQLITE_BLOB));
+        if (bytes.size() != 16)
             throw damage(u"an id that is not a UUID"_s);
-        return QUuid::fromRfc4122(QByteArrayView(static_cast<const char *>(column.getBlob()), 16));
+        m_hash.add(bytes);
+        return QUuid::fromRfc4122(bytes);
     }
 
     QUuid optionalUuid()
     {
         if (!isNull())
             return uuid();
-        ++m_column;
+        skipNull();
         return {};
     }
 
@@ -127,7 +190,7 @@ public:
             std::lower_bound(records.begin(), records.end(), row,
                              [](const auto &record, qint64 value) { return record->row() < value; });
         if (found == records.end() || (*found)->row() != row)
-            throw damage(u"a relation to a record that does not exist"_s);
+            throw MissingRelation{damage(u"a relation to a record that does not exist"_s)};
         return static_cast<T *>(&**found);
     }
 
@@ -136,13 +199,35 @@ public:
     {
         if (!isNull())
             return related<T>(records);
-        ++m_column;
+        skipNull();
         return nullptr;
     }
 
+    /// Of all values taken so far.
+    quint64 hash() const { return m_hash.value(); }
+
 private:
-    bool isNull() const { return m_statement.isColumnNull(m_column); }
-    SQLite::Column next() { return m_statement.getColumn(m_column++); }
+    bool isNull() const { return sqlite3_column_type(m_statement, m_column) == SQLITE_NULL; }
+
+    void skipNull()
+    {
+        m_hash.addNull();
+        ++m_column;
+    }
+
+    /// The number of the next column. Tables are strict, but not those of a damaged file.
+    int next(int type)
+    {
+        if (sqlite3_column_type(m_statement, m_column) != type)
+            throw damage(u"a value of the wrong type"_s);
+        return m_column++;
+    }
+
+    QByteArrayView bytesOf(int column) const
+    {
+        const void *const bytes = sqlite3_column_blob(m_statement, column);
+        return {static_cast<const char *>(bytes), sqlite3_column_bytes(m_statement, column)};
+    }
 
     QString checkedFilename(const QString &name) const
     {
@@ -157,9 +242,73 @@ private:
         return {u"the table “%1” holds %2"_s.arg(QLatin1StringView(m_table), what)};
     }
 
-    SQLite::Statement &m_statement;
+    sqlite3_stmt *m_statement;
     const char *m_table;
+    RowHash m_hash;
     int m_column = 0;
+};
+
+/// Goes from row to row of a table by single steps, whatever is damaged in between.
+class RowFinder
+{
+public:
+    RowFinder(SQLite::Database &database, RecordKind kind)
+        : m_database(database)
+        , m_table(tableOf(kind))
+    {}
+
+    std::set<qint64> find()
+    {
+        for (qint64 from = 0; !walk("row > ? ORDER BY row", from);) {
+            const qint64 reached = m_rows.empty() ? from : std::max(from, *m_rows.rbegin());
+            const std::optional<qint64> beyond = firstBeyond(reached);
+            if (!beyond)
+                break;
+            // Back to the far side of the gap.
+            walk("row <= ? ORDER BY row DESC", *beyond);
+            from = *beyond;
+        }
+        return std::move(m_rows);
+    }
+
+private:
+    /// Notes rows up to the first that is known or cannot be reached; whether it came to the end.
+    bool walk(const std::string &condition, qint64 bound)
+    {
+        try {
+            Query query(m_database, "SELECT row FROM " + m_table + " NOT INDEXED WHERE " + condition);
+            query.restart(bound);
+            while (query.step()) {
+                if (!m_rows.insert(sqlite3_column_int64(query.statement(), 0)).second)
+                    return true;
+            }
+            return true;
+        } catch (const SQLite::Exception &) {
+            return false;
+        }
+    }
+
+    /// The nearest row behind a gap, which is tried in ever longer steps.
+    std::optional<qint64> firstBeyond(qint64 reached)
+    {
+        constexpr qint64 farthest = std::numeric_limits<qint64>::max() / 2;
+        for (qint64 step = 1; reached < farthest && step < farthest; step *= 2) {
+            try {
+                Query query(m_database,
+                            "SELECT row FROM " + m_table + " NOT INDEXED WHERE row > ? ORDER BY row LIMIT 1");
+                query.restart(reached + step);
+                return query.step() ? std::optional(sqlite3_column_int64(query.statement(), 0))
+                                    : std::nullopt;
+            } catch (const SQLite::Exception &) {
+                continue;
+            }
+        }
+        return std::nullopt;
+    }
+
+    SQLite::Database &m_database;
+    std::string m_table;
+    std::set<qint64> m_rows;
 };
 
 } // namespace
@@ -173,61 +322,155 @@ public:
 
     StoredRecords read()
     {
+        readAll();
+        const Result<std::optional<Tallies>> saved = readTallies(m_database);
+        if (!saved)
+            throw Damage{saved.error().message};
+        for (size_t i = 0; *saved && i < m_found.tallies.size(); ++i) {
+            if (m_found.tallies[i] != (**saved)[i])
+                throw Damage{u"the table “%1” is not as it was saved"_s.arg(
+                    QLatin1StringView(tableOf(static_cast<RecordKind>(i))))};
+        }
+        return std::move(m_found);
+    }
+
+    ReadableRecords readReadable()
+    {
+        m_isTolerant = true;
+        readAll();
+        ReadableRecords readable;
+        Result<std::optional<Tallies>> saved = std::nullopt;
+        try {
+            saved = readTallies(m_database);
+        } catch (const SQLite::Exception &) {
+            readable.isDoubtful = true;
+        }
+        qint64 missing = 0;
+        for (size_t i = 0; saved && *saved && i < m_found.tallies.size(); ++i) {
+            const Tally &before = (**saved)[i];
+            const Tally &now = m_found.tallies[i];
+            missing += std::max<qint64>(before.rows - now.rows, 0);
+            readable.isDoubtful |= now != before;
+        }
+        readable.isDoubtful |= !saved;
+        readable.lost = std::max(missing, m_unreadable);
+        readable.records = std::move(m_found);
+        return readable;
+    }
+
+private:
+    void readAll()
+    {
         forEach(RecordKind::collection, [this](Row &row, const StoredIdentity &identity) {
             const QString name = row.text();
-            m_found.collections.push_back(std::make_unique<Collection>(identity, name, row.time()));
+            return keep(m_found.collections, std::make_unique<Collection>(identity, name, row.time()));
         });
         forEach(RecordKind::asset, [this](Row &row, const StoredIdentity &identity) {
             const QString filename = row.filename();
             const QString name = row.text();
-            auto *const collection = row.optionallyRelated<Collection>(m_found.collections);
-            m_found.assets.push_back(std::make_unique<Asset>(identity, filename, name, collection));
+            auto *const collection = optionallyRelated<Collection>(row, m_found.collections);
+            return keep(m_found.assets, std::make_unique<Asset>(identity, filename, name, collection));
         });
         forEach(RecordKind::slideshow,
-                [this](Row &row, const StoredIdentity &identity) { readSlideshow(row, identity); });
+                [this](Row &row, const StoredIdentity &identity) { return readSlideshow(row, identity); });
         forEach(RecordKind::slide,
-                [this](Row &row, const StoredIdentity &identity) { readSlide(row, identity); });
+                [this](Row &row, const StoredIdentity &identity) { return readSlide(row, identity); });
         forEach(RecordKind::slidePreset, [this](Row &row, const StoredIdentity &identity) {
             const QString name = row.text();
             const QDateTime createdAt = row.time();
-            m_found.slidePresets.push_back(
-                std::make_unique<SlidePreset>(identity, row.style(), name, createdAt));
+            return keep(m_found.slidePresets,
+                        std::make_unique<SlidePreset>(identity, row.style(), name, createdAt));
         });
         forEach(RecordKind::contentTemplate, [this](Row &row, const StoredIdentity &identity) {
             const QString name = row.text();
             const QString content = row.text();
-            m_found.contentTemplates.push_back(
-                std::make_unique<ContentTemplate>(identity, name, content, row.time()));
+            return keep(m_found.contentTemplates,
+                        std::make_unique<ContentTemplate>(identity, name, content, row.time()));
         });
-        return std::move(m_found);
     }
 
-private:
     template <typename Read>
     void forEach(RecordKind kind, const Read &read)
     {
-        SQLite::Statement statement(m_database, selectStatement(kind));
-        while (statement.executeStep()) {
-            Row row(statement, tableOf(kind));
-            const qint64 place = row.place();
-            read(row, StoredIdentity(row.uuid(), place));
+        if (m_isTolerant) {
+            readEachAlone(kind, read);
+            return;
+        }
+        Query query(m_database, selectStatement(kind));
+        for (qint64 previous = 0; query.step();)
+            previous = readRow(query, kind, previous, read);
+    }
+
+    /// Gives the place of the row.
+    template <typename Read>
+    qint64 readRow(const Query &query, RecordKind kind, qint64 previous, const Read &read)
+    {
+        Row row(query, kind);
+        const qint64 place = row.place(previous);
+        const QUuid id = row.uuid();
+        if (m_isTolerant && m_ids.contains(id))
+            throw Damage{};
+        Record *const record = read(row, StoredIdentity(id, place));
+        record->m_savedHash = row.hash();
+        m_found.tallies[static_cast<size_t>(kind)].add(record->m_savedHash);
+        if (m_isTolerant)
+            m_ids.insert(id);
+        return place;
+    }
+
+    template <typename Read>
+    void readEachAlone(RecordKind kind, const Read &read)
+    {
+        std::optional<Query> query;
+        for (const qint64 place : RowFinder(m_database, kind).find()) {
+            try {
+                if (!query)
+                    query.emplace(m_database, selectOneStatement(kind));
+                query->restart(place);
+                if (query->step()) {
+                    readRow(*query, kind, 0, read);
+                    continue;
+                }
+            } catch (const Damage &) {
+            } catch (const SQLite::Exception &) {
+            }
+            ++m_unreadable;
         }
     }
 
-    void readSlideshow(Row &row, const StoredIdentity &identity)
+    /// A record that is gone is none, if that is allowed.
+    template <typename T, typename Records>
+    T *optionallyRelated(Row &row, const Records &records)
+    {
+        try {
+            return row.optionallyRelated<T>(records);
+        } catch (const MissingRelation &) {
+            if (!m_isTolerant)
+                throw;
+            return nullptr;
+        }
+    }
+
+    static Record *keep(std::vector<std::unique_ptr<Record>> &records, std::unique_ptr<Record> record)
+    {
+        records.push_back(std::move(record));
+        return records.back().get();
+    }
+
+    Record *readSlideshow(Row &row, const StoredIdentity &identity)
     {
         const QDateTime createdAt = row.time();
         const std::optional<AspectRatio> aspectRatio = row.optionalAspectRatio();
-        auto *const collection = row.optionallyRelated<Collection>(m_found.collections);
+        auto *const collection = optionallyRelated<Collection>(row, m_found.collections);
         const QUuid batchId = row.optionalUuid();
-        m_found.slideshows.push_back(std::make_unique<Slideshow>(identity, createdAt, aspectRatio, collection,
-                                                                 batchId, row.optionalText()));
+        return keep(m_found.slideshows, std::make_unique<Slideshow>(identity, createdAt, aspectRatio,
+                                                                    collection, batchId, row.optionalText()));
     }
 
-    void readSlide(Row &row, const StoredIdentity &identity)
+    Record *readSlide(Row &row, const StoredIdentity &identity)
     {
         auto *const slideshow = row.related<Slideshow>(m_found.slideshows);
-        auto *const asset = row.optionallyRelated<Asset>(m_found.assets);
+        auto *const asset = optionallyRelated<Asset>(row, m_found.assets);
         const std::optional<QString> imageFilename = row.optionalFilename();
         const QString text = row.text();
         const QString subtitle = row.text();
@@ -236,11 +479,20 @@ private:
         slide->setParent(slideshow);
         slideshow->m_slides.append(slide);
         m_found.slides.push_back(slide);
+        return slide;
     }
 
     SQLite::Database &m_database;
     StoredRecords m_found;
+    bool m_isTolerant = false;
+    qint64 m_unreadable = 0; // rows
+    QSet<QUuid> m_ids;       // so far, when tolerant
 };
+
+ReadableRecords readWhatCanBeRead(SQLite::Database &database)
+{
+    return RecordReader(database).readReadable();
+}
 
 Result<StoredRecords> readRecords(SQLite::Database &database)
 {

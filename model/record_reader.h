@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/error.h"
-#include "model/record.h"
+#include "model/tally.h"
 
 #include <memory>
 
@@ -21,9 +21,22 @@ struct StoredRecords
     std::vector<Record *> slides;
     std::vector<std::unique_ptr<Record>> slidePresets;
     std::vector<std::unique_ptr<Record>> contentTemplates;
+    Tallies tallies;
 };
 
-/// Reads everything, or fails at the first value that no record can have.
+/// Reads everything, or fails at the first value that no record can have, or when the rows are not those that
+/// were saved.
 Result<StoredRecords> readRecords(SQLite::Database &database);
+
+/// What is left of a damaged file.
+struct ReadableRecords
+{
+    StoredRecords records;
+    qint64 lost = 0;         // how many are known to be missing
+    bool isDoubtful = false; // whether some may not be as they were saved
+};
+
+/// Reads every row that can be reached and that a record can have.
+ReadableRecords readWhatCanBeRead(SQLite::Database &database);
 
 } // namespace mosslantern

@@ -31,6 +31,14 @@ const Table &table(RecordKind kind)
     return tables[static_cast<size_t>(kind)];
 }
 
+std::string selectFrom(RecordKind kind)
+{
+    std::string columns = "row, id";
+    for (const std::string &column : table(kind).columns)
+        columns += ", " + column;
+    return "SELECT " + columns + " FROM " + tableOf(kind);
+}
+
 } // namespace
 
 const char *tableOf(RecordKind kind)
@@ -40,10 +48,12 @@ const char *tableOf(RecordKind kind)
 
 std::string selectStatement(RecordKind kind)
 {
-    std::string columns = "row, id";
-    for (const std::string &column : table(kind).columns)
-        columns += ", " + column;
-    return "SELECT " + columns + " FROM " + tableOf(kind) + " ORDER BY row";
+    return selectFrom(kind) + " ORDER BY row";
+}
+
+std::string selectOneStatement(RecordKind kind)
+{
+    return selectFrom(kind) + " NOT INDEXED WHERE row = ?";
 }
 
 std::string upsertStatement(RecordKind kind)

@@ -17,18 +17,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Binds the parameters of a statement from left to right.
+/// Takes the values of a row from left to right, as the parameters of a statement if there is one.
 class Parameters
 {
 public:
-    Parameters(SQLite::Statement &statement, const Store *store)
+    Parameters(SQLite::Statement *statement, const Record &record)
         : m_statement(statement)
-        , m_store(store)
-    {}
+        , m_store(record.store())
+        , m_hash(record.kind())
+    {
+        *this << record.row() << record.id();
+    }
 
-    Parameters &operator<<(qint64 value) { return bind(static_cast<int64_t>(value)); }
-    Parameters &operator<<(double value) { return bind(value); }
-    Parameters &operator<<(const QString &value) { return bind(value.toStdString()); }
+    Parameters &operator<<(qint64 value)
+    {
+        m_hash.add(value);
+        return bind(static_cast<int64_t>(value));
+    }
+
+    Parameters &operator<<(double value)
+    {
+        m_hash.add(value);
+        return bind(value);
+    }
+
+    Parameters &operator<<(const QString &value)
+    {
+        const std::string bytes = value.toStdString();
+        m_hash.add(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+        return bind(bytes);
+    }
+
     Parameters &operator<<(const QDateTime &value) { return *this << value.toMSecsSinceEpoch(); }
 
     Parameters &operator<<(const QUuid &value)
@@ -36,7 +55,9 @@ public:
         if (value.isNull())
             return null();
         const QByteArray bytes = value.toRfc4122();
-        m_statement.bind(++m_index, bytes.constData(), static_cast<int>(bytes.size()));
+        m_hash.add(QByteArrayView(bytes));
+        if (m_statement)
+            m_statement->bind(++m_index, bytes.constData(), static_cast<int>(bytes.size()));
         return *this;
     }
 
@@ -54,22 +75,28 @@ public:
         return record && record->store() == m_store ? *this << record->row() : null();
     }
 
+    quint64 hash() const { return m_hash.value(); }
+
 private:
     template <typename T>
     Parameters &bind(const T &value)
     {
-        m_statement.bind(++m_index, value);
+        if (m_statement)
+            m_statement->bind(++m_index, value);
         return *this;
     }
 
     Parameters &null()
     {
-        m_statement.bind(++m_index);
+        m_hash.addNull();
+        if (m_statement)
+            m_statement->bind(++m_index);
         return *this;
     }
 
-    SQLite::Statement &m_statement;
+    SQLite::Statement *m_statement;
     const Store *m_store;
+    RowHash m_hash;
     int m_index = 0;
 };
 
@@ -139,26 +166,38 @@ private:
 
 } // namespace
 
-Result<> writeChanges(SQLite::Database &database, const UnsavedChanges &changes)
+Result<SavedChanges> writeChanges(SQLite::Database &database, const UnsavedChanges &changes)
 {
     try {
+        SavedChanges saved{changes.tallies, {}};
+        // Puts the record into the row, if there is one to write, and into its tally.
+        const auto enter = [&](SQLite::Statement *statement, Record *record) {
+            Parameters parameters(statement, *record);
+            bindFields(parameters, *record);
+            Tally &tally = saved.tallies[static_cast<size_t>(record->kind())];
+            if (record->savedHash() != 0)
+                tally.remove(record->savedHash());
+            tally.add(parameters.hash());
+            saved.hashes.emplace_back(record, parameters.hash());
+        };
         Statements deletions(database, deleteStatement);
         Statements upserts(database, upsertStatement);
         SQLite::Transaction transaction(database);
         for (const auto &[kind, row] : changes.removedRows) {
             SQLite::Statement &statement = deletions[kind];
-            Parameters(statement, nullptr) << row;
+            statement.bind(1, static_cast<int64_t>(row));
             statement.exec();
         }
-        for (const Record *record : changes.records) {
+        for (Record *record : changes.untied)
+            enter(nullptr, record);
+        for (Record *record : changes.records) {
             SQLite::Statement &statement = upserts[record->kind()];
-            Parameters parameters(statement, record->store());
-            parameters << record->row() << record->id();
-            bindFields(parameters, *record);
+            enter(&statement, record);
             statement.exec();
         }
+        writeTallies(database, saved.tallies);
         transaction.commit();
-        return {};
+        return saved;
     } catch (const SQLite::Exception &exception) {
         return fail(u"The library could not be saved: %1"_s.arg(QString::fromUtf8(exception.what())));
     }

@@ -90,6 +90,16 @@ CREATE TABLE contentTemplate (
     createdAt INTEGER NOT NULL
 ) STRICT;
 )",
+    // What a save last knew of each table; null until the first save.
+    R"(
+CREATE TABLE tally (
+    name TEXT PRIMARY KEY,
+    rows INTEGER,
+    sum INTEGER
+) STRICT, WITHOUT ROWID;
+INSERT INTO tally VALUES ('collection', NULL, NULL), ('asset', NULL, NULL), ('slideshow', NULL, NULL),
+    ('slide', NULL, NULL), ('slidePreset', NULL, NULL), ('contentTemplate', NULL, NULL);
+)",
 };
 
 using SchemaObject = std::pair<std::string, std::string>; // kind and name

@@ -6,6 +6,7 @@
 #include "model/record_writer.h"
 #include "model/slideshow.h"
 #include "model/store_file.h"
+#include "model/store_upkeep.h"
 
 #include <SQLiteCpp/Database.h>
 
@@ -26,7 +27,7 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
     if (!file)
         return std::unexpected(file.error());
     const auto damaged = [&](const QString &what) {
-        return fail(u"The library “%1” is damaged: %2"_s.arg(location.storeFile(), what),
+        return fail(u"The library “%1” is damaged: %2."_s.arg(location.storeFile(), what),
                     ErrorKind::damagedLibrary);
     };
     Result<StoredRecords> stored = readRecords(*file->database);
@@ -34,30 +35,67 @@ Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
         return damaged(stored.error().message);
 
     std::unique_ptr<Store> store(new Store(location));
-    const auto count = stored->collections.size() + stored->assets.size() + stored->slideshows.size() +
-                       stored->slides.size() + stored->slidePresets.size() + stored->contentTemplates.size();
-    store->m_byId.reserve(static_cast<qsizetype>(count));
-    const auto takeOver = [&store](std::vector<std::unique_ptr<Record>> &records) {
-        for (std::unique_ptr<Record> &record : records) {
-            record->setParent(store.get());
-            store->enter(record.release());
-        }
-    };
-    takeOver(stored->collections);
-    takeOver(stored->assets);
-    takeOver(stored->slideshows);
-    for (Record *slide : stored->slides)
-        store->enter(slide);
-    takeOver(stored->slidePresets);
-    takeOver(stored->contentTemplates);
-    if (count != static_cast<size_t>(store->m_byId.size()))
+    if (!store->takeOver(*stored))
         return damaged(u"two records have the same id"_s);
+    store->m_tallies = stored->tallies;
     store->m_readOnlyReason = file->readOnlyReason;
     if (file->readOnlyReason.isEmpty()) {
         acceptStoreFile(*file->database);
         store->m_database = std::move(file->database);
+        store->m_upkeep = std::make_unique<StoreUpkeep>(*store->m_database, location);
     }
     return store;
+}
+
+Result<> Store::writeNew(const QString &storeFile, StoredRecords records)
+{
+    const Result<std::unique_ptr<Store>> store = open(LibraryLocation(storeFile, QString()));
+    if (!store)
+        return std::unexpected(store.error());
+    (*store)->takeOver(records);
+    for (const Records &all : (*store)->m_records) {
+        for (Record *record : all) {
+            record->m_savedHash = 0;
+            (*store)->noteUnsaved(record);
+        }
+    }
+    return (*store)->flush();
+}
+
+bool Store::takeOver(StoredRecords &stored)
+{
+    const auto count = stored.collections.size() + stored.assets.size() + stored.slideshows.size() +
+                       stored.slides.size() + stored.slidePresets.size() + stored.contentTemplates.size();
+    m_byId.reserve(static_cast<qsizetype>(count));
+    const auto takeOverAll = [this](std::vector<std::unique_ptr<Record>> &records) {
+        for (std::unique_ptr<Record> &record : records) {
+            record->setParent(this);
+            enter(record.release());
+        }
+    };
+    takeOverAll(stored.collections);
+    takeOverAll(stored.assets);
+    takeOverAll(stored.slideshows);
+    for (Record *slide : stored.slides)
+        enter(slide);
+    takeOverAll(stored.slidePresets);
+    takeOverAll(stored.contentTemplates);
+    return count == static_cast<size_t>(m_byId.size());
+}
+
+void Store::beginUpkeep()
+{
+    if (m_upkeep)
+        m_upkeep->start([this] { QMetaObject::invokeMethod(this, &Store::endCheck, Qt::QueuedConnection); });
+}
+
+Result<> Store::checkFile()
+{
+    const Result<> checked = m_upkeep->check();
+    return checked ? checked
+                   : fail(u"The library “%1” is damaged: %2."_s.arg(m_location.storeFile(),
+                                                                    checked.error().message),
+                          ErrorKind::damagedLibrary);
 }
 
 Store::Store(const LibraryLocation &location)
@@ -71,7 +109,12 @@ Store::Store(const LibraryLocation &location)
 
 Store::~Store()
 {
+    m_isClosing = true;
     save();
+    // Those who only use the tool have the time of the day's first change to wait.
+    if (m_upkeep && m_hasWritten)
+        m_upkeep->finish();
+    m_upkeep.reset();
     for (const auto &queries : m_queries) {
         for (LiveQueryBase *query : queries) {
             if (query)
@@ -101,10 +144,16 @@ void Store::remove(Record *record)
     leaving.push_back(record);
     for (Record *leaver : leaving)
         leave(leaver);
-    if (record->m_isSaved)
+    for (const Record *leaver : leaving) {
+        if (leaver->m_savedHash != 0)
+            m_tallies[static_cast<size_t>(leaver->kind())].remove(leaver->m_savedHash);
+    }
+    if (record->m_savedHash != 0)
         m_removedRows.emplace_back(record->kind(), record->row());
     Record::Notices notices;
     record->sever(notices);
+    for (const auto &notice : notices)
+        noteUntied(notice.record);
     record->setParent(&m_leaving);
     record->deleteLater();
     saveSoon();
@@ -122,18 +171,29 @@ Result<> Store::flush()
         return {};
     if (!m_database)
         return fail(u"The library cannot be changed: %1"_s.arg(m_readOnlyReason));
+    if (Result<> checked = checkFile(); !checked)
+        return checked;
     if (Result<> synced = syncToDisk(m_newFiles); !synced)
         return synced;
     m_newFiles.clear();
-    UnsavedChanges changes{{m_unsaved.cbegin(), m_unsaved.cend()}, m_removedRows};
+    UnsavedChanges changes{{m_unsaved.cbegin(), m_unsaved.cend()}, m_removedRows, {}, m_tallies};
     std::ranges::sort(changes.records, {},
                       [](const Record *record) { return std::pair(record->kind(), record->row()); });
-    if (Result<> written = writeChanges(*m_database, changes); !written)
-        return written;
-    for (Record *record : changes.records)
-        record->m_isSaved = true;
+    for (Record *record : std::as_const(m_untied)) {
+        if (!m_unsaved.contains(record))
+            changes.untied.push_back(record);
+    }
+    const auto held = m_upkeep->holdDatabase();
+    Result<SavedChanges> written = writeChanges(*m_database, changes);
+    if (!written)
+        return std::unexpected(written.error());
+    for (const auto &[record, hash] : written->hashes)
+        record->m_savedHash = hash;
+    m_tallies = written->tallies;
+    m_hasWritten = true;
     m_unsaved.clear();
     m_removedRows.clear();
+    m_untied.clear();
     return {};
 }
 
@@ -171,6 +231,7 @@ void Store::leave(Record *record)
     all.erase(std::ranges::lower_bound(all, record->row(), {}, &Record::row));
     m_byId.remove(record->id());
     m_unsaved.remove(record);
+    m_untied.remove(record);
     record->m_store = nullptr;
 }
 
@@ -178,6 +239,12 @@ void Store::noteUnsaved(Record *record)
 {
     m_unsaved.insert(record);
     saveSoon();
+}
+
+void Store::noteUntied(Record *record)
+{
+    if (record && record->store() == this && record->m_savedHash != 0)
+        m_untied.insert(record);
 }
 
 void Store::noteChanged(Record *record)
@@ -217,6 +284,8 @@ void Store::saveSoon()
 void Store::save()
 {
     m_saveIsPending = false;
+    if (m_upkeep && m_upkeep->isChecking() && !m_isClosing)
+        return; // endCheck() saves.
     const Result<> written = flush();
     if (written) {
         emit saved();
@@ -226,6 +295,14 @@ void Store::save()
         return;
     m_retry.start(retryInterval);
     emit saveFailed(written.error().message);
+}
+
+void Store::endCheck()
+{
+    if (const Result<> checked = checkFile(); !checked)
+        emit damageFound(checked.error().message);
+    else
+        save();
 }
 
 } // namespace mosslantern

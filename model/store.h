@@ -2,7 +2,7 @@
 
 #include "model/error.h"
 #include "model/library_location.h"
-#include "model/record.h"
+#include "model/tally.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -20,6 +20,8 @@ class Database;
 namespace mosslantern {
 
 class LiveQueryBase;
+class StoreUpkeep;
+struct StoredRecords;
 
 /// A record type that is inserted by itself; slides come and go with their slideshow.
 template <typename T>
@@ -38,6 +40,14 @@ public:
     /// refused and left as it is.
     static Result<std::unique_ptr<Store>> open(const LibraryLocation &location);
     ~Store() override;
+
+    /// Makes a library of these records in an empty file.
+    static Result<> writeNew(const QString &storeFile, StoredRecords records);
+
+    /// Begins to look after the library's file in a thread of low priority: checks all of it, makes the copy
+    /// of the day, removes what killed programs left. Without that, the check is made before the first save.
+    /// To be called again now and then, for the next day.
+    void beginUpkeep();
 
     /// Where the library was opened.
     const LibraryLocation &location() const { return m_location; }
@@ -93,7 +103,7 @@ public:
     void noteNewFile(const QString &path) { m_newFiles.append(path); }
 
     /// Writes everything that changed since the last save, or nothing if that fails: then the changes are
-    /// kept for the next attempt.
+    /// kept for the next attempt. Nothing is ever written to a file that is damaged.
     Result<> flush();
 
 signals:
@@ -101,6 +111,8 @@ signals:
     void saveFailed(const QString &message);
     /// Changes were written.
     void saved();
+    /// The file turned out to be damaged: nothing can be saved in it any more.
+    void damageFound(const QString &message);
 
 private:
     friend class Record;
@@ -116,14 +128,21 @@ private:
     void enter(Record *record);
     void leave(Record *record);
     void noteUnsaved(Record *record);
+    void noteUntied(Record *record);
     void noteChanged(Record *record);
     void attach(LiveQueryBase *query);
     void detach(LiveQueryBase *query);
+    bool takeOver(StoredRecords &stored);
+    Result<> checkFile();
     void saveSoon();
     void save();
+    void endCheck();
 
     LibraryLocation m_location;
     std::unique_ptr<SQLite::Database> m_database; // null when it can only be read
+    std::unique_ptr<StoreUpkeep> m_upkeep;        // of the database
+    bool m_hasWritten = false;
+    bool m_isClosing = false;
     QString m_readOnlyReason;
     std::array<Records, recordKindCount> m_records;
     std::array<std::vector<LiveQueryBase *>, recordKindCount> m_queries;
@@ -132,6 +151,8 @@ private:
     QSet<Record *> m_unsaved;
     QStringList m_newFiles; // perhaps not on the disk yet
     std::vector<std::pair<RecordKind, qint64>> m_removedRows;
+    QSet<Record *> m_untied; // by the removal of those
+    Tallies m_tallies;       // of the file, without what is removed
     bool m_saveIsPending = false;
     QTimer m_retry;
     int m_notifications = 0;

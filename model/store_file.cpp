@@ -1,5 +1,6 @@
 #include "model/store_file.h"
 
+#include "model/library_copies.h"
 #include "model/schema.h"
 
 #include <QtCore/QFile>
@@ -28,7 +29,7 @@ namespace {
 constexpr int busyMilliseconds = 200;
 
 /// Without locks between threads: a store is used by one thread at a time.
-constexpr int openFlags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+constexpr int openFlags = SQLITE_OPEN_NOMUTEX;
 
 enum class FileKind { empty, library, olderLibrary, newerLibrary, foreign };
 
@@ -98,8 +99,12 @@ FileKind kindOf(int applicationId, int version)
 
 Result<> checkKind(FileKind kind, const QString &path)
 {
+    const bool hasCopies = !copiesOf(LibraryLocation(path, QString())).empty();
     if (kind == FileKind::foreign)
-        return cannotOpen(path, u"it is not a Mosslantern library."_s);
+        return cannotOpen(path, u"it is not a Mosslantern library."_s,
+                          hasCopies ? ErrorKind::damagedLibrary : ErrorKind::other);
+    if (kind == FileKind::empty && hasCopies)
+        return cannotOpen(path, u"it is empty, and was not when it was copied."_s, ErrorKind::damagedLibrary);
     if (kind == FileKind::newerLibrary)
         return cannotOpen(path, u"it was written by a newer version of Mosslantern."_s);
     return {};
@@ -168,7 +173,6 @@ std::unexpected<Error> cannotOpen(const QString &path, const SQLite::Exception &
     case SQLITE_BUSY:
         return cannotOpen(path, openElsewhere);
     case SQLITE_NOTADB:
-        return cannotOpen(path, u"it is not a Mosslantern library."_s);
     case SQLITE_CORRUPT:
         return cannotOpen(path, u"it is damaged (%1)."_s.arg(QString::fromUtf8(exception.what())),
                           ErrorKind::damagedLibrary);
@@ -214,6 +218,18 @@ Result<std::unique_ptr<SQLite::Database>> openForWriting(const QString &path)
     database->exec("PRAGMA synchronous = FULL");
     database->exec("PRAGMA foreign_keys = ON");
     return database;
+}
+
+Result<QString> copyWithLog(const QString &path, const QTemporaryDir &folder)
+{
+    const QString copy = folder.filePath(u"library.sqlite"_s);
+    for (const QLatin1StringView suffix : {""_L1, "-wal"_L1, "-journal"_L1}) {
+        if (QFile original(path + suffix); original.exists() && !original.copy(copy + suffix))
+            return cannotOpen(path, u"it could not be copied to a folder for temporary files: %1."_s.arg(
+                                        original.errorString()));
+    }
+    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
+    return copy;
 }
 
 /// Of a file that nothing can be written to.
@@ -267,6 +283,53 @@ Result<StoreFile> openStoreFile(const QString &storeFile)
         return StoreFile{std::move(*database), *readOnlyReason};
     } catch (const SQLite::Exception &exception) {
         return cannotOpen(path, exception);
+    }
+}
+
+Result<std::unique_ptr<SQLite::Database>> openStoreFileToRead(const QString &path)
+{
+    const Result<FileKind> kind = peek(path);
+    if (!kind)
+        return std::unexpected(kind.error());
+    if (const Result<> checked = checkKind(*kind, path); !checked)
+        return std::unexpected(checked.error());
+    try {
+        return openForReading(path, *kind);
+    } catch (const SQLite::Exception &exception) {
+        return cannotOpen(path, exception);
+    }
+}
+
+Result<std::unique_ptr<SQLite::Database>> openCopyOfDamagedFile(const QString &path)
+{
+    if (const Result<FileKind> unlocked = peek(path); !unlocked)
+        return std::unexpected(unlocked.error());
+    const QTemporaryDir folder;
+    const Result<QString> copy = copyWithLog(path, folder);
+    if (!copy)
+        return std::unexpected(copy.error());
+    try {
+        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(*copy).toStdString(),
+                                                           SQLITE_OPEN_READWRITE | openFlags);
+        distrust(*database);
+        // Even where the schema itself is damaged, the rest of it is read.
+        setOption(*database, SQLITE_DBCONFIG_DEFENSIVE, false);
+        database->exec("PRAGMA locking_mode = EXCLUSIVE; PRAGMA writable_schema = ON; "
+                       "PRAGMA cell_size_check = OFF; BEGIN; SELECT 1; COMMIT");
+        database->tryExec("SELECT count(*) FROM sqlite_schema");
+        return database;
+    } catch (const SQLite::Exception &exception) {
+        return cannotOpen(path, exception);
+    }
+}
+
+Result<> checkPages(SQLite::Database &database)
+{
+    try {
+        const std::string found = database.execAndGet("PRAGMA integrity_check(1)").getString();
+        return found == "ok" ? Result<>() : fail(QString::fromStdString(found).simplified());
+    } catch (const SQLite::Exception &exception) {
+        return fail(QString::fromUtf8(exception.what()));
     }
 }
 

@@ -25,6 +25,15 @@ struct StoreFile
 /// nothing that a write-ahead log holds gets into the file itself.
 Result<StoreFile> openStoreFile(const QString &storeFile);
 
+/// Opens a library's file that nobody has open, for reading alone; changes nothing.
+Result<std::unique_ptr<SQLite::Database>> openStoreFileToRead(const QString &path);
+
+/// Opens a copy, made for that, of a file that may be damaged in any way; nothing that it holds is run.
+Result<std::unique_ptr<SQLite::Database>> openCopyOfDamagedFile(const QString &path);
+
+/// Checks every page, every index and the list of free pages. The error is SQLite's.
+Result<> checkPages(SQLite::Database &database);
+
 /// The contents of the file are fit to be written to.
 void acceptStoreFile(SQLite::Database &database);
 

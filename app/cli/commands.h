@@ -19,6 +19,7 @@ std::vector<Command> variationsCommands();
 std::vector<Command> renderCommands();
 std::vector<Command> makeCommands();
 std::vector<Command> preferencesCommands();
+std::vector<Command> recoverCommands();
 
 // What "list collections" and "delete collection" do, for "collections list" and "collections delete".
 int listCollections(const Arguments &arguments);

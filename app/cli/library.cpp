@@ -16,6 +16,9 @@ Result<std::unique_ptr<Store>> changeable(Result<std::unique_ptr<Store>> opened)
     if (opened && !(*opened)->readOnlyReason().isEmpty())
         return fail(u"The library “%1” cannot be changed: %2."_s.arg((*opened)->location().storeFile(),
                                                                      (*opened)->readOnlyReason()));
+    // While the command works, so that its first save has not to wait for the check.
+    if (opened)
+        (*opened)->beginUpkeep();
     return opened;
 }
 

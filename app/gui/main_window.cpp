@@ -50,7 +50,7 @@ QQuickWindow *makeMainWindow(QQmlApplicationEngine &engine, std::unique_ptr<QQui
     engine.load(qmlFile(mainWindow));
     auto *const window = engine.rootObjects().isEmpty()
                              ? nullptr
-                             : qobject_cast<QQuickWindow *>(engine.rootObjects().constFirst());
+                             : qobject_cast<QQuickWindow *>(engine.rootObjects().constLast());
     if (window)
         view.release()->setParent(window);
     return window;

@@ -1,5 +1,6 @@
 #include "app/gui/mosslantern_app.h"
 
+#include "app/gui/library_recovery_view.h"
 #include "app/gui/main_window.h"
 #include "app/gui/window_memory.h"
 #include "model/slideshow.h"
@@ -10,6 +11,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QProcessEnvironment>
 #include <QtCore/QThread>
+#include <QtCore/QTimer>
 #include <QtGui/QOpenGLContext>
 #include <QtQuick/QQuickItem>
 
@@ -27,6 +29,10 @@ std::future<bool> loadGraphicsDriver()
     return std::async(std::launch::async,
                       [] { return QOpenGLContext::supportsThreadedOpenGL() || QOpenGLContext().create(); });
 }
+
+/// So that looking after the library's file takes nothing from the first look at it.
+constexpr auto upkeepDelay = 1s;
+constexpr auto upkeepInterval = 1h;
 
 /// Where to look for a file that may be missing, with its folder: the nearest folder that is there.
 QUrl nearestFolder(const QString &file)
@@ -80,7 +86,14 @@ StartOutcome MosslanternApp::openLibrary()
             u"Mosslantern keeps its pictures in your documents folder, but this system names none. "
             "Set XDG_DOCUMENTS_DIR in ~/.config/user-dirs.dirs."_s,
             {});
+    return openStore();
+}
+
+StartOutcome MosslanternApp::openStore()
+{
     Result<std::unique_ptr<Store>> store = Store::open(m_options.location);
+    if (!store && store.error().kind == ErrorKind::damagedLibrary)
+        return showDamage(store.error().message);
     if (!store)
         return raisesOther() ? StartOutcome::raisedOther
                              : showFailure(u"The library cannot be opened"_s, store.error().message,
@@ -115,10 +128,17 @@ StartOutcome MosslanternApp::openMainWindow()
     m_filePanels.setWindow(m_window);
     restoreWindow(*m_window, m_options.stateFile);
     QObject::connect(m_window, &QWindow::visibleChanged, m_window, [this](bool isVisible) {
-        if (!isVisible)
+        if (!isVisible && m_window)
             rememberWindow(*m_window, m_window->property("missingWidth").toInt(), m_options.stateFile);
     });
     m_window->setVisible(true);
+    QTimer::singleShot(upkeepDelay, m_store.get(), &Store::beginUpkeep);
+    auto *const upkeep = new QTimer(m_store.get());
+    QObject::connect(upkeep, &QTimer::timeout, m_store.get(), &Store::beginUpkeep);
+    upkeep->start(upkeepInterval);
+    QObject::connect(
+        m_store.get(), &Store::damageFound, m_window,
+        [this](const QString &message) { leaveMainWindow(message); }, Qt::QueuedConnection);
     if (m_options.showsContentLibrary)
         QMetaObject::invokeMethod(shown, "showContentLibrary");
     if (const auto slideshows = m_store->all<Slideshow>();
@@ -134,15 +154,45 @@ void MosslanternApp::prepareGraphics()
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 
-StartOutcome MosslanternApp::showFailure(const QString &heading, const QString &message, const QString &file)
+StartOutcome MosslanternApp::showFailure(const QString &heading, const QString &message, const QString &file,
+                                         LibraryRecoveryView *recovery)
 {
     prepareGraphics();
+    const qsizetype before = m_engine->rootObjects().size();
     m_engine->setInitialProperties({{u"heading"_s, heading},
                                     {u"message"_s, message},
                                     {u"file"_s, file},
-                                    {u"folder"_s, nearestFolder(file)}});
+                                    {u"folder"_s, nearestFolder(file)},
+                                    {u"recovery"_s, QVariant::fromValue(recovery)}});
     m_engine->load(QUrl(u"qrc:/qt/qml/Mosslantern/App/FailureWindow.qml"_s));
-    return m_engine->rootObjects().isEmpty() ? StartOutcome::failed : StartOutcome::shown;
+    return m_engine->rootObjects().size() == before ? StartOutcome::failed : StartOutcome::shown;
+}
+
+StartOutcome MosslanternApp::showDamage(const QString &message)
+{
+    auto *const recovery = new LibraryRecoveryView(m_options.location, &*m_engine);
+    QObject::connect(
+        recovery, &LibraryRecoveryView::openRequested, recovery, [this] { openRecovered(); },
+        Qt::QueuedConnection);
+    return showFailure(u"The library is damaged"_s, message, m_options.location.storeFile(), recovery);
+}
+
+void MosslanternApp::leaveMainWindow(const QString &damage)
+{
+    // There must be a window at every moment, or the application ends.
+    showDamage(damage);
+    m_window->hide();
+    m_filePanels.setWindow(nullptr);
+    delete std::exchange(m_window, nullptr);
+    m_context.reset();
+    m_store.reset();
+}
+
+void MosslanternApp::openRecovered()
+{
+    QObject *const failureWindow = m_engine->rootObjects().constLast();
+    openStore();
+    delete failureWindow;
 }
 
 void MosslanternApp::raiseWindow(const QByteArray &token)

@@ -15,6 +15,8 @@
 
 namespace mosslantern {
 
+class LibraryRecoveryView;
+
 /// What the command line asks of the application.
 struct StartOptions
 {
@@ -50,10 +52,15 @@ public:
 
 private:
     StartOutcome openLibrary();
+    StartOutcome openStore();
     bool raisesOther() const;
     StartOutcome openMainWindow();
     void prepareGraphics();
-    StartOutcome showFailure(const QString &heading, const QString &message, const QString &file);
+    StartOutcome showFailure(const QString &heading, const QString &message, const QString &file,
+                             LibraryRecoveryView *recovery = nullptr);
+    StartOutcome showDamage(const QString &message);
+    void leaveMainWindow(const QString &damage);
+    void openRecovered();
     void raiseWindow(const QByteArray &token);
 
     std::future<bool> m_graphicsDriver; // whether there is one; ready when it is loaded

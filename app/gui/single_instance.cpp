@@ -55,6 +55,8 @@ bool SingleInstance::raiseOther() const
 
 bool SingleInstance::listen()
 {
+    if (m_server.isListening())
+        return true;
     // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
     QLocalServer::removeServer(m_name);
     return m_server.listen(m_name);

@@ -109,7 +109,10 @@ private slots:
         row("slide of no slideshow", u"the table “slide” holds a relation to a record that does not exist"_s,
             executing("PRAGMA foreign_keys = OFF; DELETE FROM slideshow"));
         row("same id twice", u"two records have the same id"_s,
-            executing("UPDATE asset SET id = (SELECT id FROM slideshow)"));
+            executing("UPDATE asset SET id = (SELECT id FROM slideshow); UPDATE tally SET rows = NULL"));
+        row("changed text", u"the table “slide” is not as it was saved"_s,
+            executing("UPDATE slide SET text = 'y'"));
+        row("missing row", u"the table “slide” is not as it was saved"_s, executing("DELETE FROM slide"));
         row("missing table", u"it lacks the index “sqlite_autoindex_contentTemplate_1”."_s,
             executing("DROP TABLE contentTemplate"));
         row("trigger", u"it holds the trigger “t”, which no library has."_s,

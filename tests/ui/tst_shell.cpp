@@ -216,6 +216,52 @@ private slots:
         QCOMPARE(readFile(session().library().storeFile()), foreign);
     }
 
+    void offersWhatIsLeftOfADamagedLibrary_data()
+    {
+        const auto row = table<bool, bool>({"hasCopy", "isFoundLater"});
+        row("copy", true, false);
+        row("no copy", false, false);
+        row("found by the check of the whole file", false, true);
+    }
+
+    void offersWhatIsLeftOfADamagedLibrary()
+    {
+        QFETCH(bool, hasCopy);
+        QFETCH(bool, isFoundLater);
+        const QString storeFile = session().library().storeFile();
+        for (int i = 0; i < 300; ++i)
+            session().library().addAsset(u"asset %1"_s.arg(i));
+        session().library().close();
+        if (hasCopy) {
+            QVERIFY(QDir().mkpath(storeFile + u"-copies"_s));
+            QVERIFY(QFile::copy(storeFile, storeFile + u"-copies/2026-03-01.sqlite"_s));
+        }
+        QByteArray bytes = readFile(storeFile);
+        // In a row of the table, or in the number of free pages, which nobody needs at first.
+        const qsizetype place = isFoundLater ? 39 : bytes.indexOf("asset 77");
+        bytes[place] = static_cast<char>(bytes[place] ^ 1);
+        writeFile(storeFile, bytes);
+
+        MosslanternApp app(startOptions());
+        QCOMPARE(app.start(), StartOutcome::shown);
+        QCOMPARE(app.window() != nullptr, isFoundLater);
+        QTRY_VERIFY(!app.window());
+        QWindow *const window = QGuiApplication::topLevelWindows().constLast();
+        const auto click = [&](const char *name) {
+            auto *const button = window->findChild<QObject *>(QLatin1StringView(name));
+            return button && button->property("visible").toBool() &&
+                   QMetaObject::invokeMethod(button, "clicked");
+        };
+        QCOMPARE(click("useCopy"), hasCopy);
+        if (!hasCopy)
+            QVERIFY(click("rescueLibrary"));
+        const auto *const message = window->findChild<QObject *>(u"failureMessage"_s);
+        QVERIFY2(message->property("text").toString().startsWith(u"Your library has 300 records now."_s),
+                 qPrintable(message->property("text").toString()));
+        QVERIFY(!click("useCopy") && !click("rescueLibrary") && click("openRecovered"));
+        QTRY_VERIFY(app.window());
+    }
+
     void raisesTheFirstWindowOnASecondStart_data()
     {
         const auto row = table<bool>({"byLink"});
