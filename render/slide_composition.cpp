@@ -1,6 +1,7 @@
 #include "render/slide_composition.h"
 
 #include "render/pixels/continuous_corners.h"
+#include "render/pixels/new_image.h"
 #include "render/pixels/pixels.h"
 #include "render/pixels/shadows.h"
 
@@ -24,7 +25,7 @@ const std::vector<Shadow> &canvasShadow()
 /// Coverage of the rounded canvas in a rectangle of its pixels.
 AlphaPlane roundedCoverage(const Canvas &canvas, const QRect &area)
 {
-    QImage mask(area.size(), QImage::Format_Alpha8);
+    QImage mask = newImage(area.size(), QImage::Format_Alpha8);
     mask.fill(0);
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -84,7 +85,7 @@ std::optional<SlideComposition::Corner> SlideComposition::opaqueCorner() const
     // Nothing lies outside the canvas; inside, beyond the corner, everything is opaque.
     const int side = extent + 2 * reach;
     const AlphaPlane coverage = roundedCoverage(m_canvas, {0, 0, extent, extent});
-    QImage patch(side, side, QImage::Format_RGBA8888_Premultiplied);
+    QImage patch = newImage({side, side}, QImage::Format_RGBA8888_Premultiplied);
     patch.fill(0);
     for (int y = reach; y < side; ++y) {
         for (int x = reach; x < side; ++x) {
@@ -93,7 +94,7 @@ std::optional<SlideComposition::Corner> SlideComposition::opaqueCorner() const
         }
     }
     castShadows(patch, alphaPlane(patch), canvasShadow(), m_canvas.pixelRatio);
-    return Corner{coverage, alphaPlane(patch.copy(reach, reach, extent, extent))};
+    return Corner{coverage, alphaPlane(copyOf(patch, {reach, reach, extent, extent}))};
 }
 
 void SlideComposition::paintRows(int first, int count, uint8_t *out) const
@@ -109,7 +110,7 @@ void SlideComposition::paintRows(int first, int count, uint8_t *out) const
 
 QImage SlideComposition::image() const
 {
-    QImage image(m_size, QImage::Format_RGBA8888_Premultiplied);
+    QImage image = newImage(m_size, QImage::Format_RGBA8888_Premultiplied);
     Q_ASSERT(image.bytesPerLine() == 4 * m_size.width());
     paintRows(0, m_size.height(), image.bits());
     return image;
@@ -163,7 +164,7 @@ void SlideComposition::frameRows(int first, int count, uint8_t *out) const
     constexpr int alignment = 64;
     const int top = std::max(0, first - reach) / alignment * alignment;
     const int bottom = std::min(m_size.height(), first + count + reach);
-    QImage rows(m_size.width(), bottom - top, QImage::Format_RGBA8888_Premultiplied);
+    QImage rows = newImage({m_size.width(), bottom - top}, QImage::Format_RGBA8888_Premultiplied);
     paintContent(top, bottom - top, rows.bits());
     multiplyBy(rows, roundedCoverage(m_canvas, {0, top, m_size.width(), bottom - top}));
     castShadows(rows, alphaPlane(rows), canvasShadow(), m_canvas.pixelRatio);

@@ -11,6 +11,10 @@
 #include <QtGui/QGuiApplication>
 
 #include <algorithm>
+#include <cstdio>
+#include <new>
+#include <system_error>
+#include <thread>
 
 namespace mosslantern {
 
@@ -102,6 +106,17 @@ Result<Arguments> readArguments(const Command &command, const QStringList &words
     return arguments;
 }
 
+/// Qt's painter hands large areas to threads of its own and waits for them, even where none can be started.
+bool canStartThreads()
+{
+    try {
+        std::thread([] {}).join();
+        return true;
+    } catch (const std::system_error &) {
+        return false;
+    }
+}
+
 int runCommand(const Command &command, const Arguments &arguments, char *program)
 {
     quietQt();
@@ -113,6 +128,9 @@ int runCommand(const Command &command, const Arguments &arguments, char *program
         const QCoreApplication application(count, words);
         return command.run(arguments);
     }
+    if (!canStartThreads())
+        return failedWith(
+            {u"No thread can be started, and drawing needs one: raise the limits of memory or processes."_s});
     // Nothing is ever shown, so the platform must not be one that looks for a display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(count, words);
@@ -147,8 +165,14 @@ int runTool(int count, char **words)
 int main(int argc, char **argv)
 {
     mosslantern::returnLargeBlocks();
-    mosslantern::prepareStandardStreams();
+    if (!mosslantern::prepareStandardStreams())
+        return mosslantern::failed;
     // Standard output is for rows.
     mosslantern::setConsoleStream(stderr);
-    return mosslantern::finishOutput(mosslantern::runTool(argc, argv));
+    try {
+        return mosslantern::finishOutput(mosslantern::runTool(argc, argv));
+    } catch (const std::bad_alloc &) {
+        std::fputs("mosslantern-cli: there is not enough memory\n", stderr);
+        return mosslantern::failed;
+    }
 }

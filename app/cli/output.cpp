@@ -4,6 +4,8 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -27,7 +29,7 @@ bool readerIsGone()
 
 } // namespace
 
-void prepareStandardStreams()
+bool prepareStandardStreams()
 {
     // Opened the wrong way round, so that using a stream that the caller closed is still an error.
     for (const auto &[stream, mode] : {std::pair(STDIN_FILENO, O_WRONLY), std::pair(STDOUT_FILENO, O_RDONLY),
@@ -36,6 +38,18 @@ void prepareStandardStreams()
             ::_exit(failed);
     }
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    // Qt ends a program that cannot open what it needs.
+    constexpr size_t needed = 12;
+    std::array<int, needed> files{};
+    std::ranges::generate(files, [] { return ::open("/dev/null", O_RDONLY | O_CLOEXEC); });
+    const bool areEnough = std::ranges::none_of(files, [](int file) { return file < 0; });
+    for (const int file : files)
+        ::close(file);
+    if (!areEnough)
+        std::fputs("mosslantern-cli: too few files may be open at once; raise the limit (ulimit -n)\n",
+                   stderr);
+    return areEnough;
 }
 
 void writeOut(QByteArrayView bytes)

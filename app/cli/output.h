@@ -9,8 +9,9 @@
 namespace mosslantern {
 
 /// Makes sure that files opened later never get the numbers of standard input, output and error, and that
-/// writing to a pipe whose reader is gone is an error and not the end of the program. Call it first.
-void prepareStandardStreams();
+/// writing to a pipe whose reader is gone, or beyond the size a file may have, is an error and not the end of
+/// the program. Call it first. False, with a report, when so few files may be open that Qt cannot work.
+bool prepareStandardStreams();
 
 /// Writes to standard output. Failures show in finishOutput().
 void writeOut(QByteArrayView bytes);

@@ -6,6 +6,7 @@
 #include <QtCore/QStandardPaths>
 #include <QtWidgets/QApplication>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -64,6 +65,8 @@ StartOptions readOptions()
 
 int main(int argc, char **argv)
 {
+    // A file that may not grow is an error like a full disk, and not the end of the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     setApplicationIdentity();
     QGuiApplication::setDesktopFileName(u"mosslantern"_s);

@@ -4,8 +4,6 @@
 #include "render/pixels/pixels.h"
 #include "render/slide_composition.h"
 
-#include <QtCore/QSemaphore>
-
 #include <atomic>
 #include <new>
 #include <optional>
@@ -17,30 +15,36 @@ namespace {
 // Small enough that a band's pixels stay in the processor's cache from painting to compressing.
 constexpr int bandRows = 64;
 
-// Decoding goes before compressing, so that every core has work to the last slide.
-enum Priority { compressing, decoding };
+// So that every core has work to the last slide.
+constexpr auto decoding = WorkCrew::Order::first;
+constexpr auto compressing = WorkCrew::Order::later;
 
 } // namespace
 
-/// One slide on its way through the pool: decode, then all bands, in any order.
+/// One slide on its way through the crew: decode, then all bands, in any order.
 class SlideTask
 {
 public:
-    SlideTask(const SlideJob &job, std::vector<Layer> texts, QThreadPool &pool)
+    SlideTask(const SlideJob &job, WorkCrew &crew)
         : m_job(job)
-        , m_texts(std::move(texts))
-        , m_pool(pool)
+        , m_crew(crew)
     {}
 
+    /// On the thread that may touch fonts.
     void start()
     {
+        try {
+            m_texts = drawTexts(m_job.values, m_job.canvas);
+        } catch (const std::bad_alloc &) {
+            m_ranOutOfMemory = true;
+        }
         m_remaining = 1;
-        m_pool.start([this] { run([this] { decode(); }); }, decoding);
+        m_crew.start([this] { run([this] { decode(); }); }, decoding);
     }
 
     EncodedSlide wait()
     {
-        m_done.acquire();
+        m_crew.waitFor(m_isDone);
         if (m_ranOutOfMemory)
             return {};
         return {m_size, std::move(m_bands), std::move(m_pictureProblem)};
@@ -59,7 +63,7 @@ private:
         }
         if (--m_remaining == 0) {
             m_composition.reset();
-            m_done.release();
+            m_isDone = true;
         }
     }
 
@@ -74,7 +78,7 @@ private:
         m_bands.resize(count);
         m_remaining += count;
         for (int i = 0; i < count; ++i)
-            m_pool.start([this, i] { run([this, i] { encode(i); }); }, compressing);
+            m_crew.start([this, i] { run([this, i] { encode(i); }); }, compressing);
     }
 
     void encode(int band)
@@ -95,19 +99,19 @@ private:
 
     SlideJob m_job;
     std::vector<Layer> m_texts;
-    QThreadPool &m_pool;
+    WorkCrew &m_crew;
     std::optional<SlideComposition> m_composition;
     QSize m_size;
     QList<PngBand> m_bands;
     QString m_pictureProblem;
     std::atomic<int> m_remaining = 0;
     std::atomic<bool> m_ranOutOfMemory = false;
-    QSemaphore m_done;
+    std::atomic<bool> m_isDone = false;
 };
 
-SlideRun::SlideRun(std::vector<SlideJob> jobs, QThreadPool &pool)
+SlideRun::SlideRun(std::vector<SlideJob> jobs, WorkCrew &crew)
     : m_jobs(std::move(jobs))
-    , m_pool(pool)
+    , m_crew(crew)
 {}
 
 SlideRun::~SlideRun()
@@ -119,11 +123,11 @@ SlideRun::~SlideRun()
 EncodedSlide SlideRun::next()
 {
     // One more than there are threads, so that none waits while the last bands of a slide are compressed.
-    const auto threads = static_cast<size_t>(m_pool.maxThreadCount());
+    const auto threads = static_cast<size_t>(m_crew.size());
     const size_t most = threads > 1 ? threads + 1 : 1;
     for (; m_next < m_jobs.size() && m_running.size() < most; ++m_next) {
         const SlideJob &job = m_jobs[m_next];
-        m_running.push_back(std::make_unique<SlideTask>(job, drawTexts(job.values, job.canvas), m_pool));
+        m_running.push_back(std::make_unique<SlideTask>(job, m_crew));
         m_running.back()->start();
     }
     EncodedSlide slide = m_running.front()->wait();
@@ -132,16 +136,15 @@ EncodedSlide SlideRun::next()
 }
 
 SlideRenderer::SlideRenderer(int threads)
-{
-    m_pool.setMaxThreadCount(std::max(1, threads));
-}
+    : m_crew(threads)
+{}
 
 SlideRenderer::~SlideRenderer() = default;
 
 void SlideRenderer::render(std::span<const SlideJob> jobs,
                            const std::function<bool(size_t, const EncodedSlide &)> &write)
 {
-    SlideRun run({jobs.begin(), jobs.end()}, m_pool);
+    SlideRun run({jobs.begin(), jobs.end()}, m_crew);
     for (size_t index = 0; run.hasNext(); ++index) {
         if (!write(index, run.next()))
             return;

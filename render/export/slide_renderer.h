@@ -2,8 +2,9 @@
 
 #include "render/export/png_encoder.h"
 #include "render/export/slide_job.h"
+#include "render/export/work_crew.h"
 
-#include <QtCore/QThreadPool>
+#include <QtCore/QThread>
 
 #include <deque>
 #include <functional>
@@ -29,8 +30,8 @@ class SlideTask;
 class SlideRun
 {
 public:
-    /// The pool must outlive the run.
-    SlideRun(std::vector<SlideJob> jobs, QThreadPool &pool);
+    /// The crew must outlive the run.
+    SlideRun(std::vector<SlideJob> jobs, WorkCrew &crew);
     /// Waits for what is being drawn.
     ~SlideRun();
     Q_DISABLE_COPY_MOVE(SlideRun)
@@ -41,13 +42,13 @@ public:
 
 private:
     std::vector<SlideJob> m_jobs;
-    QThreadPool &m_pool;
+    WorkCrew &m_crew;
     std::deque<std::unique_ptr<SlideTask>> m_running;
     size_t m_next = 0;
 };
 
-/// Draws slides into PNG data on all cores. Decoding, painting and compressing run on a thread pool, band by
-/// band, with a bounded number of slides in memory; texts are laid out on the calling thread, which is the
+/// Draws slides into PNG data on all cores. Decoding, painting and compressing run on a crew of threads, band
+/// by band, with a bounded number of slides in memory; texts are laid out on the calling thread, which is the
 /// only one that touches fonts.
 class SlideRenderer
 {
@@ -62,13 +63,13 @@ public:
                 const std::function<bool(size_t, const EncodedSlide &)> &write);
 
     /// Begins to draw the jobs for a caller that takes them one by one, before the renderer goes.
-    [[nodiscard]] SlideRun start(std::vector<SlideJob> jobs) { return {std::move(jobs), m_pool}; }
+    [[nodiscard]] SlideRun start(std::vector<SlideJob> jobs) { return {std::move(jobs), m_crew}; }
 
     /// Waits until nothing is running any more.
-    void waitForDone() { m_pool.waitForDone(); }
+    void waitForDone() { m_crew.waitForAll(); }
 
 private:
-    QThreadPool m_pool;
+    WorkCrew m_crew;
 };
 
 } // namespace mosslantern

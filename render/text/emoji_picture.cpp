@@ -1,5 +1,7 @@
 #include "render/text/emoji_picture.h"
 
+#include "render/pixels/new_image.h"
+
 #include <QtGui/QImage>
 #include <QtGui/QPaintDevice>
 #include <QtGui/QPainter>
@@ -16,7 +18,7 @@ constexpr double bitmapPixelSize = 128;
 
 QImage bitmapOf(const QRawFont &font, quint32 glyph, const QRectF &bounds)
 {
-    QImage bitmap(bounds.toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
+    QImage bitmap = newImage(bounds.toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
     bitmap.fill(0);
     QGlyphRun run;
     run.setRawFont(font);

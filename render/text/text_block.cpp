@@ -3,6 +3,7 @@
 #include "model/line_breaks.h"
 #include "render/pixels/alpha_plane.h"
 #include "render/pixels/continuous_corners.h"
+#include "render/pixels/new_image.h"
 #include "render/pixels/pixels.h"
 #include "render/pixels/shadows.h"
 
@@ -32,7 +33,7 @@ QRect touchedPixels(const QRectF &rect, const QRect &clip)
 
 AlphaPlane coverageOfRoundedBox(const QRectF &box, const QTransform &toPixels, const QRect &area)
 {
-    QImage mask(area.size(), QImage::Format_Alpha8);
+    QImage mask = newImage(area.size(), QImage::Format_Alpha8);
     mask.fill(0);
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -137,7 +138,7 @@ std::vector<Layer> TextBlock::draw(QPointF centre, double pixelsPerPoint, const 
             QImage image = drawLine(line, toPixels, area);
             castShadows(image, alphaPlane(image), m_look.shadows, pixelsPerPoint);
             if (area != visible)
-                image = image.copy(visible.translated(-area.topLeft()));
+                image = copyOf(image, visible.translated(-area.topLeft()));
             layers.push_back({visible.topLeft(), image});
         } else {
             const auto smaller = [&](const QRect &rect) {
@@ -160,7 +161,7 @@ QImage TextBlock::drawLine(qsizetype line, const QTransform &toPixels, const QRe
     const QRectF box = lineBox(line);
     const QTransform toArea = toPixels * QTransform::fromTranslate(-area.x(), -area.y());
     // Qt fills outlines twice as fast in its own pixel order.
-    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image = newImage(area.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
