@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <string>
 
 namespace mosslantern {
 
@@ -28,6 +29,11 @@ bool lockNew(int file)
            status.st_nlink > 0;
 }
 
+QByteArray pathIn(const QString &folder, const QString &name)
+{
+    return QFile::encodeName(folder + u'/' + name);
+}
+
 bool isPartial(QByteArrayView name)
 {
     return name.startsWith(prefix.latin1()) && name.endsWith(suffix.latin1()) &&
@@ -43,8 +49,11 @@ void removeIfAbandoned(int folder, const char *name)
     struct stat status = {};
     // Unlinked while it is locked: nobody can begin to write it meanwhile.
     if (::fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
-        ::flock(file, LOCK_EX | LOCK_NB) == 0)
+        ::flock(file, LOCK_EX | LOCK_NB) == 0) {
+        for (const std::string log : {"-journal", "-wal"})
+            ::unlinkat(folder, (name + log).c_str(), 0);
         ::unlinkat(folder, name, 0);
+    }
     ::close(file);
 }
 
@@ -74,9 +83,21 @@ PartialFile::~PartialFile()
 
 bool PartialFile::commit(const QString &name)
 {
-    const QByteArray target = QFile::encodeName(m_folder + u'/' + name);
-    if (::rename(m_path.constData(), target.constData()) != 0)
-        return false;
+    const QByteArray target = pathIn(m_folder, name);
+    return ::rename(m_path.constData(), target.constData()) == 0 && close();
+}
+
+bool PartialFile::commitNew(const QString &name)
+{
+    const QByteArray target = pathIn(m_folder, name);
+    if (::renameat2(AT_FDCWD, m_path.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE) == 0)
+        return close();
+    // Not every file system can do that at once; there, nobody else is at work but by rare chance.
+    return errno == EINVAL && commit(name);
+}
+
+bool PartialFile::close()
+{
     return ::close(std::exchange(m_descriptor, -1)) == 0;
 }
 

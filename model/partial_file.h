@@ -27,13 +27,18 @@ public:
     /// set when that fails.
     bool commit(const QString &name);
 
+    /// The same, but fails with EEXIST where there is a file of that name.
+    bool commitNew(const QString &name);
+
 private:
+    bool close();
+
     QString m_folder;
     QByteArray m_path;
     int m_descriptor = -1;
 };
 
-/// Removes the partial files in a folder whose makers are gone.
+/// Removes the partial files in a folder whose makers are gone, with the logs of those that are databases.
 void removeAbandonedFiles(const QString &folder);
 
 /// A random UUID in upper case.

@@ -1,6 +1,8 @@
 #include "model/store_file.h"
 
+#include "model/file_sync.h"
 #include "model/library_copies.h"
+#include "model/partial_file.h"
 #include "model/schema.h"
 
 #include <QtCore/QFile>
@@ -60,30 +62,44 @@ bool may(const QString &path, int access)
     return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), access, AT_EACCESS) == 0;
 }
 
-/// Makes an empty file where there is none. SQLite itself would make one that others can read. Gives the
-/// reason why an existing one can only be read, if there is one.
+/// Makes a library where there is none: whole or not at all. SQLite itself would make a file that others can
+/// read.
+Result<> createLibrary(const QString &path)
+{
+    const QFileInfo file(path);
+    removeAbandonedFiles(file.path());
+    PartialFile partial(file.path(), S_IRUSR | S_IWUSR);
+    if (!partial.isOpen())
+        return cannotOpen(path, systemError());
+    {
+        SQLite::Database database(QFile::encodeName(partial.path()).toStdString(),
+                                  SQLITE_OPEN_READWRITE | openFlags);
+        migrate(database);
+    }
+    if (!partial.commitNew(file.fileName()) && errno != EEXIST)
+        return cannotOpen(path, systemError());
+    return syncToDisk({path});
+}
+
+/// Makes a missing library. Gives the reason why an existing one can only be read, if there is one.
 Result<QString> createMissingFile(const QString &path)
 {
     const QString folder = QFileInfo(path).path();
     if (!createPrivateFolder(folder))
         return cannotOpen(path, u"its folder could not be created: %1"_s.arg(systemError()));
-    const QByteArray encoded = QFile::encodeName(path);
     struct stat status = {};
-    if (::stat(encoded.constData(), &status) == 0) {
-        if (!S_ISREG(status.st_mode))
-            return cannotOpen(path, u"it is not a file."_s);
-        if (!may(path, R_OK))
-            return cannotOpen(path, systemError());
-        if (!may(path, W_OK))
-            return u"its file cannot be written: %1"_s.arg(qt_error_string(errno));
-        if (!may(folder, R_OK | W_OK | X_OK))
-            return u"its folder cannot be written: %1"_s.arg(qt_error_string(errno));
-        return {};
+    if (::stat(QFile::encodeName(path).constData(), &status) != 0) {
+        const Result<> created = createLibrary(path);
+        return created ? Result<QString>() : std::unexpected(created.error());
     }
-    const int file = ::open(encoded.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file < 0)
+    if (!S_ISREG(status.st_mode))
+        return cannotOpen(path, u"it is not a file."_s);
+    if (!may(path, R_OK))
         return cannotOpen(path, systemError());
-    ::close(file);
+    if (!may(path, W_OK))
+        return u"its file cannot be written: %1"_s.arg(qt_error_string(errno));
+    if (!may(folder, R_OK | W_OK | X_OK))
+        return u"its folder cannot be written: %1"_s.arg(qt_error_string(errno));
     return {};
 }
 
@@ -267,16 +283,15 @@ Result<StoreFile> openStoreFile(const QString &storeFile)
     // SQLite's file layer opens no link, and keeps its log beside the file that a link points to.
     const QString canonical = QFileInfo(storeFile).canonicalFilePath();
     const QString path = canonical.isEmpty() ? storeFile : canonical;
-    const Result<QString> readOnlyReason = createMissingFile(path);
-    if (!readOnlyReason)
-        return std::unexpected(readOnlyReason.error());
-    const Result<FileKind> atFirst = peek(path);
-    if (!atFirst)
-        return std::unexpected(atFirst.error());
-    if (const Result<> checked = checkKind(*atFirst, path); !checked)
-        return std::unexpected(checked.error());
-
     try {
+        const Result<QString> readOnlyReason = createMissingFile(path);
+        if (!readOnlyReason)
+            return std::unexpected(readOnlyReason.error());
+        const Result<FileKind> atFirst = peek(path);
+        if (!atFirst)
+            return std::unexpected(atFirst.error());
+        if (const Result<> checked = checkKind(*atFirst, path); !checked)
+            return std::unexpected(checked.error());
         auto database = readOnlyReason->isEmpty() ? openForWriting(path) : openForReading(path, *atFirst);
         if (!database)
             return std::unexpected(database.error());

@@ -4,6 +4,8 @@
 #include "model/partial_file.h"
 #include "model/store_file.h"
 
+#include <QtCore/QFileInfo>
+
 #include <SQLiteCpp/Database.h>
 #include <sqlite3.h>
 #include <sys/resource.h>
@@ -81,7 +83,8 @@ void StoreUpkeep::run(const std::function<void()> &checked)
     ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), lowest);
     if (outcome && !m_isEnding) {
         makeCopyOfTheDay();
-        for (const QString &folder : {m_location.assetFolder(), m_location.slideImageFolder()}) {
+        for (const QString &folder : {QFileInfo(m_location.storeFile()).path(), m_location.assetFolder(),
+                                      m_location.slideImageFolder()}) {
             if (!m_isEnding && !folder.isEmpty())
                 removeAbandonedFiles(folder);
         }
