@@ -35,8 +35,14 @@ FocusScope {
     focus: true
     Component.onCompleted: showSelectedScreen()
 
-    /// Whether the window may close: everything is saved, or is lost with the user's consent. Asks for it otherwise.
+    /// Whether the window may close: nothing is under way and everything is saved, or is lost with the user's consent.
+    /// Asks for it otherwise.
     function mayClose(): bool {
+        if (!abandonsWork && (context.work.isExporting || context.work.isGenerating)) {
+            if (running.status === Loader.Null)
+                running.setSource("RunningWorkAlert.qml", {"work": context.work, "visible": true})
+            return false
+        }
         const may = losesChanges || saving.save()
         if (!may)
             unsaved.setSource("UnsavedAlert.qml", {"status": saving, "visible": true})
@@ -45,6 +51,8 @@ FocusScope {
 
     /// Whether it was confirmed that changes that cannot be saved are lost.
     property bool losesChanges: false
+    /// Whether it was confirmed that what is under way is not finished.
+    property bool abandonsWork: false
 
     SaveStatus {
         id: saving
@@ -131,7 +139,21 @@ FocusScope {
         }
     }
     SheetLoader {
+        id: running
+    }
+    Connections {
+        target: running.item
+        ignoreUnknownSignals: true
+        function onQuitConfirmed() {
+            const question = running.item as ModalPanel
+            root.abandonsWork = true
+            question.close()
+            commands.quit.activated()
+        }
+    }
+    SheetLoader {
         id: unsaved
+        onClosed: root.abandonsWork = false
     }
     Connections {
         target: unsaved.item

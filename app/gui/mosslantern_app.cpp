@@ -117,6 +117,8 @@ bool MosslanternApp::raisesOther() const
 StartOutcome MosslanternApp::openMainWindow()
 {
     m_context.emplace(*m_store, m_filePanels, m_service, Preferences());
+    QObject::connect(&m_context->work(), &RunningWork::changed, &m_singleInstance,
+                     [this] { m_singleInstance.setIsAtWork(m_context->work().isExporting()); });
     std::unique_ptr<QQuickItem> view = makeMainView(*m_engine, *m_context, updater());
     if (!view)
         return StartOutcome::failed;

@@ -2,6 +2,7 @@
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
+#include <QtCore/QPointer>
 #include <QtCore/QStandardPaths>
 #include <QtNetwork/QLocalSocket>
 
@@ -38,9 +39,20 @@ QString socketName(const LibraryLocation &location)
 SingleInstance::SingleInstance(const LibraryLocation &location, QObject *parent)
     : QObject(parent)
     , m_name(socketName(location))
+    , m_server(new QLocalServer)
 {
-    m_server.setSocketOptions(QLocalServer::UserAccessOption);
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answer);
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    m_server->moveToThread(&m_thread);
+    connect(m_server, &QLocalServer::newConnection, m_server, [this] { accept(); });
+    connect(&m_thread, &QThread::finished, m_server, &QObject::deleteLater);
+}
+
+SingleInstance::~SingleInstance()
+{
+    if (!m_thread.isRunning())
+        delete m_server;
+    m_thread.quit();
+    m_thread.wait();
 }
 
 bool SingleInstance::raiseOther() const
@@ -59,23 +71,42 @@ bool SingleInstance::listen()
         return true;
     // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
     QLocalServer::removeServer(m_name);
-    return m_server.listen(m_name);
+    m_thread.start();
+    bool isListening = false;
+    QMetaObject::invokeMethod(
+        m_server, [&] { isListening = m_server->listen(m_name); }, Qt::BlockingQueuedConnection);
+    return isListening;
 }
 
-void SingleInstance::answer()
+void SingleInstance::accept()
 {
-    while (QLocalSocket *const socket = m_server.nextPendingConnection()) {
+    while (QLocalSocket *const socket = m_server->nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            if (!socket->canReadLine())
-                return;
-            const QByteArray line = socket->readLine().trimmed();
-            socket->write("ok\n");
-            socket->flush();
-            if (line.startsWith(raiseRequest.latin1()) || line == "raise")
-                emit raiseRequested(line.mid(raiseRequest.size()));
-        });
+        connect(socket, &QLocalSocket::readyRead, socket, [this, socket] { answer(socket); });
     }
+}
+
+void SingleInstance::answer(QLocalSocket *socket)
+{
+    if (!socket->canReadLine())
+        return;
+    const QByteArray line = socket->readLine().trimmed();
+    const auto confirm = [socket = QPointer(socket)] {
+        if (!socket)
+            return;
+        socket->write("ok\n");
+        socket->flush();
+    };
+    const bool isAtWork = m_isAtWork;
+    if (isAtWork)
+        confirm();
+    const auto raise = [this, line, isAtWork, confirm] {
+        if (line.startsWith(raiseRequest.latin1()) || line == "raise")
+            emit raiseRequested(line.mid(raiseRequest.size()));
+        if (!isAtWork)
+            QMetaObject::invokeMethod(m_server, confirm);
+    };
+    QMetaObject::invokeMethod(this, raise);
 }
 
 } // namespace mosslantern

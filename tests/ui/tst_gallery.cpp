@@ -189,6 +189,7 @@ void GalleryTest::exportsABatch()
     session().panels().answerFolder(base);
     QVERIFY(gallery().isExporting());
     QVERIFY(session().find(u"exportOverlay"_s) && session().findText(u"Exporting..."_s));
+    QVERIFY(gallery().context()->work().isExporting());
     QCOMPARE(texts(u"exportProgress"_s), QStringList{u"0 of 4 slides written"_s});
     // Neither the pointer nor the keys get through to the gallery.
     const QPointF card = session().find(u"slideshowCard"_s)->mapToScene({20, 20});
@@ -200,6 +201,7 @@ void GalleryTest::exportsABatch()
     QCOMPARE(store().all<Slideshow>().size(), 3u);
     QTRY_VERIFY(!session().find(u"exportOverlay"_s));
     QTRY_VERIFY(session().find(u"exportBatch"_s)->hasActiveFocus());
+    QVERIFY(!gallery().context()->work().isExporting());
 
     QStringList files;
     QDirIterator found(base, QDir::Files, QDirIterator::Subdirectories);

@@ -119,6 +119,46 @@ private slots:
         QCOMPARE(quits.count(), 1);
     }
 
+    void asksOnceBeforeItAbandonsWork_data()
+    {
+        const auto row = table<RunningWork::Kind, bool>({"kind", "byShortcut"});
+        row("an export, Ctrl+Q", RunningWork::Kind::exporting, true);
+        row("an export, close button", RunningWork::Kind::exporting, false);
+        row("a run of the AI service, Ctrl+Q", RunningWork::Kind::generating, true);
+    }
+    void asksOnceBeforeItAbandonsWork()
+    {
+        QFETCH(const RunningWork::Kind, kind);
+        QFETCH(const bool, byShortcut);
+        QQuickWindow *const window = session().open();
+        const QSignalSpy quits(qmlEngine(window), &QQmlEngine::quit);
+        const auto leave = [&] {
+            if (byShortcut)
+                session().key(Qt::Key_Q, Qt::ControlModifier);
+            else
+                window->close();
+            settle();
+        };
+        auto *const context = session().view()->property("context").value<ScreenContext *>();
+        std::optional<RunningWork::Piece> work(std::in_place, context->work(), kind);
+        leave();
+        leave();
+        QTRY_COMPARE(session().count(u"quitWork"_s), 1);
+        QVERIFY(session().click(u"continueWork"_s));
+        QTRY_VERIFY(!session().find(u"quitWork"_s));
+        leave();
+        QTRY_VERIFY(session().find(u"quitWork"_s));
+        work.reset(); // It goes with its reason.
+        QTRY_VERIFY(!session().find(u"quitWork"_s));
+        work.emplace(context->work(), kind);
+        leave();
+        QVERIFY(window->isVisible());
+        QCOMPARE(quits.count(), 0);
+        QVERIFY(session().click(u"quitWork"_s));
+        QTRY_VERIFY(!window->isVisible());
+        QCOMPARE(quits.count(), 1);
+    }
+
     void editsWhatHasTheKeyboard()
     {
         session().library().addAsset(u"a"_s);
@@ -264,13 +304,15 @@ private slots:
 
     void raisesTheFirstWindowOnASecondStart_data()
     {
-        const auto row = table<bool>({"byLink"});
-        row("by the same path", false);
-        row("through a link", true);
+        const auto row = table<bool, bool>({"byLink", "isExporting"});
+        row("by the same path", false, false);
+        row("through a link", true, false);
+        row("during an export", false, true);
     }
     void raisesTheFirstWindowOnASecondStart()
     {
         QFETCH(const bool, byLink);
+        QFETCH(const bool, isExporting);
         const QString folder = QFileInfo(session().library().storeFile()).path();
         const QString link = session().library().path(u"link"_s);
         QVERIFY(!byLink || QFile::link(folder, link));
@@ -281,8 +323,16 @@ private slots:
 
         // The first one answers in its event loop, the second one waits: so it must be another process.
         QProcess second;
+        auto *const context =
+            first.window()->property("view").value<QObject *>()->property("context").value<ScreenContext *>();
+        std::optional<RunningWork::Piece> slides;
+        if (isExporting)
+            slides.emplace(context->work(), RunningWork::Kind::exporting);
         second.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"--library"_s, byLink ? link : folder});
         first.window()->showMinimized();
+        // While a slide is drawn there is no event loop.
+        if (isExporting)
+            QVERIFY(second.waitForFinished(10'000));
         QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 10'000);
         QCOMPARE(second.exitCode(), 0);
         QTRY_VERIFY(!first.window()->windowStates().testFlag(Qt::WindowMinimized));

@@ -111,6 +111,7 @@ QCoro::Task<> SlideshowDetailView::runExport(QPointer<SlideshowDetailView> self,
 {
     if (!self->m_slideshow || self->m_isExporting)
         co_return;
+    const RunningWork::Piece piece(self->m_context->work(), RunningWork::Kind::exporting);
     BulkExporter exporter([context = QPointer(self->m_context)](const QString &path) {
         if (context)
             context->filePanels().openFolder(path);

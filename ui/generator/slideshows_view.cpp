@@ -30,11 +30,17 @@ void SlideshowsView::generate()
     QMetaObject::invokeMethod(this, &SlideshowsView::run, Qt::QueuedConnection);
 }
 
+QCoro::Task<> SlideshowsView::follow(ScreenContext &context, QCoro::Task<Result<GeneratedBatch>> run)
+{
+    const RunningWork::Piece piece(context.work(), RunningWork::Kind::generating);
+    co_await run;
+}
+
 void SlideshowsView::run()
 {
     // Without the AI service this returns when all files are copied.
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    m_generator->generateBatch();
+    follow(*m_context, m_generator->generateBatch());
     QGuiApplication::restoreOverrideCursor();
 }
 

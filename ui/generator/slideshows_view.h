@@ -44,6 +44,7 @@ private:
         void operator()(SlideshowGenerator *generator) const { generator->deleteAfterRuns(); }
     };
 
+    static QCoro::Task<> follow(ScreenContext &context, QCoro::Task<Result<GeneratedBatch>> run);
     void run();
 
     ScreenContext *m_context = nullptr;

@@ -110,6 +110,7 @@ void GalleryView::exportTo(const BatchGroup &batch, const QString &folder)
 QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<ScreenContext> context,
                                      Presented presented, QString folder)
 {
+    const RunningWork::Piece piece(context->work(), RunningWork::Kind::exporting);
     const QList<Slideshow *> slideshows = those(presented);
     BulkExporter exporter([context](const QString &path) {
         if (context)

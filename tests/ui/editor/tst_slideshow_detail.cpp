@@ -90,7 +90,9 @@ void SlideshowDetailTest::exports()
     QSignalSpy progress(&f.detail, &SlideshowDetailView::exportProgressed);
     const QString folder = f.library().path(u"out/deep"_s);
     f.panels.answerFolder(folder);
+    QVERIFY(f.context.work().isExporting());
     QTRY_COMPARE(f.panels.openedFolders(), QStringList{folder});
+    QTRY_VERIFY(!f.context.work().isExporting());
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 4);
     QCOMPARE(QImage(folder + u"/Slide_1.png"_s).size(), QSize(240, 240));
     QCOMPARE(progress.count(), 6);

@@ -94,18 +94,21 @@ private slots:
         QTRY_COMPARE(clients.size(), 2);
         generator().setSelectedAspectRatio(AspectRatio::square);
         const QPointer<SlideshowGenerator> left = &generator();
+        const RunningWork &work = view().context()->work();
         QVERIFY(session().click(u"sidebarRow0"_s));
         QTRY_VERIFY(!session().window()->findChild<SlideshowsView *>());
 
         ConsoleCapture quiet;
         clients[1]->write(answer("200 OK", twoVariations));
         QTRY_COMPARE(store().all<Slideshow>().size(), 2u);
+        QVERIFY(work.isGenerating());
         QVERIFY(session().click(u"sidebarRow2"_s));
         QVERIFY(!isShown(u"generatingOverlay"_s));
         QVERIFY(left && left != &generator());
         clients[0]->write(answer("200 OK", twoVariations));
         QTRY_COMPARE(store().all<Slideshow>().size(), 4u);
         QTRY_VERIFY(!left);
+        QVERIFY(!work.isGenerating());
         for (const Slideshow *slideshow : store().all<Slideshow>())
             QCOMPARE(slideshow->aspectRatio(), AspectRatio::square);
     }
