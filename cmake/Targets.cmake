@@ -3,7 +3,7 @@
 function(mosslantern_defaults target)
   set_target_properties(${target} PROPERTIES AUTOMOC ON)
   target_include_directories(${target} PRIVATE "${CMAKE_SOURCE_DIR}")
-  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow=local -Wold-style-cast
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local> -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual)
   target_compile_definitions(${target} PRIVATE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
@@ -43,14 +43,14 @@ function(mosslantern_program name)
   target_link_libraries(${name} PRIVATE ${arg_LINK})
 endfunction()
 
-# mosslantern_test(<name> SOURCES <file>... LINK <target>...)
+# mosslantern_test(<name> SOURCES <file>... LINK <target>... [ARGUMENTS <argument>...])
 # A Qt Test executable that links only the level it tests.
 function(mosslantern_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;ARGUMENTS")
   add_executable(${name} ${arg_SOURCES})
   mosslantern_defaults(${name})
   target_link_libraries(${name} PRIVATE ${arg_LINK} Qt6::Test)
-  add_test(NAME ${name} COMMAND ${name})
+  add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8")
 endfunction()

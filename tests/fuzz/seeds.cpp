@@ -1,0 +1,119 @@
+#include "content/slide_documents.h"
+#include "model/content_template.h"
+#include "tests/content/test_server.h"
+#include "tests/model/test_library.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The folder of one target's seeds.
+class Seeds
+{
+public:
+    explicit Seeds(const QString &folder)
+        : m_folder(folder)
+    {
+        QDir(folder).removeRecursively();
+        QDir().mkpath(folder);
+    }
+
+    void add(const QByteArray &bytes)
+    {
+        writeFile(m_folder + u'/' + QString::number(m_count++).rightJustified(2, u'0'), bytes);
+    }
+
+private:
+    QString m_folder;
+    int m_count = 0;
+};
+
+QByteArray utf16(QStringView text)
+{
+    return '\xFF' + QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+}
+
+void makeContents(Seeds seeds)
+{
+    for (const QStringView document : {defaultSlideContent, exampleSlideContent, slideContentPlaceholder})
+        seeds.add(document.toUtf8());
+    for (const char *text :
+         {"Hook\n\n  Payoff  \r\nlast", R"({"slides":[{"main":"A"},{"main":"B","subtitle":null}]})",
+          R"({"slides":[{"main":"é\n\ud83d\ude00","x":[1,-0,1.5e3,true]}],"slides":[]})",
+          "{\"slides\":[{\"main\":\"a\nb\\\\\"c\"},]}", "[[],{\"a\":{}},18446744073709551616]"})
+        seeds.add(text);
+    seeds.add(utf16(u"{\"slides\":[{\"main\":\"\xD800\"}]}\x2028\x0085"));
+}
+
+void makeAnswers(Seeds seeds)
+{
+    const auto inPieces = [&seeds](const QByteArray &answer) { seeds.add(char(7) + answer); };
+    const QByteArray whole = chatAnswer(R"([{"slides":[{"main":"A","subtitle":"é"}]},{"a":1}])");
+    const QByteArray body = whole.sliced(whole.indexOf("\r\n\r\n") + 4);
+    inPieces(whole);
+    inPieces(chatAnswer("```json\n[{\"a\":[1.0,null]}]\n```"));
+    inPieces(chatAnswer("Sure! Here it is: []"));
+    inPieces("HTTP/1.1 100 Continue\r\n\r\nHTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n5;a=b\r\n" +
+             body.first(5) + "\r\n" + QByteArray::number(body.size() - 5, 16) + "\r\n" + body.sliced(5) +
+             "\r\n0\r\nX: y\r\n\r\n");
+    inPieces("HTTP/1.0 200 OK\r\n\r\n" + body);
+    inPieces(httpAnswer(R"({"error":{"message":"Wrong key sk-0123456789\"\/\u00e9"}})", "401 Unauthorized"));
+    inPieces(httpAnswer("\x1B[31mc2stMDEyMzQ1Njc4OSIvw6k=", "500 Oh"));
+    inPieces(httpAnswer({}, "302 Found", "Location: https://example.org/\r\n"));
+    inPieces("[{\"slides\":[]}]");
+}
+
+void makeFeeds(Seeds seeds)
+{
+    const auto feed = [&seeds](const QByteArray &items) {
+        seeds.add("<?xml version=\"1.0\"?><rss version=\"2.0\" "
+                  "xmlns:sparkle=\"http://www.andymatuschak.org/xml-namespaces/sparkle\"><channel>" +
+                  items + "</channel></rss>");
+    };
+    feed("<item><sparkle:version>1.2b3</sparkle:version><sparkle:shortVersionString>1.2 "
+         "beta</sparkle:shortVersionString><sparkle:releaseNotesLink>https://e.org/n</"
+         "sparkle:releaseNotesLink>"
+         "<description><![CDATA[<h1>New</h1><ul><li>a &amp; b</ul><table><tr><td>c]]></description>"
+         "<link>https://e.org/get</link></item>");
+    feed("<item><enclosure url='https://e.org/f' sparkle:version='3' sparkle:shortVersionString='3.0' "
+         "sparkle:os='linux'/><description><b>x</b>&#233;</description></item>"
+         "<item><sparkle:channel>beta</sparkle:channel></item>");
+    seeds.add(
+        "<!DOCTYPE rss [<!ENTITY a \"b\">]><rss><channel><item><link>&a;</link></item></channel></rss>");
+}
+
+void makeLibraries(Seeds seeds)
+{
+    TestLibrary library;
+    library.store();
+    library.close();
+    seeds.add(readFile(library.storeFile()));
+    Collection *const collection = library.addCollection(u"é"_s);
+    Asset *const asset = library.addAsset(u"a"_s, collection);
+    library.addSlideshow(asset, {u"one"_s, u"two"_s}, u"batch"_s);
+    library.addSlideshow(library.addAsset(u"b"_s), {QString()});
+    library.store().remove(library.store().all<Asset>().back());
+    library.store().insert(std::make_unique<ContentTemplate>(u"name"_s, u"text"_s));
+    library.close();
+    seeds.add(readFile(library.storeFile()));
+}
+
+} // namespace
+
+/// Makes, below the given folder, a folder of seeds for each fuzz target.
+int main(int count, char **arguments)
+{
+    const QCoreApplication application(count, arguments);
+    if (count != 2)
+        return 2;
+    const QString folder = QFile::decodeName(arguments[1]);
+    makeContents(Seeds(folder + u"/content"_s));
+    makeAnswers(Seeds(folder + u"/answer"_s));
+    makeFeeds(Seeds(folder + u"/feed"_s));
+    makeLibraries(Seeds(folder + u"/library"_s));
+    return 0;
+}
