@@ -67,14 +67,16 @@ bool SingleInstance::raiseOther() const
 
 bool SingleInstance::listen()
 {
-    if (m_server.isListening())
-        return true;
-    // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
-    QLocalServer::removeServer(m_name);
-    m_thread.start();
+    if (!m_thread.isRunning())
+        m_thread.start();
     bool isListening = false;
-    QMetaObject::invokeMethod(
-        m_server, [&] { isListening = m_server->listen(m_name); }, Qt::BlockingQueuedConnection);
+    const auto listen = [&] {
+        // Whoever has the store open is the first instance: a socket of this name is left over from a crash.
+        if (!m_server->isListening())
+            QLocalServer::removeServer(m_name);
+        isListening = m_server->isListening() || m_server->listen(m_name);
+    };
+    QMetaObject::invokeMethod(m_server, listen, Qt::BlockingQueuedConnection);
     return isListening;
 }
 
