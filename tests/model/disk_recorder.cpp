@@ -16,6 +16,8 @@
 #include <cstdarg>
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 namespace mosslantern {
 
 namespace {
@@ -39,10 +41,14 @@ Function *original(const char *name)
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-/// Relative to the folder; null when it is elsewhere or nothing is recorded.
+/// Relative to the folder, empty for the folder itself; null when it is elsewhere or nothing is recorded.
 QString pathBelow(const char *path)
 {
-    if (!recording || std::string_view(path).substr(0, recording->folder.size()) != recording->folder)
+    if (!recording)
+        return {};
+    if (path + std::string("/") == recording->folder)
+        return u""_s;
+    if (std::string_view(path).substr(0, recording->folder.size()) != recording->folder)
         return {};
     return QFile::decodeName(path + recording->folder.size());
 }
