@@ -13,8 +13,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <new>
-#include <system_error>
-#include <thread>
 
 namespace mosslantern {
 
@@ -106,17 +104,6 @@ Result<Arguments> readArguments(const Command &command, const QStringList &words
     return arguments;
 }
 
-/// Qt's painter hands large areas to threads of its own and waits for them, even where none can be started.
-bool canStartThreads()
-{
-    try {
-        std::thread([] {}).join();
-        return true;
-    } catch (const std::system_error &) {
-        return false;
-    }
-}
-
 int runCommand(const Command &command, const Arguments &arguments, char *program)
 {
     quietQt();
@@ -128,9 +115,6 @@ int runCommand(const Command &command, const Arguments &arguments, char *program
         const QCoreApplication application(count, words);
         return command.run(arguments);
     }
-    if (!canStartThreads())
-        return failedWith(
-            {u"No thread can be started, and drawing needs one: raise the limits of memory or processes."_s});
     // Nothing is ever shown, so the platform must not be one that looks for a display.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(count, words);

@@ -1,10 +1,12 @@
 #include "app/cli/qt_messages.h"
 
+#include "app/cli/exit_status.h"
 #include "app/cli/output.h"
 
 #include <QtCore/QLoggingCategory>
 
 #include <array>
+#include <cstdlib>
 #include <cstring>
 
 namespace mosslantern {
@@ -33,6 +35,10 @@ void pass(QtMsgType type, const QMessageLogContext &context, const QString &mess
 {
     if (!isNoise(type, context.category, message))
         report(message);
+    // Qt's painter hands large areas to threads of its own and waits for them for ever where they cannot be
+    // started; and a fatal message would end in an abort.
+    if (type == QtFatalMsg || message.startsWith("QThread::start: "_L1))
+        std::_Exit(finishOutput(failed));
 }
 
 } // namespace

@@ -1,0 +1,157 @@
+#include "model/slideshow.h"
+#include "tests/app/tool.h"
+#include "tests/model/test_library.h"
+#include "tests/table.h"
+
+using namespace mosslantern;
+using namespace Qt::StringLiterals;
+
+/// Every system call of these kinds fails once in every run, and the disk is full from every write on.
+class CliFailingSystemTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        for (const char *const name : {"old/a.png", "old/b.png", "new/c.png", "new/d.png"})
+            m_tool.writePicture(QString::fromLatin1(name), Qt::blue, {64, 48});
+        m_tool.write(u"content.txt"_s, "नमस्ते 🙂\n");
+        QVERIFY(m_tool.run(u"import --library before old/a.png old/b.png"_s).succeeded());
+        QVERIFY(m_tool
+                    .run(u"generate --library before --content content.txt --count 2 --shape 1:1 "
+                         "--batch-name B --seed 1"_s)
+                    .succeeded());
+    }
+
+    void everyFailureIsSaidAndLosesNothing_data()
+    {
+        const auto row = table<QString, QString>({"line", "kind"});
+        const QString import = u"import --library library new"_s;
+        const QString generate = u"generate --library library --content content.txt --shape 1:1 --count 2 "
+                                 "--batch-name N --seed 2"_s;
+        const QString exporting = u"export --library library --batch B --to out"_s;
+        const QString make = u"make --images new --content content.txt --shape 1:1 --out out --batch-name M "
+                             "--seed 2"_s;
+        const QString save = u"delete batch --library library B"_s;
+        for (const char *const kind : {"write", "open", "rename", "fsync", "mmap", "clone"}) {
+            for (const QString &line : {import, generate, exporting, make, save}) {
+                const QString command = line.section(u' ', 0, 0);
+                row(qPrintable(command + u' ' + QLatin1String(kind)), line, QString::fromLatin1(kind));
+            }
+        }
+    }
+
+    void everyFailureIsSaidAndLosesNothing()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, kind);
+        prepare();
+        const QStringList before = library();
+        const Outcome untroubled = run(line, kind + u" 0"_s);
+        QVERIFY2(untroubled.succeeded(), untroubled.all());
+        const QStringList after = library();
+        const std::map<QString, QByteArray> written = files(u"out"_s);
+        const int calls = m_tool.read(u"calls"_s).trimmed().toInt();
+        QStringList wrong;
+        for (const char *const onwards : {"", "+"}) {
+            for (int call = 1; call <= calls && (!*onwards || kind == u"write"_s || kind == u"clone"_s);
+                 ++call) {
+                prepare();
+                const QString failing = u"%1 %2%3"_s.arg(kind).arg(call).arg(QLatin1String(onwards));
+                const Outcome outcome = run(line, failing);
+                const QString fault = verdict(outcome, before, after, written);
+                if (!fault.isEmpty())
+                    wrong.append(failing + u": "_s + fault + u" | "_s + QString::fromUtf8(outcome.all()));
+            }
+        }
+        QVERIFY2(wrong.isEmpty(),
+                 qPrintable(u"%1 of %2 calls:\n"_s.arg(wrong.size()).arg(calls) + wrong.join(u'\n')));
+    }
+
+private:
+    void prepare() const
+    {
+        for (const QString &folder : {u"library"_s, u"out"_s})
+            QDir(m_tool.path(folder)).removeRecursively();
+        QFile::remove(m_tool.path(u"calls"_s));
+        for (const QString &file : m_tool.files(u"before"_s))
+            m_tool.write(u"library/"_s + file, m_tool.read(u"before/"_s + file));
+    }
+
+    Outcome run(const QString &line, const QString &failing)
+    {
+        const auto process = m_tool.prepare(line);
+        QProcessEnvironment environment = process->processEnvironment();
+        environment.insert(u"LD_PRELOAD"_s, QStringLiteral(FAILING_SYSTEM));
+        environment.insert(u"FAILING_CALL"_s, failing);
+        environment.insert(u"FAILING_CALL_COUNT"_s, m_tool.path(u"calls"_s));
+        process->setProcessEnvironment(environment);
+        process->start();
+        return Tool::finish(*process);
+    }
+
+    /// All records, each with the bytes of its picture.
+    QStringList library() const
+    {
+        const auto store = Store::open(LibraryLocation::inFolder(m_tool.path(u"library"_s)));
+        if (!store)
+            return {u"cannot be opened: "_s + store.error().message};
+        QStringList records;
+        for (const Asset *asset : (*store)->all<Asset>())
+            records << u"asset "_s + asset->name() + picture(asset->fileURL());
+        for (const Slideshow *slideshow : (*store)->all<Slideshow>()) {
+            records << u"slideshow "_s + slideshow->batchName().value_or(QString());
+            for (const Slide *slide : slideshow->slides())
+                records << u"slide "_s + slide->text() + picture(slide->imageURL());
+        }
+        records.sort();
+        return records;
+    }
+
+    static QString picture(const QUrl &url)
+    {
+        return u' ' + QString::fromLatin1(readFile(url.toLocalFile()).toBase64());
+    }
+
+    std::map<QString, QByteArray> files(const QString &folder) const
+    {
+        std::map<QString, QByteArray> found;
+        for (const QString &file : m_tool.files(folder))
+            found[file] = m_tool.read(folder + u'/' + file);
+        return found;
+    }
+
+    /// What is wrong with what a run has left; empty when nothing is.
+    QString verdict(const Outcome &outcome, const QStringList &before, const QStringList &after,
+                    const std::map<QString, QByteArray> &written) const
+    {
+        const bool isSaid = outcome.status == 1 && ("\n" + outcome.err).contains("\nmosslantern-cli: ");
+        if (outcome.status != 0 && !isSaid)
+            return u"no status 1 with a sentence"_s;
+        const std::map<QString, QByteArray> now = files(u"out"_s);
+        for (const auto &[name, bytes] : now) {
+            const auto whole = written.find(name);
+            const bool isWhole = whole != written.end() && whole->second == bytes;
+            if (!isWhole && !outcome.error().contains(name + u"” is drawn without its picture"_s))
+                return u"not a whole file: "_s + name;
+        }
+        const QStringList contents = library();
+        if (outcome.status == 0 && (now != written || contents != after))
+            return u"success that is none"_s;
+        for (const QString &record : contents) {
+            if (!before.contains(record) && !after.contains(record))
+                return u"damaged: "_s + record;
+        }
+        for (const QString &record : before) {
+            if (after.contains(record) && !contents.contains(record))
+                return u"lost: "_s + record;
+        }
+        return {};
+    }
+
+    Tool m_tool;
+};
+
+QTEST_GUILESS_MAIN(CliFailingSystemTest)
+#include "tst_cli_failing_system.moc"
