@@ -3,7 +3,7 @@ import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A setting that is on or off: its text and, at the trailing edge, the switch. It shows `isOn`; the owner takes what is
-/// picked, by pointer, by keys or by an assistive tool, which sets the check mark itself.
+/// picked, by pointer, by keys or by an assistive tool.
 T.Switch {
     id: root
 
@@ -26,6 +26,8 @@ T.Switch {
     Accessible.name: text
     Accessible.checkable: true
     Accessible.checked: checked
+    Accessible.onPressAction: toggle()
+    Accessible.onToggleAction: toggle()
     onIsOnChanged: show()
     onCheckedChanged: {
         if (!isShowing) {
