@@ -2,9 +2,9 @@
 #include "app/cli/help.h"
 #include "app/cli/output.h"
 #include "app/cli/qt_messages.h"
-#include "app/cli/text_decoding.h"
 #include "app/identity.h"
 #include "model/console.h"
+#include "model/text_decoding.h"
 #include "render/memory.h"
 #include "render/text/fonts.h"
 

@@ -2,13 +2,13 @@
 #include "app/cli/commands.h"
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
-#include "app/cli/picture_arguments.h"
 #include "app/cli/progress.h"
 #include "app/cli/slide_export.h"
 #include "content/batch_name.h"
 #include "content/slide_content.h"
 #include "content/slideshow_generator.h"
 #include "render/export/bulk_exporter.h"
+#include "render/picture/picture_files.h"
 #include "render/picture/picture_loader.h"
 
 #include <QtCore/QDir>
@@ -87,7 +87,7 @@ std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design
 }
 
 /// From the original files: nothing is written but the slides, nothing read but what they show.
-int makeSlides(const BatchRequest &request, const PictureArguments &found, const QString &out)
+int makeSlides(const BatchRequest &request, const PictureFiles &found, const QString &out)
 {
     const Interruption interruption;
     const Result<QStringList> contents = batchContents(request, interruption);
@@ -137,7 +137,7 @@ int make(const Arguments &arguments)
         return request.error();
     if (!QFileInfo(images).isDir())
         return failedWith({u"“%1” is not a folder."_s.arg(images)});
-    const PictureArguments found = pictureArguments({images});
+    const PictureFiles found = pictureFiles({images});
     for (const Error &problem : found.problems)
         report(problem.message);
     if (found.files.isEmpty())

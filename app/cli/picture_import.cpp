@@ -2,11 +2,11 @@
 
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
-#include "app/cli/picture_arguments.h"
 #include "app/cli/progress.h"
 #include "model/asset.h"
 #include "model/image_files.h"
-#include "render/picture/picture_loader.h"
+#include "render/picture/picture_checks.h"
+#include "render/picture/picture_files.h"
 
 #include <QtCore/QFileInfo>
 
@@ -19,10 +19,10 @@ namespace {
 /// So that little is lost when the program is killed, and saving takes little of the time.
 constexpr qsizetype filesPerSave = 100;
 
-Result<Asset *> importPicture(const QString &file, Store &store)
+Result<Asset *> importPicture(const QString &file, const Result<> &checked, Store &store)
 {
-    if (const auto info = readPictureInfo(file); !info)
-        return std::unexpected(info.error());
+    if (!checked)
+        return std::unexpected(checked.error());
     return importAsset(QUrl::fromLocalFile(QFileInfo(file).absoluteFilePath()), store);
 }
 
@@ -36,16 +36,18 @@ PictureImport importPictures(const QStringList &filesAndFolders, Store &store,
         report(problem);
         ++imported.problems;
     };
-    const PictureArguments pictures = pictureArguments(filesAndFolders);
+    const PictureFiles pictures = pictureFiles(filesAndFolders);
     for (const Error &problem : pictures.problems)
         fail(problem.message);
 
+    PictureChecks checks(pictures.files);
     Progress progress(u"pictures"_s);
     for (qsizetype i = 0; i < pictures.files.size() && !interruption.isRequested(); ++i) {
-        if (const Result<Asset *> asset = importPicture(pictures.files[i], store))
+        const QString &file = pictures.files[i];
+        if (const Result<Asset *> asset = importPicture(file, checks.result(i), store))
             imported.assets.push_back(*asset);
         else
-            fail(pictures.files[i] + u": "_s + asset.error().message);
+            fail(file + u": "_s + asset.error().message);
         if (i % filesPerSave == filesPerSave - 1)
             static_cast<void>(store.flush()); // What this cannot save, the last attempt reports.
         progress.show(i + 1, pictures.files.size());

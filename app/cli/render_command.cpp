@@ -3,11 +3,11 @@
 #include "app/cli/interruption.h"
 #include "app/cli/left_out.h"
 #include "app/cli/output.h"
-#include "app/cli/picture_arguments.h"
 #include "app/cli/progress.h"
 #include "app/cli/render_targets.h"
 #include "model/partial_file.h"
 #include "render/export/png_file.h"
+#include "render/picture/picture_files.h"
 #include "render/picture/picture_geometry.h"
 
 #include <QtCore/QDir>
@@ -39,7 +39,7 @@ bool isPngFile(const QString &out)
 }
 
 /// The file that each slide goes to.
-Result<QStringList> chooseFiles(const PictureArguments &pictures, const QString &out)
+Result<QStringList> chooseFiles(const PictureFiles &pictures, const QString &out)
 {
     if (isPngFile(out)) {
         const QString picture = QFileInfo(pictures.files.first()).canonicalFilePath();
@@ -120,7 +120,7 @@ int render(const Arguments &arguments)
     if (!isDrawable(canvas))
         return wrongUsage(u"--size and --pixel-ratio: expected fewer pixels");
 
-    const PictureArguments pictures = pictureArguments(arguments.positionals());
+    const PictureFiles pictures = pictureFiles(arguments.positionals());
     if (isPngFile(out) && (arguments.positionals().size() > 1 || pictures.hasFolder))
         return wrongUsage(u"--out: expected a folder for several pictures, not “%1”"_s.arg(out));
     for (const Error &problem : pictures.problems)

@@ -1,6 +1,7 @@
 #include "app/gui/qt_file_panels.h"
 
 #include "render/export/bulk_exporter.h"
+#include "render/picture/picture_files.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
@@ -139,11 +140,9 @@ void QtFilePanels::openImages(Picked picked)
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setLabelText(QFileDialog::Accept, QFileDialog::tr("Import"));
     dialog->setDirectory(startFolder(QStandardPaths::PicturesLocation));
-    const QStringList patterns{u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
-                               u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
     QStringList globs;
-    for (const QString &pattern : patterns)
-        globs << u"*."_s + pattern << u"*."_s + pattern.toUpper();
+    for (const QString &suffix : pictureSuffixes())
+        globs << u"*."_s + suffix << u"*."_s + suffix.toUpper();
     dialog->setNameFilters(
         {QFileDialog::tr("Images (%1)").arg(globs.join(u' ')), QFileDialog::tr("All files (*)")});
     QObject::connect(

@@ -2,7 +2,7 @@
 
 #include "render/export/png_encoder.h"
 #include "render/export/slide_job.h"
-#include "render/export/work_crew.h"
+#include "render/work_crew.h"
 
 #include <QtCore/QThread>
 

@@ -198,7 +198,7 @@ bool JpegCodec::isMissingTooMuch() const
 Error JpegCodec::failure() const
 {
     if (m_incomplete)
-        return {u"The picture file is incomplete."_s};
+        return {incompletePicture()};
     switch (m_errors.msg_code) {
     case JERR_OUT_OF_MEMORY:
     case JERR_NO_BACKING_STORE:

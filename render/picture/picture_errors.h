@@ -9,6 +9,10 @@ inline QString damagedPicture()
 {
     return QStringLiteral("The picture is damaged.");
 }
+inline QString incompletePicture()
+{
+    return QStringLiteral("The picture file is incomplete.");
+}
 inline QString pictureNeedsTooMuchMemory()
 {
     return QStringLiteral("There is not enough memory for the picture.");

@@ -1,5 +1,6 @@
 #include "render/picture/picture_qt_decoder.h"
 
+#include "render/picture/picture_cut.h"
 #include "render/picture/picture_errors.h"
 #include "render/picture/picture_exif.h"
 #include "render/picture/picture_fit.h"
@@ -76,6 +77,8 @@ Result<QSize> checkedSize(const QImageReader &reader)
 
 Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format, const PictureRequest &request)
 {
+    if (isCutShort(device, format))
+        return fail(incompletePicture());
     QImageReader reader;
     const Orientation orientation = open(reader, device, format);
     if (const auto size = checkedSize(reader); !size)

@@ -152,6 +152,30 @@ private slots:
 #endif
     }
 
+    void refusesHalfPictures()
+    {
+        const QImage image = painting(200, 150);
+        QImage indexed = image.convertToFormat(QImage::Format_Indexed8);
+        const QByteArray clear = QByteArray("\x21\xf9\x04\0\0\0\0\0", 8);
+        const std::pair<const char *, QByteArray> cases[]{{"jpeg", encoded(image, "jpeg")},
+                                                          {"png", encoded(image, "png")},
+                                                          {"webp", encoded(image, "webp", 100)},
+                                                          {"tiff", encoded(image, "tiff")},
+                                                          {"bmp", encoded(image, "bmp")},
+                                                          {"bmp of 256 colours", encoded(indexed, "bmp")},
+                                                          {"gif", gif()},
+                                                          {"gif, extended", gif().insert(25, clear)},
+                                                          {"heic", heif(image)}};
+        for (const auto &[name, file] : cases) {
+            const qsizetype end = QByteArray(name).startsWith("gif") ? file.indexOf('\x2c', 40) : file.size();
+            for (const PictureRequest &request : {PictureRequest{}, PictureRequest{{16, 16}, false}}) {
+                QVERIFY2(decodePicture(file.first(end), request), name);
+                for (const double part : {0.3, 0.5, 0.8})
+                    QVERIFY2(!decodePicture(file.first(qsizetype(double(end) * part)), request), name);
+            }
+        }
+    }
+
     void survivesCutFiles_data()
     {
         const auto row = table<QByteArray, int>({"file", "trials"});

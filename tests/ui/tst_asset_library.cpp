@@ -21,6 +21,13 @@ private:
         return names;
     }
 
+    QUrl textFile(const QString &name)
+    {
+        const QUrl file = pictureFile(name);
+        writeFile(file.toLocalFile(), "no picture");
+        return file;
+    }
+
     void drop(const QList<QUrl> &urls)
     {
         QMimeData data;
@@ -46,17 +53,19 @@ private slots:
         settle();
         QCOMPARE(assetNames(), QStringList());
 
-        // One file of the three is gone: the others are imported all the same.
+        // Neither a file that is gone nor what cannot be shown keeps the others from being imported.
+        const QUrl half = pictureFile(u"half.png"_s);
+        QVERIFY(QFile::resize(half.toLocalFile(), QFileInfo(half.toLocalFile()).size() / 2));
         const QList<QUrl> picked{pictureFile(u"b.png"_s), QUrl::fromLocalFile(u"/nowhere/gone.png"_s),
-                                 pictureFile(u"a.PNG"_s)};
+                                 textFile(u"text.png"_s), half, pictureFile(u"a.PNG"_s)};
         QVERIFY(session().click(u"addTile"_s));
         const ConsoleCapture console;
         session().panels().answer(picked);
-        settle();
-        QCOMPARE(assetNames(), QStringList({u"b.png"_s, u"a.PNG"_s}));
-        QCOMPARE(session().count(u"assetCell"_s), 2);
-        QCOMPARE(console.lines().size(), 1);
-        QVERIFY(console.lines().constFirst().startsWith("Failed to copy asset: "_L1));
+        QTRY_COMPARE(assetNames(), QStringList({u"b.png"_s, u"a.PNG"_s}));
+        QTRY_COMPARE(session().count(u"assetCell"_s), 2);
+        QCOMPARE(console.lines().size(), 3);
+        for (const QString &line : console.lines())
+            QVERIFY2(line.startsWith("Failed to copy asset: "_L1), qPrintable(line));
     }
 
     void reportsAPanelThatFails()
@@ -73,15 +82,28 @@ private slots:
     void takesDroppedPicturesAndFolders()
     {
         session().open();
-        pictureFile(u"folder/2.png"_s);
-        const QUrl inFolder = pictureFile(u"folder/1.png"_s);
-        QFile text(QFileInfo(inFolder.toLocalFile()).dir().filePath(u"notes.txt"_s));
-        QVERIFY(text.open(QIODevice::WriteOnly) && text.write("no picture") > 0);
-        text.close();
+        pictureFile(u"folder/10.png"_s);
+        const QUrl inFolder = pictureFile(u"folder/9.png"_s);
         const QUrl folder = QUrl::fromLocalFile(QFileInfo(inFolder.toLocalFile()).path());
+        const QUrl broken = textFile(u"folder/broken.jpg"_s), notes = textFile(u"folder/notes.txt"_s);
 
-        drop({pictureFile(u"single.png"_s), QUrl::fromLocalFile(text.fileName()), folder});
-        QCOMPARE(assetNames(), QStringList({u"single.png"_s, u"1.png"_s, u"2.png"_s}));
+        const ConsoleCapture console;
+        drop({pictureFile(u"single.png"_s), notes, folder, inFolder});
+        QTRY_COMPARE(assetNames(), QStringList({u"single.png"_s, u"10.png"_s, u"9.png"_s}));
+        QCOMPARE(console.lines().size(), 1);
+        QVERIFY(console.lines().constFirst().contains(broken.toLocalFile()));
+    }
+
+    void importsWhileTheUserIsElsewhere()
+    {
+        session().open();
+        QVERIFY(session().click(u"addTile"_s));
+        QList<QUrl> picked;
+        for (int i = 0; i < 30; ++i)
+            picked.append(pictureFile(QString::number(i) + u".png"_s));
+        session().panels().answer(picked);
+        QVERIFY(session().click(u"sidebarRow1"_s));
+        QTRY_COMPARE(assetNames().size(), 30);
     }
 
     void deletesWithWhatDepends()

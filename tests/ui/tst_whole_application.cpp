@@ -107,7 +107,7 @@ void WholeApplicationTest::importPictures()
     QList<QUrl> files = pictures();
     const QUrl dropped = files.takeLast();
     session().panels().answer(files);
-    QCOMPARE(store().all<Asset>().size(), 5u);
+    QTRY_COMPARE(store().all<Asset>().size(), 5u);
 
     QMimeData data;
     data.setUrls({dropped});
@@ -117,7 +117,7 @@ void WholeApplicationTest::importPictures()
     QCoreApplication::sendEvent(&window, &enter);
     QDropEvent drop(middle, Qt::CopyAction, &data, Qt::LeftButton, {});
     QCoreApplication::sendEvent(&window, &drop);
-    QCOMPARE(store().all<Asset>().size(), 6u);
+    QTRY_COMPARE(store().all<Asset>().size(), 6u);
 }
 
 void WholeApplicationTest::makeCollection()

@@ -3,37 +3,16 @@
 #include "model/console.h"
 #include "model/delete_asset.h"
 #include "model/image_files.h"
-#include "render/picture/picture_format.h"
+#include "render/picture/picture_files.h"
 #include "ui/common/file_panels.h"
+#include "ui/library/picture_intake.h"
 
-#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-bool isPicture(const QString &path)
-{
-    constexpr qint64 enoughBytes = 128;
-    QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) &&
-           pictureFormat(file.read(enoughBytes)).has_value();
-}
-
-QStringList filesAt(const QString &path)
-{
-    if (!QFileInfo(path).isDir())
-        return {path};
-    QStringList files;
-    for (const QFileInfo &file : QDir(path).entryInfoList(QDir::Files, QDir::Name | QDir::LocaleAware))
-        files.append(file.filePath());
-    return files;
-}
-
-} // namespace
 
 AssetLibraryView::AssetLibraryView(QObject *parent)
     : QObject(parent)
@@ -70,21 +49,28 @@ void AssetLibraryView::importAssets(const Result<QList<QUrl>> &picked)
         printLine(u"Error importing files: "_s + picked.error().message);
         return;
     }
-    for (const QUrl &file : *picked)
-        static_cast<void>(importAsset(file, m_context->store()));
+    QStringList files;
+    for (const QUrl &file : *picked) {
+        if (file.isLocalFile())
+            files.append(file.toLocalFile());
+        else
+            static_cast<void>(importAsset(file, m_context->store())); // which says why it cannot
+    }
+    PictureIntake::of(*m_context).take(files);
 }
 
 bool AssetLibraryView::importDropped(const QList<QUrl> &dropped)
 {
-    QList<QUrl> pictures;
+    QStringList names;
     for (const QUrl &url : dropped) {
-        for (const QString &path : filesAt(url.toLocalFile())) {
-            if (isPicture(path))
-                pictures.append(QUrl::fromLocalFile(path));
-        }
+        if (const QString name = url.toLocalFile(); QFileInfo(name).isDir() || isLikePicture(name))
+            names.append(name);
     }
-    importAssets(pictures);
-    return !pictures.isEmpty();
+    const PictureFiles pictures = pictureFiles(names);
+    for (const Error &problem : pictures.problems)
+        printLine(u"Failed to copy asset: "_s + problem.message);
+    PictureIntake::of(*m_context).take(pictures.files);
+    return !pictures.files.isEmpty();
 }
 
 void AssetLibraryView::deleteAsset(Asset *asset)

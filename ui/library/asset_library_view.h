@@ -40,11 +40,11 @@ public:
     bool isImporterPresented() const { return m_isImporterPresented; }
     void setIsImporterPresented(bool isPresented);
 
-    /// Imports the picked files one after another.
+    /// Imports the picked files one after another, in the background, but for those that cannot be shown.
     void importAssets(const Result<QList<QUrl>> &picked);
 
-    /// Imports the pictures among files that were dropped on the screen; a folder stands for the pictures in
-    /// it, by name. Whether there were any.
+    /// Does so with the pictures among files that were dropped on the screen; a folder stands for the
+    /// pictures in it, by name. Whether there were any that looked like pictures.
     Q_INVOKABLE bool importDropped(const QList<QUrl> &dropped);
 
     /// Removes an asset and, before it, every slideshow with a slide that could no longer show its picture.

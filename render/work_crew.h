@@ -31,6 +31,9 @@ public:
 
     int size() const { return m_size; }
 
+    /// Whether a thread works, and not just whoever waits. Known once a piece of work has been started.
+    bool hasThreads() const { return !m_threads.empty(); }
+
     /// From any thread.
     void start(Work work, Order order);
 

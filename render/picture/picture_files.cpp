@@ -1,10 +1,11 @@
-#include "app/cli/picture_arguments.h"
+#include "render/picture/picture_files.h"
 
-#include "app/cli/text_decoding.h"
+#include "model/text_decoding.h"
 #include "render/picture/picture_format.h"
 
 #include <QtCore/QCollator>
 #include <QtCore/QDir>
+#include <QtCore/QSet>
 
 #include <algorithm>
 #include <filesystem>
@@ -17,8 +18,7 @@ namespace {
 
 bool isCalledLikePicture(const QString &name)
 {
-    static const QStringList suffixes{u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
-                                      u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
+    static const QStringList suffixes = pictureSuffixes();
     return suffixes.contains(QFileInfo(name).suffix(), Qt::CaseInsensitive);
 }
 
@@ -71,32 +71,55 @@ Result<QStringList> pictureNames(const QString &folder)
 
 } // namespace
 
-PictureArguments pictureArguments(const QStringList &arguments)
+PictureFiles pictureFiles(const QStringList &names)
 {
-    PictureArguments pictures;
+    PictureFiles pictures;
     const auto add = [&pictures](const QString &path) {
         if (isProperText(path))
             pictures.files.append(path);
         else
             pictures.problems.append(improperName(path));
     };
-    for (const QString &argument : arguments) {
-        if (argument.isEmpty()) {
+    const auto isFolder = [](const QString &name) { return isProperText(name) && QFileInfo(name).isDir(); };
+    QSet<QString> taken;
+    for (const QString &name : names) {
+        if (isProperText(name) && !isFolder(name))
+            taken.insert(QFileInfo(name).canonicalFilePath());
+    }
+    for (const QString &name : names) {
+        if (name.isEmpty()) {
             pictures.problems.append({u"The name of a file is empty."_s});
             continue;
         }
-        if (!isProperText(argument) || !QFileInfo(argument).isDir()) {
-            add(argument);
+        if (!isFolder(name)) {
+            add(name);
             continue;
         }
         pictures.hasFolder = true;
-        const Result<QStringList> names = pictureNames(argument);
-        if (!names)
-            pictures.problems.append(names.error());
-        for (const QString &name : names.value_or(QStringList()))
-            add(QDir(argument).filePath(name));
+        const Result<QStringList> inFolder = pictureNames(name);
+        if (!inFolder)
+            pictures.problems.append(inFolder.error());
+        for (const QString &inside : inFolder.value_or(QStringList())) {
+            const QString path = QDir(name).filePath(inside);
+            const QString canonical = QFileInfo(path).canonicalFilePath(); // empty when there is no file
+            if (!canonical.isEmpty() && taken.contains(canonical))
+                continue;
+            taken.insert(canonical);
+            add(path);
+        }
     }
     return pictures;
+}
+
+QStringList pictureSuffixes()
+{
+    return {u"jpg"_s, u"jpeg"_s, u"png"_s,  u"webp"_s, u"gif"_s, u"bmp"_s,
+            u"tif"_s, u"tiff"_s, u"heic"_s, u"heif"_s, u"avif"_s};
+}
+
+bool isLikePicture(const QString &path)
+{
+    return isCalledLikePicture(path) || beginsLikePicture(QFileInfo(path).filesystemFilePath());
 }
 
 } // namespace mosslantern

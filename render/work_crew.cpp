@@ -1,4 +1,4 @@
-#include "render/export/work_crew.h"
+#include "render/work_crew.h"
 
 #include <algorithm>
 #include <exception>
