@@ -34,13 +34,6 @@ Face face(TextStyle style)
     Q_UNREACHABLE();
 }
 
-/// Named so that scripts which the text fonts lack look the same wherever these fonts are installed.
-QStringList otherScripts()
-{
-    return {u"Noto Sans"_s,      u"Noto Sans Arabic"_s,     u"Noto Sans Hebrew"_s,
-            u"Noto Sans Thai"_s, u"Noto Sans Devanagari"_s, u"Noto Sans CJK SC"_s};
-}
-
 int layoutPixels(double size)
 {
     return std::max(1, static_cast<int>(std::lround(size * layoutFactor)));
@@ -74,11 +67,18 @@ Result<> registerFonts()
 QFont layoutFont(TextStyle style, double size)
 {
     const Face styleFace = face(style);
-    QFont font;
-    font.setFamilies(QStringList{styleFace.family} + otherScripts());
+    QFont font(styleFace.family);
     font.setWeight(styleFace.weight);
     font.setPixelSize(layoutPixels(size));
     font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+QFont fallbackLayoutFont(const QFont &layoutFont, const QString &family)
+{
+    QFont font(layoutFont);
+    font.setFamilies({family});
+    font.setStyleStrategy(QFont::NoFontMerging);
     return font;
 }
 

@@ -20,6 +20,9 @@ inline constexpr double layoutFactor = 10;
 /// The face of a text style, unhinted, `size` points high times layoutFactor (as its pixel size).
 [[nodiscard]] QFont layoutFont(TextStyle style, double size);
 
+/// The same as `layoutFont`, but in another family and in no other: in its weight that comes nearest.
+[[nodiscard]] QFont fallbackLayoutFont(const QFont &layoutFont, const QString &family);
+
 /// The colour emoji font for text of `size` points, times layoutFactor: drawn so large that an emoji is
 /// 1.245 em wide, as browsers show it (Qt alone gives 1.06 em).
 [[nodiscard]] QFont emojiLayoutFont(double size);

@@ -2,7 +2,9 @@
 
 #include "render/text/emoji_picture.h"
 #include "render/text/emoji_runs.h"
+#include "render/text/fallback_fonts.h"
 
+#include <QtCore/QtEndian>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGlyphRun>
 #include <QtGui/QPaintDevice>
@@ -11,15 +13,23 @@
 #include <QtGui/QRawFont>
 #include <QtGui/QTextLayout>
 
+#include <unicode/uchar.h>
 #include <unicode/uscript.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+bool isAscii(QStringView text)
+{
+    return std::ranges::all_of(text, [](QChar unit) { return unit < u'\x7F'; });
+}
 
 /// Whether the emoji font draws the run: an unknown newer emoji is left to the fallback fonts.
 bool isDrawable(const QRawFont &emojiFont, QStringView run)
@@ -67,12 +77,13 @@ enum class Others { none, symbols, scripts };
 bool isAtHome(UScriptCode script)
 {
     return script == USCRIPT_COMMON || script == USCRIPT_INHERITED || script == USCRIPT_LATIN ||
-           script == USCRIPT_GREEK || script == USCRIPT_CYRILLIC || script == USCRIPT_UNKNOWN;
+           script == USCRIPT_BRAILLE || script == USCRIPT_GREEK || script == USCRIPT_CYRILLIC ||
+           script == USCRIPT_UNKNOWN;
 }
 
 Others othersIn(const QString &text, const QRawFont &textFont)
 {
-    if (std::ranges::all_of(text, [](QChar unit) { return unit < u'\x7F'; }))
+    if (isAscii(text))
         return Others::none;
     QString letters;
     qsizetype from = 0;
@@ -92,6 +103,45 @@ Others othersIn(const QString &text, const QRawFont &textFont)
     }
     return others;
 }
+
+/// Whether `character` is one of the mathematical letters that are bold by nature.
+bool isBold(char32_t character)
+{
+    if (character < 0x1D400 || character > 0x1D7FF)
+        return false;
+    std::array<char, 64> name{};
+    UErrorCode error = U_ZERO_ERROR;
+    u_charName(static_cast<UChar32>(character), U_UNICODE_CHAR_NAME, name.data(), name.size(), &error);
+    return std::string_view(name.data()).find(" BOLD ") != std::string_view::npos;
+}
+
+/// The length of the part of `text` from `start` on that is bold by nature, or of that which is not.
+qsizetype evenlyBold(const QString &text, qsizetype start)
+{
+    const QList<uint> characters = QStringView(text).sliced(start).toUcs4();
+    const bool bold = isBold(characters.front());
+    qsizetype length = 0;
+    for (const uint character : characters) {
+        if (isBold(character) != bold)
+            break;
+        length += character > 0xFFFF ? 2 : 1;
+    }
+    return length;
+}
+
+/// Whether `font` is a light one. All text styles are bold, but not every script has a bold font.
+bool isLight(const QRawFont &font)
+{
+    if (isPlaceholder(font) || isEmojiFont(font))
+        return false;
+    const QByteArray measures = font.fontTable("OS/2");
+    constexpr qsizetype weightAt = 4;
+    return measures.size() >= weightAt + 2 &&
+           qFromBigEndian<quint16>(measures.constData() + weightAt) < QFont::DemiBold;
+}
+
+// Of the font's size; about the difference between a regular and a bold face.
+constexpr double addedBoldness = 0.05;
 
 /// Adds an empty box for a letter that no font has. It stands on the baseline at `position`.
 void addMissingLetter(QPainterPath &outlines, QPointF position, double fontSize)
@@ -128,6 +178,30 @@ QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size)
     return formats;
 }
 
+QList<QTextLayout::FormatRange> lineFormats(const QString &text, const QFont &font)
+{
+    if (isAscii(text))
+        return {};
+    const QRawFont textFont = QRawFont::fromFont(font);
+    QList<QTextLayout::FormatRange> formats;
+    const auto appendFallbacks = [&](int from, int to) {
+        for (const FallbackRun &fallback : fallbackRuns(text.sliced(from, to - from), textFont)) {
+            QTextCharFormat format;
+            format.setFont(fallbackLayoutFont(font, fallback.family));
+            formats.append(
+                {from + static_cast<int>(fallback.run.start), static_cast<int>(fallback.run.length), format});
+        }
+    };
+    int from = 0;
+    for (const QTextLayout::FormatRange &emoji : emojiFormats(text, font.pixelSize() / layoutFactor)) {
+        appendFallbacks(from, emoji.start);
+        formats.append(emoji);
+        from = emoji.start + emoji.length;
+    }
+    appendFallbacks(from, static_cast<int>(text.size()));
+    return formats;
+}
+
 double lineHeight(const QString &text, const QFont &font, double plainHeight)
 {
     const bool isPlain = othersIn(text, QRawFont::fromFont(font)) == Others::none;
@@ -157,13 +231,19 @@ LineLayout::LineLayout(const QString &text, const QFont &font)
     option.setWrapMode(QTextOption::NoWrap);
     option.setTabStopDistance(tabStopDistance(font));
     layout.setTextOption(option);
-    layout.setFormats(emojiFormats(shown, m_fontSize / layoutFactor));
+    layout.setFormats(lineFormats(shown, font));
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(1e9);
     layout.endLayout();
 
-    m_runs = layout.glyphRuns();
+    for (qsizetype start = 0; start < shown.size();) {
+        const qsizetype length = evenlyBold(shown, start);
+        const bool isBoldPart = isBold(QStringView(shown).sliced(start).toUcs4().front());
+        for (const QGlyphRun &run : layout.glyphRuns(static_cast<int>(start), static_cast<int>(length)))
+            m_runs.push_back({run, !isBoldPart && isLight(run.rawFont()) ? addedBoldness * m_fontSize : 0});
+        start += length;
+    }
     const QRawFont textFont = QRawFont::fromFont(font);
     const Others others = othersIn(shown, textFont);
     // The text fonts hardly reach beyond an advance.
@@ -171,7 +251,7 @@ LineLayout::LineLayout(const QString &text, const QFont &font)
     if (others != Others::none)
         makeRoom(textFont, line.ascent(), others == Others::scripts);
     const QPointF shift(-line.naturalTextRect().left(), m_ascent * layoutFactor - line.ascent());
-    for (QGlyphRun &run : m_runs) {
+    for (auto &[run, pen] : m_runs) {
         QList<QPointF> positions = run.positions();
         for (QPointF &position : positions)
             position += shift;
@@ -183,7 +263,7 @@ void LineLayout::makeRoom(const QRawFont &textFont, double baseline, bool wholeF
 {
     double ascent = m_ascent * layoutFactor;
     double descent = m_height * layoutFactor - ascent;
-    for (const QGlyphRun &run : m_runs) {
+    for (const auto &[run, pen] : m_runs) {
         const QRawFont font = run.rawFont();
         if (isPlaceholder(font) || isEmojiFont(font) || font.familyName() == textFont.familyName())
             continue;
@@ -196,8 +276,8 @@ void LineLayout::makeRoom(const QRawFont &textFont, double baseline, bool wholeF
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
             const QRectF ink = font.boundingRect(glyphs[i]).translated(0, positions[i].y() - baseline);
-            ascent = std::max(ascent, -ink.top());
-            descent = std::max(descent, ink.bottom());
+            ascent = std::max(ascent, pen / 2 - ink.top());
+            descent = std::max(descent, ink.bottom() + pen / 2);
         }
     }
     m_ascent = ascent / layoutFactor;
@@ -211,7 +291,7 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
     painter.setPen(colour);
     const QRectF device(0, 0, painter.device()->width(), painter.device()->height());
     const QRectF shown = painter.combinedTransform().inverted().mapRect(device);
-    for (const QGlyphRun &run : m_runs) {
+    for (const auto &[run, pen] : m_runs) {
         const QRawFont font = run.rawFont();
         if (isEmojiFont(font)) {
             drawEmojiRun(painter, run);
@@ -234,6 +314,8 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
                 addMissingLetter(outlines, positions[i], m_fontSize);
         }
         painter.fillPath(outlines, colour);
+        if (pen > 0)
+            painter.strokePath(outlines, QPen(colour, pen, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
     }
     painter.restore();
 }

@@ -4,6 +4,8 @@
 
 #include <QtGui/QTextLayout>
 
+#include <vector>
+
 class QPainter;
 
 namespace mosslantern {
@@ -45,7 +47,13 @@ private:
     /// could draw.
     void makeRoom(const QRawFont &textFont, double baseline, bool wholeFonts);
 
-    QList<QGlyphRun> m_runs;
+    struct Run
+    {
+        QGlyphRun glyphs;
+        double pen = 0; // drawn along the outlines of a light font's letters, to make them bolder
+    };
+
+    std::vector<Run> m_runs;
     double m_width = 0;
     double m_ascent = 0;
     double m_height = 0;
@@ -59,7 +67,11 @@ private:
 /// From one tab stop to the next in units of the layout: eight spaces.
 [[nodiscard]] double tabStopDistance(const QFont &font);
 
-/// The formats that give the emoji of `text` the emoji font: the painter's and the text editor's one rule.
+/// The formats that give the emoji of `text` the emoji font.
 [[nodiscard]] QList<QTextLayout::FormatRange> emojiFormats(const QString &text, double size);
+
+/// The formats that give the emoji of `text`, and the letters that `font` lacks, their fonts: the painter's
+/// and the text editor's one rule.
+[[nodiscard]] QList<QTextLayout::FormatRange> lineFormats(const QString &text, const QFont &font);
 
 } // namespace mosslantern

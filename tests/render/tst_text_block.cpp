@@ -1,8 +1,10 @@
 #include "drawn.h"
+#include "render/text/fallback_fonts.h"
 #include "render/text/fonts.h"
 #include "tests/table.h"
 
 #include <QtGui/QPainter>
+#include <QtGui/QRawFont>
 
 #include <limits>
 
@@ -270,6 +272,58 @@ private slots:
         QVERIFY(std::abs(bottom - block.size().height() / 2) < 1e-9);
         QVERIFY(block.lineBox(1).height() > block.lineBox(0).height() + 5);
         QCOMPARE(block.lineBox(4).height(), block.lineBox(0).height());
+    }
+
+    void otherLettersComeFromOneChain_data()
+    {
+        const auto row = table<TextStyle, QString, QString>({"style", "text", "runs"});
+        row("Latin", TextStyle::boxed, u"Größe — “x” ✓"_s, QString());
+        row("Greek", TextStyle::classic, u"a Άέ 1 β"_s, u"2+2 Noto Sans, 7+1 Noto Sans"_s);
+        row("Greek in Inter", TextStyle::modern, u"Άέ"_s, QString());
+        row("joined", TextStyle::neon, u"می\u200Cخواهم x"_s, u"0+8 Noto Sans Arabic"_s);
+        row("marks", TextStyle::boxed, u"हिं a\u0301"_s, u"0+3 Noto Sans Devanagari"_s);
+        row("shared sign", TextStyle::boxed, u"ना।"_s, u"0+3 Noto Sans Devanagari"_s);
+        row("two scripts", TextStyle::boxed, u"漢ไท"_s, u"0+1 Noto Sans CJK SC, 1+2 Noto Sans Thai"_s);
+        row("Tibetan", TextStyle::boxed, u"བོད"_s, u"0+3 Noto Serif Tibetan"_s);
+        row("mathematical", TextStyle::boxed, u"𝓗𝓲"_s, u"0+4 Noto Sans Math"_s);
+        row("no font's", TextStyle::boxed, u"a\U000F1234"_s, QString());
+    }
+
+    void otherLettersComeFromOneChain()
+    {
+        QFETCH(TextStyle, style);
+        QFETCH(QString, text);
+        QStringList runs;
+        for (const FallbackRun &found : fallbackRuns(text, QRawFont::fromFont(layoutFont(style, 32))))
+            runs += u"%1+%2 %3"_s.arg(found.run.start).arg(found.run.length).arg(found.family);
+        QTEST(runs.join(u", "_s), "runs");
+    }
+
+    /// The stem of a letter, in hundredths of an em.
+    static double stem(const QString &letter, TextStyle style)
+    {
+        const LineLayout line(letter, style, 100);
+        QImage image(400, 400, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(100, 300 - line.ascent());
+        line.draw(painter, Qt::white);
+        double sum = 0;
+        for (int x = 0; x < image.width(); ++x)
+            sum += qRed(image.pixel(x, 265)) / 255.0;
+        return sum;
+    }
+
+    void noLettersAreThin()
+    {
+        for (const TextStyle style : allTextStyles) {
+            QVERIFY(stem(u"I"_s, style) > 12);
+            for (const QString &letter : {u"𐌹"_s, u"ᛁ"_s, u"𝖨"_s, u"ا"_s})
+                QVERIFY2(stem(letter, style) > 13, qPrintable(letter));
+            // Bold by nature.
+            QVERIFY(stem(u"𝗜"_s, style) < 16);
+        }
     }
 
     void overhangsDoNotMoveALine_data()

@@ -120,9 +120,9 @@ FocusScope {
             Accessible.name: root.label
             Accessible.multiLine: !root.isSingleLine
 
-            EmojiHighlighter {
+            LineHighlighter {
                 textDocument: area.textDocument
-                pixelSize: area.font.pixelSize
+                font: area.font
             }
             Text {
                 x: area.leftPadding

@@ -4,7 +4,7 @@
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
 #include "render/text/line_layout.h"
-#include "ui/common/emoji_highlighter.h"
+#include "ui/common/line_highlighter.h"
 #include "ui/common/plain_text.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -44,7 +44,7 @@ void Coordinator::setTextDocument(QQuickTextDocument *textDocument)
         return;
     Q_ASSERT(!m_textDocument);
     m_textDocument = textDocument;
-    m_highlighter = new EmojiHighlighter(this);
+    m_highlighter = new LineHighlighter(this);
     m_highlighter->setTextDocument(m_textDocument);
     connect(document(), &QTextDocument::contentsChange, this, [this](int position, int, int added) {
         if (!m_isFormatting)
@@ -133,7 +133,7 @@ void Coordinator::formatAll()
     if (!document() || m_font.pixelSize() <= 0)
         return;
     const QScopedValueRollback formatting(m_isFormatting, true);
-    m_highlighter->setPixelSize(m_font.pixelSize());
+    m_highlighter->setFont(m_font);
     document()->setUndoRedoEnabled(false);
     formatBlocks(0, document()->characterCount(), false);
     document()->setUndoRedoEnabled(true);

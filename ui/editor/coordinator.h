@@ -8,10 +8,10 @@
 
 namespace mosslantern {
 
-class EmojiHighlighter;
+class LineHighlighter;
 
 /// Keeps the document of a text editor laid out like the lines of a text block: ten times their size, every
-/// line as high as the block's, emoji in the emoji font, whatever is typed or pasted.
+/// line as high as the block's, emoji and other scripts in their fonts, whatever is typed or pasted.
 class Coordinator : public QObject
 {
     Q_OBJECT
@@ -93,7 +93,7 @@ private:
     void formatAll();
 
     QPointer<QQuickTextDocument> m_textDocument;
-    EmojiHighlighter *m_highlighter = nullptr;
+    LineHighlighter *m_highlighter = nullptr;
     QFont m_font;
     double m_lineSpacing = 0;
     bool m_drawsText = true;

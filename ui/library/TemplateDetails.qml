@@ -95,9 +95,9 @@ Flickable {
                     Accessible.readOnly: true
                     Accessible.name: qsTr("Content")
 
-                    EmojiHighlighter {
+                    LineHighlighter {
                         textDocument: text.textDocument
-                        pixelSize: text.font.pixelSize
+                        font: text.font
                     }
                 }
             }

@@ -1,41 +1,43 @@
 #pragma once
 
 #include <QtCore/QPointer>
+#include <QtGui/QFont>
 #include <QtGui/QSyntaxHighlighter>
 #include <QtQml/qqmlregistration.h>
 #include <QtQuick/QQuickTextDocument>
 
 namespace mosslantern {
 
-/// Gives the emoji of a text item's document the font that slides draw them in.
-class EmojiHighlighter : public QSyntaxHighlighter
+/// Gives emoji, and letters that the text's font lacks, in a text item's document the fonts that slides draw
+/// them in.
+class LineHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQuickTextDocument *textDocument READ textDocument WRITE setTextDocument NOTIFY
                    textDocumentChanged REQUIRED)
-    /// Of the text's font.
-    Q_PROPERTY(int pixelSize READ pixelSize WRITE setPixelSize NOTIFY pixelSizeChanged REQUIRED)
+    /// The text's, with a size in pixels.
+    Q_PROPERTY(QFont font READ font WRITE setFont NOTIFY fontChanged REQUIRED)
 
 public:
-    explicit EmojiHighlighter(QObject *parent = nullptr);
+    explicit LineHighlighter(QObject *parent = nullptr);
 
     QQuickTextDocument *textDocument() const { return m_textDocument; }
     void setTextDocument(QQuickTextDocument *document);
 
-    int pixelSize() const { return m_pixelSize; }
-    void setPixelSize(int size);
+    QFont font() const { return m_font; }
+    void setFont(const QFont &font);
 
 signals:
     void textDocumentChanged();
-    void pixelSizeChanged();
+    void fontChanged();
 
 protected:
     void highlightBlock(const QString &text) override;
 
 private:
     QPointer<QQuickTextDocument> m_textDocument;
-    int m_pixelSize = 0;
+    QFont m_font;
 };
 
 } // namespace mosslantern
