@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the benchmarks of the window.
 source "$(dirname "${BASH_SOURCE[0]}")/../setup/setup.sh"
 

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by ./run and ./test: installs what is missing, then configures and builds.
 # Says nothing and takes a moment when there is nothing to do.
 
@@ -23,10 +24,11 @@ as_root() {
 install_packages() {
   local wanted packages=() package list lists=("$@")
   for list in "$@"; do
+    # shellcheck source=/dev/null
     list=${list%.txt}-$(. /etc/os-release && echo "${VERSION_ID:-}").txt
     [ ! -f "$list" ] || lists+=("$list")
   done
-  wanted=$(cat "${lists[@]}" | sed 's/#.*//' | tr -s ' \n' '\n\n' | sed '/^$/d')
+  wanted=$(cat "${lists[@]}" | sed 's/#.*//' | tr -s '[:space:]' '\n' | sed '/^$/d')
   command -v npm >/dev/null || wanted+=$'\nnpm'
   for package in $wanted; do
     case $(dpkg-query -W -f='${Status}' "$package" 2>/dev/null) in

@@ -105,7 +105,7 @@ std::vector<Command> deleteCommands()
                       "Deletes all slideshows of batches, named by name or by the id of one run. "
                       "Picture files stay."_L1,
                       deleteBatches),
-        deleteCommand("delete slideshow"_L1, "ID..."_L1, "delete single slideshows"_L1,
+        deleteCommand("delete slideshow"_L1, "SLIDESHOW..."_L1, "delete single slideshows"_L1,
                       "Deletes slideshows, named by id. Picture files stay."_L1, deleteSlideshows),
         deleteCommand("delete preset"_L1, "PRESET..."_L1, "delete saved styles"_L1,
                       "Deletes saved styles, named by name or id."_L1, deletePresets),

@@ -43,14 +43,14 @@ std::vector<Command> exportCommands()
 {
     return {{
         .name = "export"_L1,
-        .usage = "(--batch NAME | --slideshow ID) --to DIR"_L1,
+        .usage = "(--batch BATCH | --slideshow SLIDESHOW) --to DIR"_L1,
         .summary = "write slides as PNG files"_L1,
         .details = "Writes the slides of a batch or of one slideshow as PNG files, and prints the folder. "
                    "A batch goes into a folder called like it inside DIR, with a folder for each slideshow: "
                    "Slideshow_1 is the newest. A single slideshow goes straight into DIR. "
                    "Files of the same names are replaced."_L1,
-        .options = {{"batch"_L1, "NAME"_L1, "the batch: its name, or the id of one run"_L1},
-                    {"slideshow"_L1, "ID"_L1, "the slideshow"_L1},
+        .options = {{"batch"_L1, "BATCH"_L1, "the batch: its name, or the id of one run"_L1},
+                    {"slideshow"_L1, "SLIDESHOW"_L1, "the slideshow"_L1},
                     {"to"_L1, "DIR"_L1, "where the files go; made when it is not there"_L1}},
         .draws = true,
         .run = exportSlides,

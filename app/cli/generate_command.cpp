@@ -57,7 +57,7 @@ int generate(const Arguments &arguments)
 std::vector<OptionSpec> generateOptions()
 {
     std::vector<OptionSpec> options = batchOptions();
-    options.push_back({"collection"_L1, "NAME"_L1, "use the pictures of this collection only"_L1});
+    options.push_back({"collection"_L1, "COLLECTION"_L1, "use the pictures of this collection only"_L1});
     options.push_back({"json"_L1, {}, "print the new slideshows as a JSON array"_L1});
     return options;
 }

@@ -77,8 +77,11 @@ int waitFor(pid_t process)
 
 QString heifProgramPath()
 {
-    const QString running = QFile::symLinkTarget(u"/proc/self/exe"_s);
-    return QFileInfo(running).path() + "/mosslantern-heif"_L1;
+    // Beside the running program where it was built, apart from what users start where it is installed.
+    const QString folder = QFileInfo(QFile::symLinkTarget(u"/proc/self/exe"_s)).path();
+    const QString built = folder + "/mosslantern-heif"_L1;
+    const QString installed = folder + "/../libexec/mosslantern/mosslantern-heif"_L1;
+    return QFile::exists(built) ? built : installed;
 }
 
 Result<MemoryFile::Mapping> runHeifProgram(const QString &program, const char *task, const QByteArray &bytes)
