@@ -5,6 +5,7 @@ find_package(nlohmann_json 3.11 REQUIRED)
 find_package(ICU REQUIRED COMPONENTS uc i18n)
 find_package(ZLIB REQUIRED)
 find_package(JPEG REQUIRED)
+find_package(PNG REQUIRED)
 
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ISAL REQUIRED IMPORTED_TARGET libisal)

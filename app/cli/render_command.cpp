@@ -27,9 +27,10 @@ constexpr double largestRatio = 100;
 bool isDrawable(const Canvas &canvas)
 {
     constexpr int bytesPerPixel = 4;
+    constexpr qint64 mostBytes = qint64(1) << 30;
     const QSizeF pixels = canvas.size * canvas.pixelRatio;
     return std::max(pixels.width(), pixels.height()) <= longestPictureSide &&
-           checkPictureSize(canvas.pixelSize(), bytesPerPixel);
+           checkPictureSize(canvas.pixelSize(), bytesPerPixel, mostBytes);
 }
 
 /// Whether the value of --out stands for a file and not for a folder.

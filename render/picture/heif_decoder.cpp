@@ -1,10 +1,13 @@
 #include "render/picture/heif_decoder.h"
 
+#include "render/picture/decoding_share.h"
 #include "render/picture/heif/heif_answer.h"
 #include "render/picture/heif_program.h"
 #include "render/picture/picture_color.h"
 #include "render/picture/picture_errors.h"
 #include "render/picture/picture_fit.h"
+
+#include <QtCore/QtEndian>
 
 #include <algorithm>
 #include <cstring>
@@ -63,6 +66,32 @@ bool holdsPixels(const HeifAnswer &answer, uint64_t size)
            answer.stride * uint64_t(answer.height) <= size - answer.pixelsAt;
 }
 
+/// What decoding takes of the largest picture that the file describes in a property of its own.
+qint64 announcedBytes(const QByteArray &bytes)
+{
+    constexpr qsizetype headerBytes = 1 << 20;
+    const QByteArrayView header = QByteArrayView(bytes).first(std::min(bytes.size(), headerBytes));
+    qint64 most = 0;
+    for (auto at = header.indexOf("ispe"); at >= 0 && at + 16 <= header.size();
+         at = header.indexOf("ispe", at + 1)) {
+        const auto width = qFromBigEndian<quint32>(header.data() + at + 8);
+        const auto height = qFromBigEndian<quint32>(header.data() + at + 12);
+        if (width <= longestPictureSide && height <= longestPictureSide)
+            most = std::max(most, qint64(width) * height);
+    }
+    return std::clamp<qint64>(most * heifBytesPerPixel(8), 1, decodingMemory);
+}
+
+/// Whether the program ran into the limit that it was given.
+bool needsMore(const MemoryFile::Mapping &answer)
+{
+    HeifAnswer start;
+    if (!answer || answer.get_deleter().size < sizeof start)
+        return false;
+    std::memcpy(&start, answer.get(), sizeof start);
+    return start.outcome == HeifOutcome::TooLarge || start.outcome == HeifOutcome::OutOfMemory;
+}
+
 } // namespace
 
 Result<HeifPicture> readHeifAnswer(MemoryFile::Mapping bytes)
@@ -78,7 +107,8 @@ Result<HeifPicture> readHeifAnswer(MemoryFile::Mapping bytes)
         return std::unexpected(checked.error());
     HeifPicture picture;
     picture.size = {answer.width, answer.height};
-    if (const auto checked = checkPictureSize(picture.size, heifBytesPerPixel(answer.bits)); !checked)
+    if (const auto checked = checkPictureSize(picture.size, heifBytesPerPixel(answer.bits), decodingMemory);
+        !checked)
         return std::unexpected(checked.error());
     if (answer.outcome == HeifOutcome::TooLarge)
         return fail(damagedPicture());
@@ -107,20 +137,27 @@ Result<HeifPicture> readHeifAnswer(MemoryFile::Mapping bytes)
 
 Result<Picture> decodeHeif(const QByteArray &bytes, const PictureRequest &request)
 {
-    auto answer = runHeifProgram(heifProgramPath(), heifDecodeTask, bytes);
-    if (!answer)
-        return std::unexpected(answer.error());
-    auto picture = readHeifAnswer(std::move(*answer));
-    if (!picture)
-        return std::unexpected(picture.error());
-    if (picture->image.isNull())
-        return fail(damagedPicture());
-    return fitPicture(std::move(picture->image), {}, picture->colorSpace, request);
+    // What a file announces may be too little, for more than 8 bits or when it lies.
+    for (const qint64 memory : {announcedBytes(bytes), decodingMemory}) {
+        const DecodingShare share(memory);
+        auto answer = runHeifProgram(heifProgramPath(), heifDecodeTask, bytes, memory);
+        if (!answer)
+            return std::unexpected(answer.error());
+        if (memory < decodingMemory && needsMore(*answer))
+            continue;
+        auto picture = readHeifAnswer(std::move(*answer));
+        if (!picture)
+            return std::unexpected(picture.error());
+        if (picture->image.isNull())
+            break;
+        return fitPicture(std::move(picture->image), {}, picture->colorSpace, request);
+    }
+    return fail(damagedPicture());
 }
 
 Result<PictureInfo> readHeifInfo(const QByteArray &bytes, PictureFormat format)
 {
-    auto answer = runHeifProgram(heifProgramPath(), heifInfoTask, bytes);
+    auto answer = runHeifProgram(heifProgramPath(), heifInfoTask, bytes, decodingMemory);
     if (!answer)
         return std::unexpected(answer.error());
     const auto picture = readHeifAnswer(std::move(*answer));

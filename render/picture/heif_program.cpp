@@ -84,7 +84,8 @@ QString heifProgramPath()
     return QFile::exists(built) ? built : installed;
 }
 
-Result<MemoryFile::Mapping> runHeifProgram(const QString &program, const char *task, const QByteArray &bytes)
+Result<MemoryFile::Mapping> runHeifProgram(const QString &program, const char *task, const QByteArray &bytes,
+                                           qint64 memory)
 {
     auto input = MemoryFile::create("picture");
     auto output = MemoryFile::create("decoded picture");
@@ -94,8 +95,7 @@ Result<MemoryFile::Mapping> runHeifProgram(const QString &program, const char *t
         return fail(pictureNeedsTooMuchMemory());
 
     const QByteArray path = QFile::encodeName(program);
-    const QByteArray side = QByteArray::number(longestPictureSide),
-                     most = QByteArray::number(mostPictureBytes);
+    const QByteArray side = QByteArray::number(longestPictureSide), most = QByteArray::number(memory);
     const char *const arguments[]{path.constData(), task, side.constData(), most.constData(), nullptr};
     pid_t process = 0;
     if (const int error = start(path, arguments, input->descriptor(), output->descriptor(), process))

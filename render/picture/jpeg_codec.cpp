@@ -85,6 +85,16 @@ Result<> JpegCodec::readHeader()
     return {};
 }
 
+qint64 JpegCodec::heldBytes() const
+{
+    if (!jpeg_has_multiple_scans(const_cast<j_decompress_ptr>(&m_jpeg)))
+        return 0;
+    qint64 bytes = 0;
+    for (const jpeg_component_info &component : std::span(m_jpeg.comp_info, size_t(m_jpeg.num_components)))
+        bytes += qint64(component.width_in_blocks) * component.height_in_blocks * qint64(sizeof(JBLOCK));
+    return bytes;
+}
+
 Result<QRect> JpegCodec::start(const QRect &area, int eighths, qint64 memory)
 {
     m_firstRow = area.top() * 8 / eighths;

@@ -31,6 +31,9 @@ public:
     /// The ICC profile; empty without one. Valid as long as the codec.
     [[nodiscard]] QByteArrayView iccProfile() const;
 
+    /// What is held of a picture whose rows do not come one after another, such as a progressive one.
+    [[nodiscard]] qint64 heldBytes() const;
+
     /// Prepares reading `area`, in pixels of the picture at `eighths`/8 of its size. At most `memory` bytes
     /// are used for what has to be held of a progressive picture. Returns the columns that the rows will
     /// hold.

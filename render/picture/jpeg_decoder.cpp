@@ -1,5 +1,6 @@
 #include "render/picture/jpeg_decoder.h"
 
+#include "render/picture/decoding_share.h"
 #include "render/picture/jpeg_codec.h"
 #include "render/picture/picture_color.h"
 #include "render/picture/picture_errors.h"
@@ -13,9 +14,6 @@ namespace mosslantern {
 
 namespace {
 
-// Enough for 108 megapixels at full size even of a progressive picture, all of which is held at once.
-constexpr qint64 memoryBound = qint64(5) << 28;
-
 // Upsampling of the colours looks at neighbours, which are missing at the edge of what is decoded.
 constexpr int upsamplingMargin = 2;
 
@@ -23,7 +21,7 @@ Result<> readCheckedHeader(JpegCodec &codec)
 {
     if (const auto read = codec.readHeader(); !read)
         return read;
-    return checkPictureSize(codec.size(), 4);
+    return checkPictureSize(codec.size(), 0, decodingMemory);
 }
 
 /// The smallest size that is enough. Of the sizes between, 3/8, 5/8, 6/8 and 7/8, libjpeg has no vectorised
@@ -55,7 +53,7 @@ Result<QImage> decodeArea(JpegCodec &codec, const QRect &area, int eighths, QSiz
         return fail(pictureNeedsTooMuchMemory());
     const QRect withMargin =
         area.adjusted(-upsamplingMargin, 0, upsamplingMargin, 0).intersected(QRect(QPoint(), scaled));
-    const auto decoded = codec.start(withMargin, eighths, memoryBound - image.sizeInBytes());
+    const auto decoded = codec.start(withMargin, eighths, decodingMemory - image.sizeInBytes());
     if (!decoded)
         return std::unexpected(decoded.error());
     QImage strip(decoded->width(), rowsPerStrip, QImage::Format_RGBX8888);
@@ -92,6 +90,8 @@ Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request)
     const QRectF wanted = turned(neededRegion(full, request), full, orientation.inverse());
     const QRect area = pixelsShowing(wanted, eighths / 8.0, scaled);
 
+    const qint64 pixels = qint64(area.width()) * area.height();
+    const DecodingShare share(codec.heldBytes() + 4 * pixels);
     auto image = decodeArea(codec, area, eighths, scaled, orientation);
     if (!image)
         return std::unexpected(image.error());

@@ -4,7 +4,6 @@
 #include "render/picture/picture_errors.h"
 
 #include <algorithm>
-#include <array>
 
 namespace mosslantern {
 
@@ -25,6 +24,84 @@ int reductionFactor(double scale)
     return std::clamp(int(1 / scale), 1, largestFactor);
 }
 
+QSize PictureFit::size() const
+{
+    return {blocks(crop.width(), factor), blocks(crop.height(), factor)};
+}
+
+qint64 PictureFit::bytes() const
+{
+    // Turning makes a second image.
+    return qint64(size().width()) * size().height() * (orientation.isUpright() ? 4 : 8);
+}
+
+PictureFit fitOf(QSize stored, Orientation orientation, const PictureRequest &request)
+{
+    PictureFit fit;
+    fit.fullSize = turned(stored, orientation);
+    fit.orientation = orientation;
+    fit.factor = reductionFactor(neededScale(fit.fullSize, request));
+    const QRectF wanted = turned(neededRegion(fit.fullSize, request), fit.fullSize, orientation.inverse());
+    const QRect shown = pixelsShowing(
+        wanted, 1.0 / fit.factor, {blocks(stored.width(), fit.factor), blocks(stored.height(), fit.factor)});
+    const QRect inPixels(shown.topLeft() * fit.factor, shown.size() * fit.factor);
+    fit.region = turned(QRectF(inPixels), stored, orientation);
+    fit.crop = inPixels.intersected(QRect(QPoint(), stored));
+    return fit;
+}
+
+RowReducer::RowReducer(QImage &image, const QRect &crop, int factor)
+    : m_image(image)
+    , m_crop(crop)
+    , m_factor(factor)
+    , m_sums(factor > 1 ? size_t(image.width()) : 0)
+{}
+
+void RowReducer::add(const QImage &rows, int top)
+{
+    const int end = std::min(top + rows.height(), m_crop.bottom() + 1);
+    for (int from = std::max(top, m_crop.top()); from < end; from += rowsPerStrip) {
+        QImage strip =
+            rows.copy(m_crop.left(), from - top, m_crop.width(), std::min(rowsPerStrip, end - from));
+        strip.convertTo(m_image.format());
+        for (int row = 0; row < strip.height(); ++row)
+            addRow(strip.constScanLine(row));
+    }
+}
+
+void RowReducer::addRow(const uchar *row)
+{
+    if (m_factor == 1) {
+        std::copy_n(row, qsizetype(m_crop.width()) * 4, m_image.scanLine(m_rows++));
+        return;
+    }
+    const uchar *const end = row + qsizetype(m_crop.width()) * 4;
+    for (Sum &sum : m_sums) {
+        const uchar *const blockEnd = std::min(row + qsizetype(m_factor) * 4, end);
+        for (; row < blockEnd; row += 4) {
+            for (size_t channel = 0; channel < 4; ++channel)
+                sum[channel] += row[channel];
+        }
+    }
+    ++m_rows;
+    if (++m_rowsInBlock == m_factor || m_rows == m_crop.height())
+        endBlock();
+}
+
+void RowReducer::endBlock()
+{
+    uchar *to = m_image.scanLine((m_rows - 1) / m_factor);
+    int left = 0;
+    for (const Sum &sum : m_sums) {
+        const auto count = quint32(std::min(m_factor, m_crop.width() - left) * m_rowsInBlock);
+        for (const quint32 channel : sum)
+            *to++ = uchar((channel + count / 2) / count);
+        left += m_factor;
+    }
+    std::ranges::fill(m_sums, Sum{});
+    m_rowsInBlock = 0;
+}
+
 QImage reduced(const QImage &image, int factor)
 {
     if (factor <= 1)
@@ -33,66 +110,39 @@ QImage reduced(const QImage &image, int factor)
     if (result.isNull())
         return result;
     result.setColorSpace(image.colorSpace());
-    using Sum = std::array<quint32, 4>;
-    std::vector<Sum> sums(size_t(result.width()));
-    for (int row = 0; row < result.height(); ++row) {
-        std::ranges::fill(sums, Sum{});
-        const int top = row * factor;
-        const int bottom = std::min(top + factor, image.height());
-        for (int y = top; y < bottom; ++y) {
-            const uchar *from = image.constScanLine(y);
-            const uchar *end = from + qsizetype(image.width()) * 4;
-            for (Sum &sum : sums) {
-                const uchar *blockEnd = std::min(from + qsizetype(factor) * 4, end);
-                for (; from < blockEnd; from += 4) {
-                    for (size_t channel = 0; channel < 4; ++channel)
-                        sum[channel] += from[channel];
-                }
-            }
-        }
-        uchar *to = result.scanLine(row);
-        int left = 0;
-        for (const Sum &sum : sums) {
-            const auto count = quint32(std::min(factor, image.width() - left) * (bottom - top));
-            for (const quint32 channel : sum)
-                *to++ = uchar((channel + count / 2) / count);
-            left += factor;
-        }
-    }
+    RowReducer(result, image.rect(), factor).add(image, 0);
     return result;
+}
+
+Result<Picture> fitted(const PictureFit &fit, bool hasAlpha, const QColorSpace &space,
+                       const std::function<Result<>(RowReducer &)> &read)
+{
+    const auto finalFormat = hasAlpha ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBX8888;
+    // Colours are averaged by their opacity, but converted without it.
+    const bool isStraight = hasAlpha && fit.factor == 1;
+    QImage image(fit.size(), isStraight ? QImage::Format_RGBA8888 : finalFormat);
+    if (image.isNull())
+        return fail(pictureNeedsTooMuchMemory());
+    RowReducer reducer(image, fit.crop, fit.factor);
+    if (const auto done = read(reducer); !done)
+        return std::unexpected(done.error());
+    convertToSrgb(image, space);
+    image.convertTo(finalFormat);
+    Picture picture{.image = turned(image, fit.orientation), .fullSize = fit.fullSize, .region = fit.region};
+    if (picture.image.isNull())
+        return fail(pictureNeedsTooMuchMemory());
+    return picture;
 }
 
 Result<Picture> fitPicture(QImage stored, Orientation orientation, const QColorSpace &space,
                            const PictureRequest &request)
 {
-    Picture picture;
-    picture.fullSize = turned(stored.size(), orientation);
-    const int factor = reductionFactor(neededScale(picture.fullSize, request));
-    const QRectF wanted =
-        turned(neededRegion(picture.fullSize, request), picture.fullSize, orientation.inverse());
-    const QSize storedSize = stored.size();
-    const QRect shown = pixelsShowing(
-        wanted, 1.0 / factor, {blocks(storedSize.width(), factor), blocks(storedSize.height(), factor)});
-    picture.region = turned(QRectF(shown.topLeft() * factor, shown.size() * factor), storedSize, orientation);
-
-    const QRect crop = QRect(shown.topLeft() * factor, shown.size() * factor).intersected(stored.rect());
-    QImage image;
-    if (crop == stored.rect()) {
-        image = std::move(stored);
-    } else if (factor > 1 && stored.depth() == 32) { // what is reduced need not be copied before
-        image = QImage(stored.constScanLine(crop.top()) + qsizetype(crop.left()) * 4, crop.width(),
-                       crop.height(), stored.bytesPerLine(), stored.format());
-    } else {
-        image = stored.copy(crop);
+    const PictureFit fit = fitOf(stored.size(), orientation, request);
+    return fitted(fit, stored.hasAlphaChannel(), space, [&stored](RowReducer &reducer) {
+        reducer.add(stored, 0);
         stored = {};
-    }
-    convertToSrgb(image, space);
-    image.convertTo(image.hasAlphaChannel() ? QImage::Format_RGBA8888_Premultiplied
-                                            : QImage::Format_RGBX8888);
-    picture.image = turned(reduced(image, factor), orientation);
-    if (picture.image.isNull())
-        return fail(pictureNeedsTooMuchMemory());
-    return picture;
+        return Result<>();
+    });
 }
 
 } // namespace mosslantern

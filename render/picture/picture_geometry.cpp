@@ -45,13 +45,13 @@ QRect pixelsShowing(const QRectF &region, double scale, QSize bounds)
     return QRect(topLeft, bottomRight - QPoint(1, 1)).intersected(QRect(QPoint(), bounds));
 }
 
-Result<> checkPictureSize(QSize size, int bytesPerPixel)
+Result<> checkPictureSize(QSize size, int bytesPerPixel, qint64 mostBytes)
 {
     if (size.isEmpty())
         return fail(u"The picture has no pixels."_s);
     const qint64 pixels = qint64(size.width()) * size.height();
     if (std::max(size.width(), size.height()) > longestPictureSide || pixels > mostPixels ||
-        pixels * bytesPerPixel > mostPictureBytes) {
+        pixels * bytesPerPixel > mostBytes) {
         return fail(u"The picture is too large: %1 × %2 pixels."_s.arg(size.width()).arg(size.height()));
     }
     return {};

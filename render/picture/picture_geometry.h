@@ -11,9 +11,6 @@ namespace mosslantern {
 /// The longest side of a picture that is accepted, in pixels.
 constexpr int longestPictureSide = 65'535;
 
-/// The most bytes that decoding a picture may hold at once: 1 GiB.
-constexpr qint64 mostPictureBytes = qint64(1) << 30;
-
 /// What part of a picture is wanted, and how large.
 struct PictureRequest
 {
@@ -38,7 +35,7 @@ struct PictureRequest
 [[nodiscard]] QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
 
 /// Refuses a picture of no extent, with a longer side than longestPictureSide, of more than 200 megapixels,
-/// or that needs more than mostPictureBytes at `bytesPerPixel` for all that decoding holds at once.
-[[nodiscard]] Result<> checkPictureSize(QSize size, int bytesPerPixel);
+/// or that needs more than `mostBytes` at `bytesPerPixel`.
+[[nodiscard]] Result<> checkPictureSize(QSize size, int bytesPerPixel, qint64 mostBytes);
 
 } // namespace mosslantern

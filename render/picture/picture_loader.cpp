@@ -3,6 +3,7 @@
 #include "render/picture/heif_decoder.h"
 #include "render/picture/jpeg_decoder.h"
 #include "render/picture/picture_qt_decoder.h"
+#include "render/picture/png_decoder.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QFile>
@@ -48,6 +49,8 @@ Result<Picture> decode(QIODevice &device, const PictureRequest &request)
         return std::unexpected(format.error());
     if (*format == PictureFormat::Jpeg)
         return decodeJpeg(device, request);
+    if (*format == PictureFormat::Png)
+        return decodePng(device, request);
     if (isHeif(*format))
         return decodeHeif(device.readAll(), request);
     return decodeWithQt(device, *format, request);
@@ -60,6 +63,8 @@ Result<PictureInfo> readInfo(QIODevice &device)
         return std::unexpected(format.error());
     if (*format == PictureFormat::Jpeg)
         return readJpegInfo(device);
+    if (*format == PictureFormat::Png)
+        return readPngInfo(device);
     if (isHeif(*format))
         return readHeifInfo(device.readAll(), *format);
     return readInfoWithQt(device, *format);

@@ -36,9 +36,10 @@ struct Picture
 /// content, turns it upright as its EXIF orientation says and converts its colours to sRGB.
 ///
 /// The image is large enough for `request` wherever the picture has the pixels, and never much larger.
-/// Refused are pictures of more than 200 megapixels and those that would take more than about 1 GiB to
-/// decode. A damaged file is shown as far as it can be read; a JPEG, GIF or BMP file of which a
-/// substantial part is missing is an error. May be called from any thread.
+/// Refused are pictures of more than 200 megapixels and those that would take more than decodingMemory to
+/// decode; where other threads decode, too, it waits until there is room. A damaged file is shown as far as
+/// it can be read; a JPEG, PNG, GIF or BMP file of which a substantial part is missing is an error. May be
+/// called from any thread.
 [[nodiscard]] Result<Picture> loadPicture(const QString &path, const PictureRequest &request);
 
 /// As loadPicture(), from the bytes of a file.

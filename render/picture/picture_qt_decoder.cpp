@@ -1,5 +1,6 @@
 #include "render/picture/picture_qt_decoder.h"
 
+#include "render/picture/decoding_share.h"
 #include "render/picture/picture_cut.h"
 #include "render/picture/picture_errors.h"
 #include "render/picture/picture_exif.h"
@@ -15,13 +16,11 @@ namespace {
 
 /// Qt's limit for the whole process, in MiB, holds only 32 megapixels by default. checkPictureSize() bounds
 /// each picture of ours before it is decoded; this limit still stops a decoder that asks for more.
-constexpr int allocationLimit = 1024;
+constexpr int allocationLimit = decodingMemory >> 20;
 
 QByteArray pluginName(PictureFormat format)
 {
     switch (format) {
-    case PictureFormat::Png:
-        return "png"_ba;
     case PictureFormat::WebP:
         return "webp"_ba;
     case PictureFormat::Gif:
@@ -52,23 +51,30 @@ Orientation open(QImageReader &reader, QIODevice &device, PictureFormat format)
 {
     static const bool raised = (QImageReader::setAllocationLimit(allocationLimit), true);
     Q_UNUSED(raised);
-    const bool inChunks = format == PictureFormat::Png || format == PictureFormat::WebP;
-    const Orientation orientation = inChunks ? chunkOrientation(device, format) : Orientation{};
+    const Orientation orientation =
+        format == PictureFormat::WebP ? chunkOrientation(device, format) : Orientation{};
     reader.setAutoDetectImageFormat(false);
     reader.setFormat(pluginName(format));
     reader.setDevice(&device);
     return format == PictureFormat::Tiff ? tiffOrientation(reader) : orientation;
 }
 
+/// The most that a decoder holds for each pixel: the decoded picture, and what libwebp decodes it from when
+/// it was compressed without loss, or the strip that a TIFF file may be made of.
+int bytesPerPixel(const QImageReader &reader, PictureFormat format)
+{
+    const int depth = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
+    const int pixel = depth > 0 ? (depth + 7) / 8 : 4;
+    return format == PictureFormat::WebP || format == PictureFormat::Tiff ? std::max(pixel, 4) + 4 : pixel;
+}
+
 /// The size in the header, once it is known that decoding it is safe.
-Result<QSize> checkedSize(const QImageReader &reader)
+Result<QSize> checkedSize(const QImageReader &reader, PictureFormat format)
 {
     const QSize size = reader.size();
     if (!size.isValid())
         return fail(damagedPicture());
-    // The decoded picture and a copy of it, or of a part of it, in 8 bits.
-    const int depth = QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel();
-    if (const auto checked = checkPictureSize(size, std::max(depth, 32) / 8 + 4); !checked)
+    if (const auto checked = checkPictureSize(size, bytesPerPixel(reader, format), decodingMemory); !checked)
         return std::unexpected(checked.error());
     return size;
 }
@@ -81,8 +87,11 @@ Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format, const Pict
         return fail(incompletePicture());
     QImageReader reader;
     const Orientation orientation = open(reader, device, format);
-    if (const auto size = checkedSize(reader); !size)
+    const auto size = checkedSize(reader, format);
+    if (!size)
         return std::unexpected(size.error());
+    const DecodingShare share(qint64(size->width()) * size->height() * bytesPerPixel(reader, format) +
+                              fitOf(*size, orientation, request).bytes());
     QImage image = reader.read();
     if (image.isNull())
         return fail(damagedPicture());
@@ -94,7 +103,7 @@ Result<PictureInfo> readInfoWithQt(QIODevice &device, PictureFormat format)
 {
     QImageReader reader;
     const Orientation orientation = open(reader, device, format);
-    const auto size = checkedSize(reader);
+    const auto size = checkedSize(reader, format);
     if (!size)
         return std::unexpected(size.error());
     return PictureInfo{format, turned(*size, orientation)};

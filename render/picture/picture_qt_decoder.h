@@ -6,7 +6,7 @@
 
 namespace mosslantern {
 
-/// Pictures of the formats that Qt reads best: PNG, WebP, GIF, BMP and TIFF. `device` stands at its start.
+/// Pictures of the formats that Qt reads: WebP, GIF, BMP and TIFF. `device` stands at its start.
 [[nodiscard]] Result<Picture> decodeWithQt(QIODevice &device, PictureFormat format,
                                            const PictureRequest &request);
 [[nodiscard]] Result<PictureInfo> readInfoWithQt(QIODevice &device, PictureFormat format);

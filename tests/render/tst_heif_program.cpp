@@ -80,7 +80,7 @@ private slots:
             program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
             program.close();
         }
-        auto answer = runHeifProgram(program.fileName(), heifDecodeTask, heif(painting(64, 64)));
+        auto answer = runHeifProgram(program.fileName(), heifDecodeTask, heif(painting(64, 64)), 1 << 20);
         const auto picture = answer ? readHeifAnswer(std::move(*answer)) : std::unexpected(answer.error());
         QVERIFY(!picture);
         QVERIFY2(picture.error().message.startsWith(QString::fromLatin1(error)),
