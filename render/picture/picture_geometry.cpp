@@ -10,7 +10,8 @@ namespace mosslantern {
 namespace {
 
 constexpr qint64 mostPixels = 200'000'000;
-constexpr int filterMargin = 2;
+constexpr int filterMargin = 12;
+constexpr int pixelsToOneShown = 2;
 
 } // namespace
 
@@ -25,8 +26,8 @@ double neededScale(QSize full, const PictureRequest &request)
 {
     if (request.cover.isEmpty())
         return 1;
-    return std::min(1.0, std::max(double(request.cover.width()) / full.width(),
-                                  double(request.cover.height()) / full.height()));
+    return std::min(1.0, pixelsToOneShown * std::max(double(request.cover.width()) / full.width(),
+                                                     double(request.cover.height()) / full.height()));
 }
 
 QRectF neededRegion(QSize full, const PictureRequest &request)

@@ -24,14 +24,15 @@ struct PictureRequest
 /// The centred part of a picture of size `full` that shows when the picture fills `cover`.
 [[nodiscard]] QRectF coverRegion(QSizeF full, QSizeF cover);
 
-/// Image pixels per picture pixel that `request` needs; never more than 1.
+/// Image pixels per picture pixel that `request` needs; never more than 1. Where a picture is shown smaller
+/// there are at least two pixels to one shown, both ways: the Resampler reduces better than decoders.
 [[nodiscard]] double neededScale(QSize full, const PictureRequest &request);
 
 /// The part of the upright picture that `request` needs.
 [[nodiscard]] QRectF neededRegion(QSize full, const PictureRequest &request);
 
 /// The pixels of an image of size `bounds`, `scale` times as large as the picture, that show `region`.
-/// Includes a margin of two pixels where there are any, for the filter that scales the image afterwards.
+/// Includes a margin where there are pixels, as wide as the Resampler looks at four pixels to one shown.
 [[nodiscard]] QRect pixelsShowing(const QRectF &region, double scale, QSize bounds);
 
 /// Refuses a picture of no extent, with a longer side than longestPictureSide, of more than 200 megapixels,

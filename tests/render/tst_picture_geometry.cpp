@@ -28,12 +28,13 @@ private slots:
 
     void asksForPixelsAround()
     {
-        QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 1, {100, 100}), QRect(8, 18, 35, 45));
-        QCOMPARE(pixelsShowing({10.5, 20, 30, 40.25}, 0.5, {50, 50}), QRect(3, 8, 20, 25));
+        QCOMPARE(pixelsShowing({40.5, 30, 30, 40.25}, 1, {200, 100}), QRect(28, 18, 55, 65));
+        QCOMPARE(pixelsShowing({40.5, 30, 30, 40.25}, 0.5, {100, 50}), QRect(8, 3, 40, 45));
         QCOMPARE(pixelsShowing({0, 0, 100, 50}, 1, {100, 50}), QRect(0, 0, 100, 50));
-        const PictureRequest half{.cover = {50, 20}};
-        QCOMPARE(neededScale({100, 50}, half), 0.5);
-        QCOMPARE(neededRegion({100, 50}, half), QRectF(0, 0, 100, 50));
+        const PictureRequest quarter{.cover = {25, 10}};
+        QCOMPARE(neededScale({100, 50}, quarter), 0.5);
+        QCOMPARE(neededScale({100, 50}, {.cover = {60, 20}}), 1.0);
+        QCOMPARE(neededRegion({100, 50}, quarter), QRectF(0, 0, 100, 50));
         QCOMPARE(neededScale({100, 50}, {.cover = {500, 20}}), 1.0);
         QCOMPARE(neededScale({100, 50}, {}), 1.0);
     }

@@ -29,8 +29,9 @@ private slots:
         const QImage image = makeThumbnail(request(path));
         QCOMPARE(image.size(), QSize(158, 158));
         QCOMPARE(image.pixelColor(79, 79), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(8, 79), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(150, 79), QColor(Qt::red));
+        // Nearer to the edges the filter sees what lies beyond.
+        QCOMPARE(image.pixelColor(14, 79), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(144, 79), QColor(Qt::red));
         // Outside the frame there is nothing but shadow, and less of it further away.
         const QColor near = image.pixelColor(3, 79);
         QVERIFY(near.alpha() > 10 && near.alpha() < 0.33 * 255);

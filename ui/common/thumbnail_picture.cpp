@@ -22,9 +22,8 @@ QImage scaled(const PictureFill &fill, QSize size)
 {
     QImage image(size, fill.image.hasAlphaChannel() ? QImage::Format_RGBA8888_Premultiplied
                                                     : QImage::Format_RGBX8888);
-    const Resampler resampler(fill.image, fill.part, size);
-    for (int y = 0; y < size.height(); ++y)
-        resampler.makeRows(y, 1, image.scanLine(y));
+    Q_ASSERT(image.bytesPerLine() == 4 * size.width());
+    Resampler(fill.image, fill.part, size).makeRows(0, size.height(), image.bits());
     return image;
 }
 
