@@ -152,5 +152,9 @@ T.MenuBar {
         CommandItem {
             command: root.commands.showShortcuts
         }
+        ContextMenuItem {
+            text: qsTr("About Mosslantern")
+            onTriggered: root.aboutRequested()
+        }
     }
 }

@@ -114,6 +114,16 @@ FocusScope {
         }
     }
 
+    /// The screen at this place in the list, and a tab of it unless that is negative. Nothing that waits for an answer or
+    /// is under way is left for it.
+    function showScreen(index: int, tab: int) {
+        if (T.Overlay.overlay.visible || context.work.isExporting || context.work.isGenerating)
+            return
+        content.selectedIndex = index
+        if (tab >= 0)
+            detail.item["currentTab"] = tab
+    }
+
     /// The editor of one slideshow.
     function showSlideshowEditor(slideshow: Slideshow) {
         sheets.setSource("../Editor/SlideshowDetailSheet.qml", {"context": context, "slideshow": slideshow, "visible": true})

@@ -4,11 +4,15 @@
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
+#include <QtGui/QIcon>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
+#include <vector>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -31,6 +35,25 @@ QString stateFile()
     return QDir(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)).filePath(u"state.ini"_s);
 }
 
+[[noreturn]] void refuse(const QString &reason)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(reason));
+    std::exit(EXIT_FAILURE);
+}
+
+/// The absolute paths of files and folders that are named by paths or, as some file managers do, by URLs.
+QStringList pictures(const QStringList &arguments)
+{
+    QStringList paths;
+    for (const QString &argument : arguments) {
+        const QFileInfo file(argument.startsWith("file:"_L1) ? QUrl(argument).toLocalFile() : argument);
+        if (!file.exists())
+            refuse(u"There is no file or folder \"%1\"."_s.arg(argument));
+        paths.append(file.absoluteFilePath());
+    }
+    return paths;
+}
+
 StartOptions readOptions()
 {
     QCommandLineParser parser;
@@ -42,23 +65,48 @@ StartOptions readOptions()
     QCommandLineOption show(u"show"_s, u"Open a sheet (%1 or %2)."_s.arg(contentLibrary, slideshowEditor),
                             u"name"_s);
     show.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({library, show});
+    QStringList screens;
+    for (const Destination &destination : destinations)
+        screens.append(destination.name);
+    const QCommandLineOption screen(u"screen"_s, u"Begin with this screen: %1."_s.arg(screens.join(u", "_s)),
+                                    u"name"_s);
+    parser.addOptions({library, screen, show});
+    parser.addPositionalArgument(
+        u"pictures"_s, u"Files to import, and folders whose pictures are imported."_s, u"[pictures...]"_s);
     parser.process(QCoreApplication::arguments());
-    if (const QStringList surplus = parser.positionalArguments(); !surplus.isEmpty()) {
-        std::fprintf(stderr, "There is no argument \"%s\".\n", qUtf8Printable(surplus.constFirst()));
-        std::exit(EXIT_FAILURE);
-    }
+    const QString destination = parser.value(screen);
+    if (parser.isSet(screen) && !screens.contains(destination))
+        refuse(u"There is no screen of the name \"%1\"."_s.arg(destination));
     const QString shown = parser.value(show);
-    if (parser.isSet(show) && shown != contentLibrary && shown != slideshowEditor) {
-        std::fprintf(stderr, "There is no sheet of the name \"%s\".\n", qUtf8Printable(shown));
-        std::exit(EXIT_FAILURE);
-    }
+    if (parser.isSet(show) && shown != contentLibrary && shown != slideshowEditor)
+        refuse(u"There is no sheet of the name \"%1\"."_s.arg(shown));
     return {.location = parser.isSet(library) ? LibraryLocation::inFolder(parser.value(library))
                                               : LibraryLocation::standard(),
             .stateFile = stateFile(),
             .updateFeed = updateFeed(),
+            .request = {.pictures = pictures(parser.positionalArguments()), .destination = destination},
             .showsContentLibrary = shown == contentLibrary,
             .showsSlideshowEditor = shown == slideshowEditor};
+}
+
+/// Ends the program when the command line only asks for what needs no display.
+void answerWithoutDisplay(int argc, char **argv)
+{
+    const std::vector<std::string_view> arguments(argv + 1, argv + std::max(argc, 1));
+    for (const auto *const question : {"-h", "--help", "-v", "--version"}) {
+        if (std::ranges::find(arguments, question) == arguments.end())
+            continue;
+        const QCoreApplication application(argc, argv);
+        static_cast<void>(readOptions());
+    }
+}
+
+QIcon windowIcon()
+{
+    QIcon icon;
+    for (const QString &file : QDir(u":/mosslantern/icons"_s).entryList())
+        icon.addFile(u":/mosslantern/icons/"_s + file);
+    return icon;
 }
 
 } // namespace
@@ -69,8 +117,10 @@ int main(int argc, char **argv)
     std::signal(SIGXFSZ, SIG_IGN);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     setApplicationIdentity();
+    answerWithoutDisplay(argc, argv);
     QGuiApplication::setDesktopFileName(u"mosslantern"_s);
     const QApplication application(argc, argv);
+    QGuiApplication::setWindowIcon(windowIcon());
     MosslanternApp app(readOptions());
     switch (app.start()) {
     case StartOutcome::shown: {

@@ -5,6 +5,7 @@
 #include "app/gui/window_memory.h"
 #include "model/slideshow.h"
 #include "ui/common/interface_fonts.h"
+#include "ui/library/picture_intake.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDeadlineTimer>
@@ -14,6 +15,8 @@
 #include <QtCore/QTimer>
 #include <QtGui/QOpenGLContext>
 #include <QtQuick/QQuickItem>
+
+#include <algorithm>
 
 namespace mosslantern {
 
@@ -56,7 +59,7 @@ MosslanternApp::MosslanternApp(const StartOptions &options)
     , m_service(OpenAIService::baseUrlFrom(QProcessEnvironment::systemEnvironment()))
 {
     QObject::connect(&m_singleInstance, &SingleInstance::raiseRequested, &m_singleInstance,
-                     [this](const QByteArray &token) { raiseWindow(token); });
+                     [this](const WindowRequest &request) { raiseWindow(request); });
 }
 
 MosslanternApp::~MosslanternApp()
@@ -67,7 +70,7 @@ MosslanternApp::~MosslanternApp()
 
 StartOutcome MosslanternApp::start()
 {
-    if (m_singleInstance.raiseOther())
+    if (m_singleInstance.raiseOther(m_options.request))
         return StartOutcome::raisedOther;
     m_engine.emplace();
     m_engine->addImportPath(u"qrc:/qt/qml"_s);
@@ -108,7 +111,7 @@ bool MosslanternApp::raisesOther() const
 {
     // Another process that opened the library a moment ago does not listen yet; one that hangs never answers.
     for (const QDeadlineTimer deadline(1s); !deadline.hasExpired(); QThread::msleep(100ms / 1ms)) {
-        if (m_singleInstance.raiseOther())
+        if (m_singleInstance.raiseOther(m_options.request))
             return true;
     }
     return false;
@@ -134,6 +137,7 @@ StartOutcome MosslanternApp::openMainWindow()
             rememberWindow(*m_window, m_window->property("missingWidth").toInt(), m_options.stateFile);
     });
     m_window->setVisible(true);
+    QTimer::singleShot(0, m_window, [this] { fulfil(std::exchange(m_options.request, {})); });
     QTimer::singleShot(upkeepDelay, m_store.get(), &Store::beginUpkeep);
     auto *const upkeep = new QTimer(m_store.get());
     QObject::connect(upkeep, &QTimer::timeout, m_store.get(), &Store::beginUpkeep);
@@ -197,15 +201,31 @@ void MosslanternApp::openRecovered()
     delete failureWindow;
 }
 
-void MosslanternApp::raiseWindow(const QByteArray &token)
+void MosslanternApp::raiseWindow(const WindowRequest &request)
 {
-    if (!m_window)
+    if (!m_window) {
+        // The library may yet be opened.
+        m_options.request.pictures += request.pictures;
+        m_options.request.destination = request.destination;
         return;
-    if (!token.isEmpty())
-        qputenv("XDG_ACTIVATION_TOKEN", token);
+    }
+    if (!request.activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", request.activationToken);
     m_window->setWindowStates(m_window->windowStates() & ~Qt::WindowMinimized);
     m_window->raise();
     m_window->requestActivate();
+    fulfil(request);
+}
+
+void MosslanternApp::fulfil(const WindowRequest &request)
+{
+    if (!request.pictures.isEmpty())
+        PictureIntake::of(*m_context).takeNamed(request.pictures);
+    const auto *const place = std::ranges::find(destinations, request.destination,
+                                                [](const Destination &it) { return QString(it.name); });
+    if (place != destinations.end())
+        QMetaObject::invokeMethod(m_window->property("view").value<QObject *>(), "showScreen",
+                                  Q_ARG(int, static_cast<int>(place->screen)), Q_ARG(int, place->tab));
 }
 
 } // namespace mosslantern

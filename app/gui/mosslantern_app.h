@@ -23,6 +23,7 @@ struct StartOptions
     LibraryLocation location;          // of the records and pictures
     QString stateFile;                 // an INI file for the window's place and the like
     QUrl updateFeed;                   // invalid for none
+    WindowRequest request = {};        // done once the window shows
     bool showsContentLibrary = false;  // the sheet of templates, at once
     bool showsSlideshowEditor = false; // on the first slideshow, if there is one
 };
@@ -61,7 +62,8 @@ private:
     StartOutcome showDamage(const QString &message);
     void leaveMainWindow(const QString &damage);
     void openRecovered();
-    void raiseWindow(const QByteArray &token);
+    void raiseWindow(const WindowRequest &request);
+    void fulfil(const WindowRequest &request);
 
     std::future<bool> m_graphicsDriver; // whether there is one; ready when it is loaded
     StartOptions m_options;

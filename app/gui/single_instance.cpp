@@ -1,6 +1,7 @@
 #include "app/gui/single_instance.h"
 
 #include <QtCore/QCryptographicHash>
+#include <QtCore/QDataStream>
 #include <QtCore/QDir>
 #include <QtCore/QPointer>
 #include <QtCore/QStandardPaths>
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int answerMilliseconds = 1000;
-constexpr auto raiseRequest = "raise "_L1;
 
 /// The same for every way to a file, which need not exist yet.
 QString canonicalPath(const QString &path)
@@ -39,6 +39,7 @@ QString socketName(const LibraryLocation &location)
 SingleInstance::SingleInstance(const LibraryLocation &location, QObject *parent)
     : QObject(parent)
     , m_name(socketName(location))
+    , m_id(QUuid::createUuid())
     , m_server(new QLocalServer)
 {
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
@@ -55,14 +56,20 @@ SingleInstance::~SingleInstance()
     m_thread.wait();
 }
 
-bool SingleInstance::raiseOther() const
+bool SingleInstance::raiseOther(WindowRequest request) const
 {
     QLocalSocket socket;
     socket.connectToServer(m_name);
     if (!socket.waitForConnected(answerMilliseconds))
         return false;
-    socket.write(raiseRequest.latin1() + qgetenv("XDG_ACTIVATION_TOKEN") + '\n');
-    return socket.waitForBytesWritten(answerMilliseconds) && socket.waitForReadyRead(answerMilliseconds);
+    request.activationToken = qgetenv("XDG_ACTIVATION_TOKEN");
+    QDataStream stream(&socket);
+    stream << m_id << request;
+    while (socket.bytesToWrite() > 0) {
+        if (!socket.waitForBytesWritten(answerMilliseconds))
+            return false;
+    }
+    return socket.waitForReadyRead(answerMilliseconds);
 }
 
 bool SingleInstance::listen()
@@ -90,9 +97,13 @@ void SingleInstance::accept()
 
 void SingleInstance::answer(QLocalSocket *socket)
 {
-    if (!socket->canReadLine())
+    QDataStream stream(socket);
+    stream.startTransaction();
+    QUuid sender;
+    WindowRequest request;
+    stream >> sender >> request;
+    if (!stream.commitTransaction())
         return;
-    const QByteArray line = socket->readLine().trimmed();
     const auto confirm = [socket = QPointer(socket)] {
         if (!socket)
             return;
@@ -102,9 +113,9 @@ void SingleInstance::answer(QLocalSocket *socket)
     const bool isAtWork = m_isAtWork;
     if (isAtWork)
         confirm();
-    const auto raise = [this, line, isAtWork, confirm] {
-        if (line.startsWith(raiseRequest.latin1()) || line == "raise")
-            emit raiseRequested(line.mid(raiseRequest.size()));
+    const auto raise = [this, sender, request, isAtWork, confirm] {
+        const bool isRepeated = std::exchange(m_lastSender, sender) == sender;
+        emit raiseRequested(isRepeated ? WindowRequest{.activationToken = request.activationToken} : request);
         if (!isAtWork)
             QMetaObject::invokeMethod(m_server, confirm);
     };

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/gui/window_request.h"
 #include "model/library_location.h"
 
 #include <QtCore/QThread>
+#include <QtCore/QUuid>
 #include <QtNetwork/QLocalServer>
 
 #include <atomic>
@@ -21,8 +23,9 @@ public:
     ~SingleInstance() override;
     Q_DISABLE_COPY_MOVE(SingleInstance)
 
-    /// Asks the application that has the library open to show itself; whether there is one.
-    bool raiseOther() const;
+    /// Asks the application that has the library open to show itself and to do what is requested; whether
+    /// there is one. May be asked again: what is requested is done once.
+    bool raiseOther(WindowRequest request) const;
 
     /// Listens for such requests from now on; whether that is possible.
     bool listen();
@@ -32,16 +35,16 @@ public:
     void setIsAtWork(bool isAtWork) { m_isAtWork = isAtWork; }
 
 signals:
-    /// `token` is the right to take the foreground that a Wayland compositor gave the other process, or
-    /// empty.
-    void raiseRequested(const QByteArray &token);
+    void raiseRequested(const mosslantern::WindowRequest &request);
 
 private:
     void accept();
     void answer(QLocalSocket *socket);
 
     QString m_name;
-    QThread m_thread; // of the server
+    QUuid m_id;         // of this process among those that ask
+    QUuid m_lastSender; // of a request
+    QThread m_thread;   // of the server
     QLocalServer *m_server;
     std::atomic<bool> m_isAtWork = false;
 };

@@ -224,14 +224,61 @@ private slots:
         QCOMPARE(item->mapToScene({}).y(), about->mapToScene({}).y() + about->height());
     }
 
+    void refusesArgumentsItDoesNotKnow_data()
+    {
+        const auto row = table<QStringList, QByteArray>({"arguments", "answer"});
+        row("pictures", {u"pictures"_s}, "There is no file or folder \"pictures\".\n");
+        row("screen", {u"--screen"_s, u"moon"_s}, "There is no screen of the name \"moon\".\n");
+    }
     void refusesArgumentsItDoesNotKnow()
     {
+        QFETCH(const QStringList, arguments);
         QProcess program;
-        program.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"pictures"_s, u"more"_s});
+        program.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), arguments);
         QTRY_COMPARE_WITH_TIMEOUT(program.state(), QProcess::NotRunning, 10'000);
         QCOMPARE(program.exitCode(), EXIT_FAILURE);
         // Qt may say before that there is no folder for sockets.
-        QVERIFY(program.readAllStandardError().endsWith("There is no argument \"pictures\".\n"));
+        QFETCH(const QByteArray, answer);
+        QVERIFY(program.readAllStandardError().endsWith(answer));
+    }
+
+    void answersQuestionsWithoutADisplay()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        environment.remove(u"DISPLAY"_s);
+        const auto answer = [&](const QString &question) {
+            QProcess program;
+            program.setProcessEnvironment(environment);
+            program.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {question});
+            return program.waitForFinished(10'000) && program.exitCode() == 0
+                       ? program.readAllStandardOutput()
+                       : QByteArray();
+        };
+        const auto trimmed = [](QByteArray text) { return text.trimmed(); };
+        QVERIFY(trimmed(answer(u"--version"_s)).endsWith(MOSSLANTERN_VERSION));
+        const QString help = QString::fromUtf8(answer(u"--help"_s));
+        const QByteArray manual = readFile(QStringLiteral(MOSSLANTERN_MANUAL)).replace("\\-", "-");
+        static const QRegularExpression option(u"--(?!help-all)[a-z]+"_s);
+        QSet<QString> found;
+        for (const QRegularExpressionMatch &match : option.globalMatch(help)) {
+            QVERIFY2(manual.contains(match.captured().toUtf8()), qPrintable(match.captured()));
+            found.insert(match.captured());
+        }
+        QVERIFY(found.contains(u"--screen"_s) && found.contains(u"--library"_s));
+    }
+
+    void saysWhoHoldsWhichRights()
+    {
+        session().open();
+        session().key(Qt::Key_M, Qt::AltModifier);
+        QTRY_VERIFY(session().find(u"about"_s));
+        QVERIFY(session().click(u"about"_s));
+        QTRY_VERIFY(session().find(u"legalNotices"_s));
+        const QString notices = session().find(u"legalNotices"_s)->property("text").toString();
+        for (const QString &part : {u"Mosslantern developers"_s, u"Permission is hereby granted"_s,
+                                    u"Inter Project"_s, u"Reserved Font Name"_s, u"Lucide"_s, u"Qt"_s})
+            QVERIFY2(notices.contains(part, Qt::CaseInsensitive), qPrintable(part));
     }
 
     void saysWhyTheLibraryCannotBeOpened()
@@ -316,7 +363,14 @@ private slots:
         const QString folder = QFileInfo(session().library().storeFile()).path();
         const QString link = session().library().path(u"link"_s);
         QVERIFY(!byLink || QFile::link(folder, link));
-        MosslanternApp first(startOptions());
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        QVERIFY(QDir().mkpath(session().library().path(u"photos"_s)));
+        for (const auto &name : {u"photos/1.png"_s, u"photos/2.png"_s, u"late one.png"_s})
+            QVERIFY(picture.save(session().library().path(name)));
+        StartOptions options = startOptions();
+        options.request = {.pictures = {session().library().path(u"photos"_s)}, .destination = u"create"_s};
+        MosslanternApp first(options);
         QCOMPARE(first.start(), StartOutcome::shown);
         QVERIFY(first.window());
         QVERIFY(QTest::qWaitForWindowExposed(first.window()));
@@ -325,10 +379,20 @@ private slots:
         QProcess second;
         auto *const context =
             first.window()->property("view").value<QObject *>()->property("context").value<ScreenContext *>();
+        QTRY_COMPARE(context->store().all<Asset>().size(), size_t(2));
+        const auto *const content = first.window()->findChild<ContentView *>();
+        const auto tab = [&] {
+            return first.window()->findChild<QObject *>(u"slideshowsScreen"_s)->property("currentTab");
+        };
+        QTRY_COMPARE(content->selectedScreen(), AppScreen::slideshows);
+        QCOMPARE(tab(), 0);
         std::optional<RunningWork::Piece> slides;
         if (isExporting)
             slides.emplace(context->work(), RunningWork::Kind::exporting);
-        second.start(QString::fromLocal8Bit(MOSSLANTERN_PROGRAM), {u"--library"_s, byLink ? link : folder});
+        second.setWorkingDirectory(session().library().path(u"photos"_s));
+        second.start(
+            QString::fromLocal8Bit(MOSSLANTERN_PROGRAM),
+            {u"--library"_s, byLink ? link : folder, u"--screen"_s, u"history"_s, u"../late one.png"_s});
         first.window()->showMinimized();
         // While a slide is drawn there is no event loop.
         if (isExporting)
@@ -336,6 +400,9 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 10'000);
         QCOMPARE(second.exitCode(), 0);
         QTRY_VERIFY(!first.window()->windowStates().testFlag(Qt::WindowMinimized));
+        QTRY_COMPARE(context->store().all<Asset>().size(), size_t(3));
+        // What is under way is not left.
+        QTRY_COMPARE(tab(), isExporting ? 0 : 1);
     }
 
     void remembersTheWindow()

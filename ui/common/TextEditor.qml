@@ -13,6 +13,7 @@ FocusScope {
     property alias font: area.font
     property alias cursorPosition: area.cursorPosition
     property alias padding: area.padding
+    property alias readOnly: area.readOnly
     property real sidePadding: padding
     /// One line: the Return key accepts it, and line breaks that are pasted become blanks.
     property bool isSingleLine: false
@@ -119,6 +120,7 @@ FocusScope {
             Accessible.role: Accessible.EditableText
             Accessible.name: root.label
             Accessible.multiLine: !root.isSingleLine
+            Accessible.readOnly: readOnly
 
             LineHighlighter {
                 textDocument: area.textDocument

@@ -7,7 +7,10 @@ FocusScope {
     id: root
 
     required property ScreenContext context
+    /// 0 to make slideshows, 1 for those that were made.
+    property alias currentTab: tabs.currentIndex
 
+    objectName: "slideshowsScreen"
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Slideshows")
     Component.onCompleted: create.setSource("CreateTab.qml", {"context": context, "screen": screen})

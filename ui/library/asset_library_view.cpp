@@ -66,11 +66,7 @@ bool AssetLibraryView::importDropped(const QList<QUrl> &dropped)
         if (const QString name = url.toLocalFile(); QFileInfo(name).isDir() || isLikePicture(name))
             names.append(name);
     }
-    const PictureFiles pictures = pictureFiles(names);
-    for (const Error &problem : pictures.problems)
-        printLine(u"Failed to copy asset: "_s + problem.message);
-    PictureIntake::of(*m_context).take(pictures.files);
-    return !pictures.files.isEmpty();
+    return PictureIntake::of(*m_context).takeNamed(names);
 }
 
 void AssetLibraryView::deleteAsset(Asset *asset)

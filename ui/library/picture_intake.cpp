@@ -2,6 +2,7 @@
 
 #include "model/console.h"
 #include "model/image_files.h"
+#include "render/picture/picture_files.h"
 #include "ui/common/screen_context.h"
 
 namespace mosslantern {
@@ -29,6 +30,15 @@ void PictureIntake::take(const QStringList &files)
     };
     m_batches.push_back(std::make_unique<PictureChecks>(files, comeBack));
     comeBack(); // in case that there are no threads
+}
+
+bool PictureIntake::takeNamed(const QStringList &names)
+{
+    const PictureFiles pictures = pictureFiles(names);
+    for (const Error &problem : pictures.problems)
+        printLine(u"Failed to copy asset: "_s + problem.message);
+    take(pictures.files);
+    return !pictures.files.isEmpty();
 }
 
 void PictureIntake::advance()

@@ -25,6 +25,10 @@ public:
     /// After all that was taken before.
     void take(const QStringList &files);
 
+    /// Takes the files and the pictures in the folders of these names, and reports what can be read of
+    /// neither. Whether there were any.
+    bool takeNamed(const QStringList &names);
+
 private:
     explicit PictureIntake(ScreenContext &context);
 

@@ -109,14 +109,19 @@ QString toolManual(const std::vector<Command> &commands)
 QString windowManual()
 {
     return heading(u"mosslantern"_s, u"text-on-image slideshows by the dozen"_s) +
-           u".SH SYNOPSIS\n\\fBmosslantern\\fR [\\fIOPTION\\fR...]\n"
+           u".SH SYNOPSIS\n\\fBmosslantern\\fR [\\fIOPTION\\fR...] [\\fIPICTURE\\fR|\\fIFOLDER\\fR...]\n"
            ".SH DESCRIPTION\n"
            "Opens the window in which photographs are imported and grouped, slide texts written, whole "
            "batches of "
-           "slideshows generated, edited on a canvas and exported as folders of PNG files. Where a "
-           "window has the library open already, that one comes to the front.\n"
+           "slideshows generated, edited on a canvas and exported as folders of PNG files. The pictures "
+           "that are given, and those in the folders that are, are imported. Where a window has the library "
+           "open already, that one comes to the front and imports them.\n"
            ".SH OPTIONS\n"_s +
            option(libraryOption) +
+           tagged(
+               u"\\fB\\-\\-screen\\fR \\fINAME\\fR"_s,
+               u"Begin with this screen: assets, collections, create or history. A window that is open goes "
+               "there, too, unless it waits for an answer or has work under way."_s) +
            option(helpOption) + tagged(u"\\fB\\-\\-version\\fR"_s, u"show the version"_s) +
            u".SH \"EXIT STATUS\"\n"_s + tagged(u"0"_s, u"The window was closed, or another one raised."_s) +
            tagged(u"1"_s, u"No window could be opened, or only one that says why."_s) +
