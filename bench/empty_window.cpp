@@ -1,5 +1,6 @@
-// First frame of an empty Qt Quick window, in a program of its own, in milliseconds from $STARTED (nanoseconds since
-// 1970): what the first frame of the application is compared with. bench/window.sh runs it.
+// First frame of an empty Qt Quick window, in a program of its own, in milliseconds from $STARTED
+// (nanoseconds since 1970): what the first frame of the application is compared with. bench/window.sh runs
+// it.
 
 #include <QtCore/QDateTime>
 #include <QtGui/QGuiApplication>

@@ -115,8 +115,7 @@ private:
         m_add("AVIF", heif(image, {.codec = heif_compression_AV1}), PictureFormat::Avif, image, coded);
         QImage bars(16, 27, QImage::Format_RGB32);
         for (int y = 0; y < 27; ++y)
-            std::fill_n(reinterpret_cast<QRgb *>(bars.scanLine(y)), 16,
-                        0xFF0000u >> y / 9 * 8 | 0xFFu << 24);
+            std::fill_n(reinterpret_cast<QRgb *>(bars.scanLine(y)), 16, 0xFF0000u >> y / 9 * 8 | 0xFFu << 24);
         m_add("GIF, its first frame", gif(), PictureFormat::Gif, bars, 0);
     }
 

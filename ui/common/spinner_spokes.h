@@ -6,8 +6,8 @@
 
 namespace mosslantern {
 
-/// The spokes of a spinner around the item's centre: one is opaque, those after it, against the clock, ever paler.
-/// A picture that is only turned, so that a grid full of them costs little.
+/// The spokes of a spinner around the item's centre: one is opaque, those after it, against the clock, ever
+/// paler. A picture that is only turned, so that a grid full of them costs little.
 class SpinnerSpokes : public QQuickItem
 {
     Q_OBJECT

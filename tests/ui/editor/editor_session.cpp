@@ -74,8 +74,7 @@ QQuickItem *EditorSession::showSource(const QString &item, const QVariantMap &pr
     m_view->resize(size);
     m_view->setInitialProperties(properties);
     QQmlComponent component(m_view->engine());
-    const QByteArray source =
-        "import Mosslantern.Common\nimport Mosslantern.Editor\n" + item.toUtf8();
+    const QByteArray source = "import Mosslantern.Common\nimport Mosslantern.Editor\n" + item.toUtf8();
     component.setData(source, QUrl());
     QObject *const root = component.createWithInitialProperties(properties);
     if (!root)

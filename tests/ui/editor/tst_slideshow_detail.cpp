@@ -138,9 +138,9 @@ void SlideshowDetailTest::inputDuringAnExportIsDropped()
             return;
         for (const auto &[type, buttons] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
                                             std::pair(QEvent::MouseButtonRelease, Qt::NoButton)})
-            QCoreApplication::postEvent(
-                &s.window(), new QMouseEvent(type, done, s.window().mapToGlobal(done), Qt::LeftButton,
-                                             buttons, Qt::NoModifier));
+            QCoreApplication::postEvent(&s.window(),
+                                        new QMouseEvent(type, done, s.window().mapToGlobal(done),
+                                                        Qt::LeftButton, buttons, Qt::NoModifier));
     });
     QVERIFY(s.click(u"export"_s));
     s.panels.answerFolder(s.library().path(u"out"_s));

@@ -23,8 +23,7 @@ public:
 
     bool openEditor()
     {
-        QMetaObject::invokeMethod(view(), "showSlideshowEditor",
-                                  Q_ARG(mosslantern::Slideshow *, slideshow));
+        QMetaObject::invokeMethod(view(), "showSlideshowEditor", Q_ARG(mosslantern::Slideshow *, slideshow));
         return QTest::qWaitFor([this] {
             const QQuickItem *const list = find(u"slideList"_s);
             return list && list->hasActiveFocus();
