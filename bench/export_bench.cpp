@@ -97,8 +97,8 @@ Figures measureOurs(const QStringList &pictures, TextStyle style, int threads, c
         SlideValues values;
         values.text = u"Three habits that\nchanged my life ✨"_s;
         values.subtitle = u"swipe to see them all"_s;
-        values.style = style;
-        values.boxColor = style == TextStyle::boxed ? RgbaColor{1, 1, 1, 1} : RgbaColor{0, 0, 0, 1};
+        values.style.textStyle = style;
+        values.style.setBoxColor(style == TextStyle::boxed ? RgbaColor{1, 1, 1, 1} : RgbaColor{0, 0, 0, 1});
         jobs.push_back({values, exportCanvas(AspectRatio::tiktok), picture});
     }
     SlideRenderer renderer(threads);

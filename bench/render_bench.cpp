@@ -39,8 +39,8 @@ SlideValues values(TextStyle style)
     SlideValues slide;
     slide.text = u"Three habits that\nchanged my life ✨"_s;
     slide.subtitle = u"swipe to see them all"_s;
-    slide.style = style;
-    slide.boxColor = style == TextStyle::boxed ? RgbaColor{1, 1, 1, 1} : RgbaColor{0, 0, 0, 1};
+    slide.style.textStyle = style;
+    slide.style.setBoxColor(style == TextStyle::boxed ? RgbaColor{1, 1, 1, 1} : RgbaColor{0, 0, 0, 1});
     return slide;
 }
 
@@ -71,7 +71,7 @@ void texts(benchmark::State &state)
     const SlideValues slideValues = values(static_cast<TextStyle>(state.range(0)));
     for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(drawTexts(slideValues, canvas()));
-    state.SetLabel(rawText(slideValues.style).toStdString());
+    state.SetLabel(rawText(slideValues.style.textStyle).toStdString());
 }
 BENCHMARK(texts)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 

@@ -115,7 +115,7 @@ void saveOneChange(benchmark::State &state)
     size_t next = 0;
     double place = 0.1;
     for (auto _ : state) {
-        slides[next]->setTextX(place += 0.001);
+        slides[next]->setStyle(&SlideStyle::textX, place += 0.001);
         next = (next + 7919) % slides.size();
         if (!store->flush())
             state.SkipWithError("not saved");

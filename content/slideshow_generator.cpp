@@ -73,14 +73,55 @@ void SlideshowGenerator::setBulkCount(double count)
     change(m_bulkCount, count, &SlideshowGenerator::bulkCountChanged);
 }
 
-void SlideshowGenerator::setSelectedStyle(TextStyle style)
+void SlideshowGenerator::setStyle(const SlideStyle &style)
 {
-    if (!change(m_selectedStyle, style, &SlideshowGenerator::selectedStyleChanged))
+    change(m_style, style, &SlideshowGenerator::styleChanged);
+}
+
+template <typename Change>
+void SlideshowGenerator::changeStyle(Change change)
+{
+    SlideStyle style = m_style;
+    change(style);
+    setStyle(style);
+}
+
+void SlideshowGenerator::setSelectedStyle(TextStyle textStyle)
+{
+    if (textStyle == m_style.textStyle)
         return;
-    if (style == TextStyle::classic)
-        setBoxColor(black);
-    else if (style == TextStyle::boxed)
-        setBoxColor(white);
+    changeStyle([&](SlideStyle &style) {
+        style.textStyle = textStyle;
+        if (textStyle == TextStyle::classic)
+            style.setBoxColor(black);
+        else if (textStyle == TextStyle::boxed)
+            style.setBoxColor(white);
+    });
+}
+
+void SlideshowGenerator::setBoxColor(const RgbaColor &color)
+{
+    changeStyle([&](SlideStyle &style) { style.setBoxColor(color); });
+}
+
+void SlideshowGenerator::setTemplateTextPos(const QPointF &position)
+{
+    changeStyle([&](SlideStyle &style) { style.setTextPos(position); });
+}
+
+void SlideshowGenerator::setTemplateTextScale(double scale)
+{
+    changeStyle([&](SlideStyle &style) { style.textScale = scale; });
+}
+
+void SlideshowGenerator::setTemplateSubtitlePos(const QPointF &position)
+{
+    changeStyle([&](SlideStyle &style) { style.setSubtitlePos(position); });
+}
+
+void SlideshowGenerator::setTemplateSubtitleScale(double scale)
+{
+    changeStyle([&](SlideStyle &style) { style.subtitleScale = scale; });
 }
 
 void SlideshowGenerator::setSelectedAspectRatio(AspectRatio ratio)
@@ -105,31 +146,6 @@ void SlideshowGenerator::setTextInput(const QString &content)
     emit currentPreviewEntryChanged();
     if (mappingChanges)
         emit previewAssetMappingChanged();
-}
-
-void SlideshowGenerator::setTemplateTextPos(const QPointF &position)
-{
-    change(m_templateTextPos, position, &SlideshowGenerator::templateTextPosChanged);
-}
-
-void SlideshowGenerator::setTemplateTextScale(double scale)
-{
-    change(m_templateTextScale, scale, &SlideshowGenerator::templateTextScaleChanged);
-}
-
-void SlideshowGenerator::setTemplateSubtitlePos(const QPointF &position)
-{
-    change(m_templateSubtitlePos, position, &SlideshowGenerator::templateSubtitlePosChanged);
-}
-
-void SlideshowGenerator::setTemplateSubtitleScale(double scale)
-{
-    change(m_templateSubtitleScale, scale, &SlideshowGenerator::templateSubtitleScaleChanged);
-}
-
-void SlideshowGenerator::setBoxColor(const RgbaColor &color)
-{
-    change(m_boxColor, color, &SlideshowGenerator::boxColorChanged);
 }
 
 void SlideshowGenerator::setSelectedCollection(Collection *collection)
@@ -294,8 +310,7 @@ GeneratedBatch SlideshowGenerator::beginBatch() const
 {
     const QString name =
         m_batchName.isEmpty() ? defaultBatchName(m_surroundings.now(), m_surroundings.locale) : m_batchName;
-    return {
-        .id = QUuid::createUuid(), .name = name, .boxColorHex = hexFromColor(m_boxColor), .slideshows = {}};
+    return {.id = QUuid::createUuid(), .name = name, .boxColorHex = m_style.boxColorHex, .slideshows = {}};
 }
 
 void SlideshowGenerator::addSlideshow(GeneratedBatch &batch, const QString &content)
@@ -321,14 +336,10 @@ Slideshow *SlideshowGenerator::createSlideshow(const QString &content, const QSt
 std::unique_ptr<Slide> SlideshowGenerator::makeSlide(const SlideText &entry, qint64 order,
                                                      const QString &boxColorHex)
 {
-    auto slide = std::make_unique<Slide>(randomAsset(), entry.main, entry.subtitle, m_selectedStyle, order);
-    slide->setTextX(m_templateTextPos.x());
-    slide->setTextY(m_templateTextPos.y());
-    slide->setTextScale(m_templateTextScale);
-    slide->setSubtitleX(m_templateSubtitlePos.x());
-    slide->setSubtitleY(m_templateSubtitlePos.y());
-    slide->setSubtitleScale(m_templateSubtitleScale);
-    slide->setBoxColorHex(boxColorHex);
+    auto slide = std::make_unique<Slide>(randomAsset(), entry.main, entry.subtitle, m_style.textStyle, order);
+    SlideStyle style = m_style;
+    style.boxColorHex = boxColorHex;
+    slide->setStyle(style);
     return slide;
 }
 

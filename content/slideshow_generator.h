@@ -57,20 +57,13 @@ class SlideshowGenerator : public QObject
     Q_OBJECT
     Q_PROPERTY(double slideCount READ slideCount WRITE setSlideCount NOTIFY slideCountChanged)
     Q_PROPERTY(double bulkCount READ bulkCount WRITE setBulkCount NOTIFY bulkCountChanged)
-    Q_PROPERTY(mosslantern::TextStyle selectedStyle READ selectedStyle WRITE setSelectedStyle NOTIFY
-                   selectedStyleChanged)
+    Q_PROPERTY(mosslantern::SlideStyle style READ style WRITE setStyle NOTIFY styleChanged)
     Q_PROPERTY(mosslantern::AspectRatio selectedAspectRatio READ selectedAspectRatio WRITE
                    setSelectedAspectRatio NOTIFY selectedAspectRatioChanged)
     Q_PROPERTY(QString textInput READ textInput WRITE setTextInput NOTIFY textInputChanged)
-    Q_PROPERTY(
-        QPointF templateTextPos READ templateTextPos WRITE setTemplateTextPos NOTIFY templateTextPosChanged)
-    Q_PROPERTY(double templateTextScale READ templateTextScale WRITE setTemplateTextScale NOTIFY
-                   templateTextScaleChanged)
-    Q_PROPERTY(QPointF templateSubtitlePos READ templateSubtitlePos WRITE setTemplateSubtitlePos NOTIFY
-                   templateSubtitlePosChanged)
+    Q_PROPERTY(double templateTextScale READ templateTextScale WRITE setTemplateTextScale NOTIFY styleChanged)
     Q_PROPERTY(double templateSubtitleScale READ templateSubtitleScale WRITE setTemplateSubtitleScale NOTIFY
-                   templateSubtitleScaleChanged)
-    Q_PROPERTY(mosslantern::RgbaColor boxColor READ boxColor WRITE setBoxColor NOTIFY boxColorChanged)
+                   styleChanged)
     Q_PROPERTY(mosslantern::Collection *selectedCollection READ selectedCollection WRITE setSelectedCollection
                    NOTIFY selectedCollectionChanged)
     Q_PROPERTY(QString openAiApiKey READ openAiApiKey WRITE setOpenAiApiKey NOTIFY openAiApiKeyChanged)
@@ -99,9 +92,22 @@ public:
     double bulkCount() const { return m_bulkCount; }
     void setBulkCount(double count);
 
-    /// A change to `classic` makes the box colour black, one to `boxed` white.
-    TextStyle selectedStyle() const { return m_selectedStyle; }
+    /// The style of new slides, and its values one by one. A change of the selected style to `classic` makes
+    /// the box colour black, one to `boxed` white.
+    const SlideStyle &style() const { return m_style; }
+    void setStyle(const SlideStyle &style);
+    TextStyle selectedStyle() const { return m_style.textStyle; }
     void setSelectedStyle(TextStyle style);
+    RgbaColor boxColor() const { return m_style.boxColor(); }
+    void setBoxColor(const RgbaColor &color);
+    QPointF templateTextPos() const { return m_style.textPos(); }
+    void setTemplateTextPos(const QPointF &position);
+    double templateTextScale() const { return m_style.textScale; }
+    void setTemplateTextScale(double scale);
+    QPointF templateSubtitlePos() const { return m_style.subtitlePos(); }
+    void setTemplateSubtitlePos(const QPointF &position);
+    double templateSubtitleScale() const { return m_style.subtitleScale; }
+    void setTemplateSubtitleScale(double scale);
 
     AspectRatio selectedAspectRatio() const { return m_selectedAspectRatio; }
     void setSelectedAspectRatio(AspectRatio ratio);
@@ -109,19 +115,6 @@ public:
     /// The slide content. A change keeps the preview index within the entries and updates the mapping.
     QString textInput() const { return m_textInput; }
     void setTextInput(const QString &content);
-
-    /// Centres of the texts of new slides, as fractions of the canvas, and their scales.
-    QPointF templateTextPos() const { return m_templateTextPos; }
-    void setTemplateTextPos(const QPointF &position);
-    double templateTextScale() const { return m_templateTextScale; }
-    void setTemplateTextScale(double scale);
-    QPointF templateSubtitlePos() const { return m_templateSubtitlePos; }
-    void setTemplateSubtitlePos(const QPointF &position);
-    double templateSubtitleScale() const { return m_templateSubtitleScale; }
-    void setTemplateSubtitleScale(double scale);
-
-    RgbaColor boxColor() const { return m_boxColor; }
-    void setBoxColor(const RgbaColor &color);
 
     /// The collection whose assets are used, or null for all assets; null again when it is removed. A change
     /// updates the mapping.
@@ -190,14 +183,9 @@ public:
 signals:
     void slideCountChanged();
     void bulkCountChanged();
-    void selectedStyleChanged();
+    void styleChanged();
     void selectedAspectRatioChanged();
     void textInputChanged();
-    void templateTextPosChanged();
-    void templateTextScaleChanged();
-    void templateSubtitlePosChanged();
-    void templateSubtitleScaleChanged();
-    void boxColorChanged();
     void selectedCollectionChanged();
     void openAiApiKeyChanged();
     void customPromptChanged();
@@ -215,6 +203,8 @@ private:
     GeneratedBatch beginBatch() const;
     void addSlideshow(GeneratedBatch &batch, const QString &content);
     Asset *randomAsset();
+    template <typename Change>
+    void changeStyle(Change change);
     std::unique_ptr<Slide> makeSlide(const SlideText &entry, qint64 order, const QString &boxColorHex);
     bool renewPreviewAssets();
     void forgetRemovedAssets();
@@ -226,14 +216,9 @@ private:
 
     double m_slideCount = mostSlidesOfSlideshow;
     double m_bulkCount = 1;
-    TextStyle m_selectedStyle = TextStyle::classic;
+    SlideStyle m_style{.boxColorHex = QStringLiteral("000000")};
     AspectRatio m_selectedAspectRatio = AspectRatio::tiktok;
     QString m_textInput;
-    QPointF m_templateTextPos{0.5, 0.5};
-    double m_templateTextScale = 1;
-    QPointF m_templateSubtitlePos{0.5, 0.8};
-    double m_templateSubtitleScale = 1;
-    RgbaColor m_boxColor{.red = 0, .green = 0, .blue = 0, .opacity = 1};
     QPointer<Collection> m_selectedCollection;
     QString m_openAiApiKey;
     QString m_customPrompt;

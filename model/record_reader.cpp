@@ -155,18 +155,21 @@ public:
         return time;
     }
 
+    void read(double &value) { value = real(); }
+    void read(QString &value) { value = text(); }
+    void read(TextStyle &value)
+    {
+        const QString raw = text();
+        const std::optional<TextStyle> style = textStyleFromRawText(raw);
+        if (!style)
+            throw damage(u"the unknown text style “%1”"_s.arg(raw));
+        value = *style;
+    }
+
     SlideStyle style()
     {
         SlideStyle style;
-        for (double *value : {&style.textX, &style.textY, &style.subtitleX, &style.subtitleY,
-                              &style.textScale, &style.subtitleScale})
-            *value = real();
-        const QString raw = text();
-        const std::optional<TextStyle> textStyle = textStyleFromRawText(raw);
-        if (!textStyle)
-            throw damage(u"the unknown text style “%1”"_s.arg(raw));
-        style.textStyle = *textStyle;
-        style.boxColorHex = text();
+        forEachStyleValue([&](const char *, auto value) { read(style.*value); });
         return style;
     }
 

@@ -1,5 +1,7 @@
 #include "model/record_table.h"
 
+#include "model/slide_style.h"
+
 #include <array>
 
 namespace mosslantern {
@@ -14,18 +16,20 @@ struct Table
     Columns columns;
 };
 
+Columns withStyle(Columns columns)
+{
+    forEachStyleValue([&](const char *name, auto) { columns.emplace_back(name); });
+    return columns;
+}
+
 const Table &table(RecordKind kind)
 {
     static const std::array<Table, recordKindCount> tables{{
         {"collection", {"name", "createdAt"}},
         {"asset", {"filename", "name", "collection"}},
         {"slideshow", {"createdAt", "aspectRatio", "collection", "batchId", "batchName"}},
-        {"slide",
-         {"slideshow", "asset", "imageFilename", "text", "subtitle", "\"order\"", "textX", "textY",
-          "subtitleX", "subtitleY", "textScale", "subtitleScale", "textStyle", "boxColorHex"}},
-        {"slidePreset",
-         {"name", "createdAt", "textX", "textY", "subtitleX", "subtitleY", "textScale", "subtitleScale",
-          "textStyle", "boxColorHex"}},
+        {"slide", withStyle({"slideshow", "asset", "imageFilename", "text", "subtitle", "\"order\""})},
+        {"slidePreset", withStyle({"name", "createdAt"})},
         {"contentTemplate", {"name", "content", "createdAt"}},
     }};
     return tables[static_cast<size_t>(kind)];

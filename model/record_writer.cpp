@@ -65,9 +65,11 @@ public:
 
     Parameters &operator<<(const SlideStyle &style)
     {
-        return *this << style.textX << style.textY << style.subtitleX << style.subtitleY << style.textScale
-                     << style.subtitleScale << rawText(style.textStyle) << style.boxColorHex;
+        forEachStyleValue([&](const char *, auto value) { *this << style.*value; });
+        return *this;
     }
+
+    Parameters &operator<<(TextStyle value) { return *this << rawText(value); }
 
     /// The row of a related record; one that is not in the store counts as none.
     Parameters &operator<<(const Record *record)

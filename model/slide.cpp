@@ -78,14 +78,7 @@ QUrl Slide::imageURL() const
 
 void Slide::applyPreset(const SlidePreset &preset)
 {
-    setTextX(preset.textX());
-    setTextY(preset.textY());
-    setSubtitleX(preset.subtitleX());
-    setSubtitleY(preset.subtitleY());
-    setTextScale(preset.textScale());
-    setSubtitleScale(preset.subtitleScale());
-    setTextStyle(preset.textStyle());
-    setBoxColorHex(preset.boxColorHex());
+    setStyle(preset.style());
 }
 
 void Slide::noteAssetGone()

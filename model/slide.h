@@ -56,7 +56,7 @@ public:
     /// Where the picture is read from: the slide's own image, else the asset's file, else empty.
     QUrl imageURL() const;
 
-    /// Copies the eight style values.
+    /// Copies its style.
     void applyPreset(const SlidePreset &preset);
 
 signals:

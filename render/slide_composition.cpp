@@ -46,15 +46,16 @@ void append(std::vector<Layer> &layers, std::vector<Layer> more)
 std::vector<Layer> drawTexts(const SlideValues &values, const Canvas &canvas)
 {
     const QRect clip(QPoint(), canvas.pixelSize());
+    const SlideStyle &style = values.style;
     const auto block = [&](const QString &text, bool isSubtitle, QPointF position, double scale) {
         const QPointF centre(position.x() * canvas.size.width() * canvas.pixelRatio,
                              position.y() * canvas.size.height() * canvas.pixelRatio);
-        return TextBlock(text, values.style, isSubtitle, values.boxColor, canvas.size.width())
+        return TextBlock(text, style.textStyle, isSubtitle, style.boxColor(), canvas.size.width())
             .draw(centre, scale * canvas.pixelRatio, clip);
     };
-    std::vector<Layer> layers = block(values.text, false, values.textPos, values.textScale);
+    std::vector<Layer> layers = block(values.text, false, style.textPos(), style.textScale);
     if (!values.subtitle.isEmpty())
-        append(layers, block(values.subtitle, true, values.subtitlePos, values.subtitleScale));
+        append(layers, block(values.subtitle, true, style.subtitlePos(), style.subtitleScale));
     return layers;
 }
 

@@ -21,13 +21,8 @@ constexpr qint64 mostSlideshows = 1000;
 
 void apply(const BatchRequest &request, Collection *collection, SlideshowGenerator &generator)
 {
-    generator.setSelectedStyle(request.design.style);
+    generator.setStyle(request.design.style);
     generator.setSelectedAspectRatio(request.design.shape);
-    generator.setTemplateTextPos(request.design.textPos);
-    generator.setTemplateTextScale(request.design.textScale);
-    generator.setTemplateSubtitlePos(request.design.subtitlePos);
-    generator.setTemplateSubtitleScale(request.design.subtitleScale);
-    generator.setBoxColor(request.design.boxColor);
     generator.setBatchName(request.batchName);
     generator.setSelectedCollection(collection);
 }

@@ -27,17 +27,18 @@ std::vector<OptionSpec> designOptions()
 SlideDesign readDesign(OptionReader &options)
 {
     SlideDesign design;
-    design.style = options.style("style"_L1).value_or(design.style);
+    SlideStyle &style = design.style;
+    style.textStyle = options.style("style"_L1).value_or(style.textStyle);
     design.shape = options.shape("shape"_L1).value_or(design.shape);
-    design.textPos = options.position("text-pos"_L1).value_or(design.textPos);
-    design.textScale = options.real("text-scale"_L1, smallestScale, largestScale).value_or(design.textScale);
-    design.subtitlePos = options.position("subtitle-pos"_L1).value_or(design.subtitlePos);
-    design.subtitleScale =
-        options.real("subtitle-scale"_L1, smallestScale, largestScale).value_or(design.subtitleScale);
+    style.setTextPos(options.position("text-pos"_L1).value_or(style.textPos()));
+    style.textScale = options.real("text-scale"_L1, smallestScale, largestScale).value_or(style.textScale);
+    style.setSubtitlePos(options.position("subtitle-pos"_L1).value_or(style.subtitlePos()));
+    style.subtitleScale =
+        options.real("subtitle-scale"_L1, smallestScale, largestScale).value_or(style.subtitleScale);
     constexpr RgbaColor black{0, 0, 0, 1};
     constexpr RgbaColor white{1, 1, 1, 1};
-    design.boxColor =
-        options.color("box-color"_L1).value_or(design.style == TextStyle::boxed ? white : black);
+    style.setBoxColor(
+        options.color("box-color"_L1).value_or(style.textStyle == TextStyle::boxed ? white : black));
     return design;
 }
 

@@ -11,14 +11,9 @@ namespace mosslantern {
 /// How slides are to look: everything of them but their texts, and their shape.
 struct SlideDesign
 {
-    TextStyle style = TextStyle::classic;
+    /// The box is white for "boxed" and black for the other looks where the command line does not say.
+    SlideStyle style;
     AspectRatio shape = AspectRatio::tiktok;
-    QPointF textPos{0.5, 0.5};
-    double textScale = 1;
-    QPointF subtitlePos{0.5, 0.8};
-    double subtitleScale = 1;
-    /// White for "boxed" and black for the other styles where the command line does not say.
-    RgbaColor boxColor;
 };
 
 /// The options that tell a design.

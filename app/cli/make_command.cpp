@@ -62,18 +62,6 @@ private:
     qsizetype m_unreadable = 0;
 };
 
-SlideValues values(const SlideText &text, const SlideDesign &design)
-{
-    return {.text = text.main,
-            .subtitle = text.subtitle,
-            .style = design.style,
-            .textPos = design.textPos,
-            .textScale = design.textScale,
-            .subtitlePos = design.subtitlePos,
-            .subtitleScale = design.subtitleScale,
-            .boxColor = design.boxColor};
-}
-
 /// The slides of one content; none when it has no slides or there is no picture.
 std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design, PictureLot &pictures)
 {
@@ -81,7 +69,7 @@ std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design
     const QList<SlideText> texts = parseSlideContent(content);
     for (const SlideText &text : texts.first(std::min<qsizetype>(mostSlidesOfSlideshow, texts.size()))) {
         if (const std::optional<QString> picture = pictures.draw())
-            jobs.push_back({values(text, design), exportCanvas(design.shape), *picture});
+            jobs.push_back({{text.main, text.subtitle, design.style}, exportCanvas(design.shape), *picture});
     }
     return jobs;
 }

@@ -41,16 +41,24 @@ Json fileAt(const QUrl &url)
     return url.isEmpty() ? Json() : mosslantern::toJson(url.toLocalFile());
 }
 
+Json json(double value)
+{
+    return value;
+}
+
+Json json(const QString &value)
+{
+    return mosslantern::toJson(value);
+}
+
+Json json(TextStyle value)
+{
+    return mosslantern::toJson(rawText(value));
+}
+
 void addStyle(Json &object, const SlideStyle &style)
 {
-    object["textStyle"] = mosslantern::toJson(rawText(style.textStyle));
-    object["textX"] = style.textX;
-    object["textY"] = style.textY;
-    object["textScale"] = style.textScale;
-    object["subtitleX"] = style.subtitleX;
-    object["subtitleY"] = style.subtitleY;
-    object["subtitleScale"] = style.subtitleScale;
-    object["boxColorHex"] = mosslantern::toJson(style.boxColorHex);
+    forEachStyleValue([&](const char *name, auto value) { object[name] = json(style.*value); });
 }
 
 } // namespace

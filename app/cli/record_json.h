@@ -27,10 +27,10 @@ Json toJson(const Collection &collection);
 Json toJson(const BatchGroup &group);
 /// id, createdAt, aspectRatio, batchId, batchName, collection, slides (in order)
 Json toJson(const Slideshow &slideshow);
-/// id, text, subtitle, the eight values of the style by their names, order, image (the file that is drawn),
+/// id, text, subtitle, the values of the style by their names, order, image (the file that is drawn),
 /// asset
 Json toJson(const Slide &slide);
-/// id, name, createdAt, the eight values of the style
+/// id, name, createdAt, the values of the style
 Json toJson(const SlidePreset &preset);
 /// id, name, createdAt, content
 Json toJson(const ContentTemplate &contentTemplate);

@@ -133,12 +133,7 @@ int render(const Arguments &arguments)
         return failedWith(files.error());
     const SlideValues values{.text = *arguments.value("text"_L1),
                              .subtitle = arguments.value("subtitle"_L1).value_or(QString()),
-                             .style = design.style,
-                             .textPos = design.textPos,
-                             .textScale = design.textScale,
-                             .subtitlePos = design.subtitlePos,
-                             .subtitleScale = design.subtitleScale,
-                             .boxColor = design.boxColor};
+                             .style = design.style};
     return drawAll(values, canvas, pictures.files, *files, pictures.problems.size());
 }
 

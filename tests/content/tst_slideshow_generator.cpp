@@ -217,9 +217,9 @@ private slots:
         for (const Slideshow *slideshow : studio.slideshows()) {
             QCOMPARE(slideshow->batchId(), batch->id);
             QCOMPARE(slideshow->batchName(), u"Mine"_s);
-            QCOMPARE(slideshow->slides().first()->textStyle(), TextStyle::boxed);
+            QCOMPARE(slideshow->slides().first()->style().textStyle, TextStyle::boxed);
             // The colour is fixed when the run begins, as its name is.
-            QCOMPARE(slideshow->slides().first()->boxColorHex(), u"000000"_s);
+            QCOMPARE(slideshow->slides().first()->style().boxColorHex, u"000000"_s);
         }
         const Slide *const last = studio.slideshows()[1]->slides().first();
         QCOMPARE(last->text() + last->subtitle(), u"V2s"_s);

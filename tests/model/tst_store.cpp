@@ -101,14 +101,14 @@ private slots:
             std::move(slides), AspectRatio::instagram, QUuid::createUuid(), u""_s));
         slideshow->setCollection(collection);
         Slide *const slide = slideshow->slides()[0];
-        slide->setTextX(std::numeric_limits<double>::max());
-        slide->setTextY(-std::numeric_limits<double>::denorm_min());
-        slide->setSubtitleX(1.0 / 3.0);
-        slide->setSubtitleY(-1e300);
-        slide->setTextScale(0.1 + 0.2);
-        slide->setSubtitleScale(std::numeric_limits<double>::infinity());
-        slide->setTextStyle(TextStyle::neon);
-        slide->setBoxColorHex(u"not a colour"_s);
+        slide->setStyle(&SlideStyle::textX, std::numeric_limits<double>::max());
+        slide->setStyle(&SlideStyle::textY, -std::numeric_limits<double>::denorm_min());
+        slide->setStyle(&SlideStyle::subtitleX, 1.0 / 3.0);
+        slide->setStyle(&SlideStyle::subtitleY, -1e300);
+        slide->setStyle(&SlideStyle::textScale, 0.1 + 0.2);
+        slide->setStyle(&SlideStyle::subtitleScale, std::numeric_limits<double>::infinity());
+        slide->setStyle(&SlideStyle::textStyle, TextStyle::neon);
+        slide->setStyle(&SlideStyle::boxColorHex, u"not a colour"_s);
         slide->setOrder(std::numeric_limits<qint64>::min());
         slide->setSubtitle(odd);
         library.addSlideshow(other, {u"without image"_s});
@@ -164,12 +164,12 @@ private slots:
         finishTurn();
         QCOMPARE(savesIn(library), before + 1);
         for (int i = 1; i < 100; ++i)
-            slideshow->slides()[0]->setTextX(i);
+            slideshow->slides()[0]->setStyle(&SlideStyle::textX, i);
         library.store().remove(slideshow->slides()[1]);
         QCOMPARE(savesIn(library), before + 1);
         finishTurn();
         QCOMPARE(savesIn(library), before + 2);
-        slideshow->slides()[0]->setTextX(99); // as it is
+        slideshow->slides()[0]->setStyle(&SlideStyle::textX, 99); // as it is
         finishTurn();
         QCOMPARE(savesIn(library), before + 2);
     }

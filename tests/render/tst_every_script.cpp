@@ -34,7 +34,7 @@ QImage drawnText(const QString &text, TextStyle style = TextStyle::modern)
 {
     SlideValues values;
     values.text = text;
-    values.style = style;
+    values.style.textStyle = style;
     return drawn(values, Canvas{{350, 120}, 1}, Qt::blue);
 }
 

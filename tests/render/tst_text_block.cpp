@@ -22,8 +22,8 @@ SlideValues slide(TextStyle style, const QString &text, const RgbaColor &boxColo
 {
     SlideValues values;
     values.text = text;
-    values.style = style;
-    values.boxColor = boxColor;
+    values.style.textStyle = style;
+    values.style.setBoxColor(boxColor);
     return values;
 }
 
@@ -64,8 +64,8 @@ private slots:
         QFETCH(double, scale);
         QFETCH(int, lines);
         SlideValues values = slide(TextStyle::boxed, text, red);
-        values.textPos = position;
-        values.textScale = scale;
+        values.style.setTextPos(position);
+        values.style.textScale = scale;
         const TextBlock block(text, TextStyle::boxed, false, red, canvas.size.width());
         QCOMPARE(block.lineCount(), lines);
 
@@ -102,7 +102,7 @@ private slots:
     {
         SlideValues values = slide(TextStyle::boxed, u"Hello"_s, red);
         const QRect whole = boundsOf(drawn(values, canvas), isRed);
-        values.textPos.setX(0);
+        values.style.textX = 0;
         const QRect cut = boundsOf(drawn(values, canvas), isRed);
         QCOMPARE(cut.left(), 0);
         QVERIFY(std::abs(cut.width() - whole.width() / 2) <= 1);
@@ -112,7 +112,7 @@ private slots:
     {
         SlideValues values = slide(TextStyle::classic, u"I"_s, black);
         for (const double scale : {1.0, 3.0, 1.3}) {
-            values.textScale = scale;
+            values.style.textScale = scale;
             const QImage image = drawn(values, canvas);
             const QRect middle(0, 400, 700, 1);
             const QRect letter = boundsOf(image, isWhite, middle);
@@ -137,7 +137,7 @@ private slots:
     {
         SlideValues values = slide(TextStyle::classic, u"I"_s, clear);
         for (const double scale : {1.0, 3.0, 9.0}) {
-            values.textScale = scale;
+            values.style.textScale = scale;
             const QImage image = drawn(values, canvas);
             int between = 0;
             for (int x = 0; x < image.width(); ++x) {
@@ -179,7 +179,7 @@ private slots:
     {
         SlideValues values = slide(TextStyle::boxed, u"WWWW\nWWWW"_s, red);
         values.subtitle = u" "_s;
-        values.subtitlePos = values.textPos;
+        values.style.setSubtitlePos(values.style.textPos());
         const QImage image = drawn(values, canvas);
         const TextBlock space(u" "_s, TextStyle::boxed, true, red, 350);
         const QRectF box(QPointF(350, 400) - QPointF(space.size().width(), space.size().height()),
@@ -340,7 +340,7 @@ private slots:
         QFETCH(QString, text);
         for (const TextStyle style : allTextStyles) {
             SlideValues values = slide(style, text, clear);
-            values.textScale = 0.4;
+            values.style.textScale = 0.4;
             const QRect ink = boundsOf(
                 drawn(values, canvas, Qt::green),
                 [](const QColor &c) { return c.red() > 128 || c.green() < 128; }, QRect(10, 300, 680, 200));
@@ -394,8 +394,8 @@ private slots:
         QFETCH(QPointF, position);
         for (const TextStyle style : allTextStyles) {
             SlideValues values = slide(style, u"Hello 😀\nyou"_s, black);
-            values.textScale = scale;
-            values.textPos = position;
+            values.style.textScale = scale;
+            values.style.setTextPos(position);
             const std::vector<Layer> layers = drawTexts(values, canvas);
             for (const Layer &layer : layers)
                 QVERIFY(QRect(0, 0, 700, 800).contains(QRect(layer.at, layer.image.size())));
@@ -428,9 +428,9 @@ private slots:
     {
         // The glow's blur is computed on a smaller plane from 32 pixels on: nobody must see where.
         SlideValues values = slide(TextStyle::neon, u"Glow"_s, black);
-        values.textScale = 3.199;
+        values.style.textScale = 3.199;
         const QImage before = drawn(values, canvas);
-        values.textScale = 3.201;
+        values.style.textScale = 3.201;
         const QImage after = drawn(values, canvas);
         // The letters themselves move by a fraction of a pixel; the glow above and below them is smooth.
         const QRect letters = boundsOf(before, isWhite).adjusted(-3, -3, 3, 3);

@@ -226,7 +226,7 @@ void WholeApplicationTest::tellsTheWholeStory()
     QCOMPARE(edited->slides()[0]->text(), u"Written by hand"_s);
     for (const Slideshow *slideshow : store().all<Slideshow>()) {
         for (const Slide *slide : slideshow->slides())
-            QCOMPARE(slide->textStyle(), TextStyle::boxed);
+            QCOMPARE(slide->style().textStyle, TextStyle::boxed);
     }
     const QString byWindow = session().library().path(u"window"_s);
     exportFirstBatch(byWindow);

@@ -77,6 +77,13 @@ struct SlidePresetForQml
     QML_UNCREATABLE("The store makes records.")
 };
 
+struct SlideStyleForQml
+{
+    Q_GADGET
+    QML_FOREIGN(mosslantern::SlideStyle)
+    QML_VALUE_TYPE(slideStyle)
+};
+
 struct LiveQueryForQml
 {
     Q_GADGET

@@ -1,8 +1,5 @@
 #include "ui/editor/live_slide_thumbnail.h"
 
-#include "render/pixels/pixels.h"
-#include "ui/editor/colors.h"
-
 namespace mosslantern {
 
 namespace {
@@ -19,16 +16,6 @@ void LiveSlideThumbnail::setAspectRatio(const QVariant &ratio)
 {
     set(m_aspectRatio, aspectRatioFromVariant(ratio));
     emit canvasShapeChanged();
-}
-
-QColor LiveSlideThumbnail::boxColor() const
-{
-    return toColor(m_values.boxColor);
-}
-
-void LiveSlideThumbnail::setBoxColor(const QColor &color)
-{
-    set(m_values.boxColor, toRgbaColor(color));
 }
 
 StaticSlide::Content LiveSlideThumbnail::content() const

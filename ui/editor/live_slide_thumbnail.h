@@ -15,15 +15,9 @@ class LiveSlideThumbnail : public mosslantern::StaticSlide
     Q_PROPERTY(QString subtitle READ subtitle WRITE setSubtitle NOTIFY settingsChanged)
     /// Whose picture is shown; null for none.
     Q_PROPERTY(mosslantern::Asset *asset READ asset WRITE setAsset NOTIFY settingsChanged)
-    /// A TextStyle as a number.
-    Q_PROPERTY(int style READ style WRITE setStyle NOTIFY settingsChanged)
+    Q_PROPERTY(mosslantern::SlideStyle style READ style WRITE setStyle NOTIFY settingsChanged)
     /// An AspectRatio as a number, or undefined.
     Q_PROPERTY(QVariant aspectRatio READ aspectRatio WRITE setAspectRatio NOTIFY settingsChanged)
-    Q_PROPERTY(QColor boxColor READ boxColor WRITE setBoxColor NOTIFY settingsChanged)
-    Q_PROPERTY(QPointF textPos READ textPos WRITE setTextPos NOTIFY settingsChanged)
-    Q_PROPERTY(double textScale READ textScale WRITE setTextScale NOTIFY settingsChanged)
-    Q_PROPERTY(QPointF subtitlePos READ subtitlePos WRITE setSubtitlePos NOTIFY settingsChanged)
-    Q_PROPERTY(double subtitleScale READ subtitleScale WRITE setSubtitleScale NOTIFY settingsChanged)
 
 public:
     explicit LiveSlideThumbnail(QQuickItem *parent = nullptr);
@@ -37,26 +31,11 @@ public:
     Asset *asset() const { return m_asset; }
     void setAsset(Asset *asset) { set(m_asset, QPointer<Asset>(asset)); }
 
-    int style() const { return static_cast<int>(m_values.style); }
-    void setStyle(int style) { set(m_values.style, static_cast<TextStyle>(style)); }
+    const SlideStyle &style() const { return m_values.style; }
+    void setStyle(const SlideStyle &style) { set(m_values.style, style); }
 
     QVariant aspectRatio() const { return static_cast<int>(m_aspectRatio); }
     void setAspectRatio(const QVariant &ratio);
-
-    QColor boxColor() const;
-    void setBoxColor(const QColor &color);
-
-    QPointF textPos() const { return m_values.textPos; }
-    void setTextPos(QPointF position) { set(m_values.textPos, position); }
-
-    double textScale() const { return m_values.textScale; }
-    void setTextScale(double scale) { set(m_values.textScale, scale); }
-
-    QPointF subtitlePos() const { return m_values.subtitlePos; }
-    void setSubtitlePos(QPointF position) { set(m_values.subtitlePos, position); }
-
-    double subtitleScale() const { return m_values.subtitleScale; }
-    void setSubtitleScale(double scale) { set(m_values.subtitleScale, scale); }
 
 signals:
     void settingsChanged();

@@ -1,7 +1,7 @@
 #include "ui/editor/slide_canvas_view.h"
 
-#include "model/rgba_color.h"
 #include "render/canvas.h"
+#include "render/export/slide_job.h"
 #include "render/pixels/pixels.h"
 
 #include <QtCore/QScopedValueRollback>
@@ -38,25 +38,13 @@ void SlideCanvasView::setSlide(Slide *slide)
         return;
     Q_ASSERT(!m_slide);
     m_slide = slide;
-    m_local = {.text = slide->text(),
-               .subtitle = slide->subtitle(),
-               .textPos = {slide->textX(), slide->textY()},
-               .textScale = slide->textScale(),
-               .subtitlePos = {slide->subtitleX(), slide->subtitleY()},
-               .subtitleScale = slide->subtitleScale()};
+    m_local = slideValues(*slide);
+    m_slideStyle = slide->style();
     emit localTextChanged();
     emit localSubtitleChanged();
-    emit localTextPosChanged();
-    emit localTextScaleChanged();
-    emit localSubtitlePosChanged();
-    emit localSubtitleScaleChanged();
+    emit localStyleChanged();
     followSlide();
     emit slideChanged();
-    emit styleChanged();
-    connect(this, &SlideCanvasView::localTextPosChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localTextScaleChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localSubtitlePosChanged, this, &SlideCanvasView::scheduleCommit);
-    connect(this, &SlideCanvasView::localSubtitleScaleChanged, this, &SlideCanvasView::scheduleCommit);
 }
 
 void SlideCanvasView::followSlide()
@@ -67,20 +55,12 @@ void SlideCanvasView::followSlide()
                 update();
         });
     };
-    const auto takeTextPos = [this] { setLocalTextPos({m_slide->textX(), m_slide->textY()}); };
-    const auto takeSubtitlePos = [this] {
-        setLocalSubtitlePos({m_slide->subtitleX(), m_slide->subtitleY()});
-    };
     follow(&Slide::textChanged, [this] { setLocalText(m_slide->text()); });
     follow(&Slide::subtitleChanged, [this] { setLocalSubtitle(m_slide->subtitle()); });
-    follow(&Slide::textXChanged, takeTextPos);
-    follow(&Slide::textYChanged, takeTextPos);
-    follow(&Slide::textScaleChanged, [this] { setLocalTextScale(m_slide->textScale()); });
-    follow(&Slide::subtitleXChanged, takeSubtitlePos);
-    follow(&Slide::subtitleYChanged, takeSubtitlePos);
-    follow(&Slide::subtitleScaleChanged, [this] { setLocalSubtitleScale(m_slide->subtitleScale()); });
-    connect(m_slide, &Slide::textStyleChanged, this, &SlideCanvasView::styleChanged);
-    connect(m_slide, &Slide::boxColorHexChanged, this, &SlideCanvasView::styleChanged);
+    follow(&Slide::styleChanged, [this] {
+        const SlideStyle before = std::exchange(m_slideStyle, m_slide->style());
+        setLocalStyle(withChanges(m_local.style, before, m_slideStyle));
+    });
     connect(m_slide, &Record::removed, this, [this] {
         m_slide = nullptr;
         emit slideChanged();
@@ -96,44 +76,58 @@ void SlideCanvasView::setSlideshow(Slideshow *slideshow)
     emit slideshowChanged();
 }
 
-int SlideCanvasView::textStyle() const
-{
-    return static_cast<int>(m_slide ? m_slide->textStyle() : TextStyle::classic);
-}
-
 QColor SlideCanvasView::boxColor() const
 {
-    return m_slide ? toColor(colorFromHex(m_slide->boxColorHex())) : QColor();
+    return toColor(m_local.style.boxColor());
 }
 
 void SlideCanvasView::setLocalText(const QString &text)
 {
-    set(&LocalState::text, text, &SlideCanvasView::localTextChanged);
+    if (std::exchange(m_local.text, text) != text)
+        emit localTextChanged();
 }
 
 void SlideCanvasView::setLocalSubtitle(const QString &subtitle)
 {
-    set(&LocalState::subtitle, subtitle, &SlideCanvasView::localSubtitleChanged);
+    if (std::exchange(m_local.subtitle, subtitle) != subtitle)
+        emit localSubtitleChanged();
+}
+
+void SlideCanvasView::setLocalStyle(const SlideStyle &style)
+{
+    if (m_local.style == style)
+        return;
+    m_local.style = style;
+    scheduleCommit();
+    emit localStyleChanged();
 }
 
 void SlideCanvasView::setLocalTextPos(QPointF position)
 {
-    set(&LocalState::textPos, position, &SlideCanvasView::localTextPosChanged);
+    SlideStyle style = m_local.style;
+    style.setTextPos(position);
+    setLocalStyle(style);
 }
 
 void SlideCanvasView::setLocalTextScale(double scale)
 {
-    set(&LocalState::textScale, scale, &SlideCanvasView::localTextScaleChanged);
+    SlideStyle style = m_local.style;
+    style.textScale = scale;
+    setLocalStyle(style);
 }
 
 void SlideCanvasView::setLocalSubtitlePos(QPointF position)
 {
-    set(&LocalState::subtitlePos, position, &SlideCanvasView::localSubtitlePosChanged);
+    SlideStyle style = m_local.style;
+    style.setSubtitlePos(position);
+    setLocalStyle(style);
 }
 
 void SlideCanvasView::setLocalSubtitleScale(double scale)
 {
-    set(&LocalState::subtitleScale, scale, &SlideCanvasView::localSubtitleScaleChanged);
+    SlideStyle style = m_local.style;
+    style.subtitleScale = scale;
+    setLocalStyle(style);
 }
 
 void SlideCanvasView::setArea(QSizeF area)
@@ -184,12 +178,8 @@ void SlideCanvasView::write()
     const QScopedValueRollback writing(m_isWriting, true);
     m_slide->setText(m_local.text);
     m_slide->setSubtitle(m_local.subtitle);
-    m_slide->setTextX(m_local.textPos.x());
-    m_slide->setTextY(m_local.textPos.y());
-    m_slide->setTextScale(m_local.textScale);
-    m_slide->setSubtitleX(m_local.subtitlePos.x());
-    m_slide->setSubtitleY(m_local.subtitlePos.y());
-    m_slide->setSubtitleScale(m_local.subtitleScale);
+    m_slide->setStyle(m_local.style);
+    m_slideStyle = m_slide->style();
 }
 
 } // namespace mosslantern

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/slideshow.h"
+#include "render/slide_values.h"
 
 #include <QtCore/QPointF>
 #include <QtCore/QPointer>
@@ -25,17 +26,17 @@ class SlideCanvasView : public QObject
         mosslantern::Slideshow *slideshow READ slideshow WRITE setSlideshow NOTIFY slideshowChanged REQUIRED)
     Q_PROPERTY(QString localText READ localText WRITE setLocalText NOTIFY localTextChanged)
     Q_PROPERTY(QString localSubtitle READ localSubtitle WRITE setLocalSubtitle NOTIFY localSubtitleChanged)
-    Q_PROPERTY(QPointF localTextPos READ localTextPos WRITE setLocalTextPos NOTIFY localTextPosChanged)
-    Q_PROPERTY(double localTextScale READ localTextScale WRITE setLocalTextScale NOTIFY localTextScaleChanged)
-    Q_PROPERTY(QPointF localSubtitlePos READ localSubtitlePos WRITE setLocalSubtitlePos NOTIFY
-                   localSubtitlePosChanged)
+    Q_PROPERTY(QPointF localTextPos READ localTextPos WRITE setLocalTextPos NOTIFY localStyleChanged)
+    Q_PROPERTY(double localTextScale READ localTextScale WRITE setLocalTextScale NOTIFY localStyleChanged)
+    Q_PROPERTY(
+        QPointF localSubtitlePos READ localSubtitlePos WRITE setLocalSubtitlePos NOTIFY localStyleChanged)
     Q_PROPERTY(double localSubtitleScale READ localSubtitleScale WRITE setLocalSubtitleScale NOTIFY
-                   localSubtitleScaleChanged)
+                   localStyleChanged)
     /// Where there is room for the canvas, in points.
     Q_PROPERTY(QSizeF area READ area WRITE setArea NOTIFY frameChanged)
     Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
-    Q_PROPERTY(int textStyle READ textStyle NOTIFY styleChanged)
-    Q_PROPERTY(QColor boxColor READ boxColor NOTIFY styleChanged)
+    Q_PROPERTY(int textStyle READ textStyle NOTIFY localStyleChanged)
+    Q_PROPERTY(QColor boxColor READ boxColor NOTIFY localStyleChanged)
 
 public:
     /// Calls a function after a while, unless the object is gone by then.
@@ -62,16 +63,16 @@ public:
     QString localSubtitle() const { return m_local.subtitle; }
     void setLocalSubtitle(const QString &subtitle);
 
-    QPointF localTextPos() const { return m_local.textPos; }
+    QPointF localTextPos() const { return m_local.style.textPos(); }
     void setLocalTextPos(QPointF position);
 
-    double localTextScale() const { return m_local.textScale; }
+    double localTextScale() const { return m_local.style.textScale; }
     void setLocalTextScale(double scale);
 
-    QPointF localSubtitlePos() const { return m_local.subtitlePos; }
+    QPointF localSubtitlePos() const { return m_local.style.subtitlePos(); }
     void setLocalSubtitlePos(QPointF position);
 
-    double localSubtitleScale() const { return m_local.subtitleScale; }
+    double localSubtitleScale() const { return m_local.style.subtitleScale; }
     void setLocalSubtitleScale(double scale);
 
     /// A delayed commit that can be called off.
@@ -106,44 +107,23 @@ signals:
     void slideshowChanged();
     void localTextChanged();
     void localSubtitleChanged();
-    void localTextPosChanged();
-    void localTextScaleChanged();
-    void localSubtitlePosChanged();
-    void localSubtitleScaleChanged();
-    void styleChanged();
+    void localStyleChanged();
     void frameChanged();
 
     /// Nothing on the canvas is to have the keyboard any more.
     void firstResponderResigned();
 
 private:
-    struct LocalState
-    {
-        QString text;
-        QString subtitle;
-        QPointF textPos{0.5, 0.5};
-        double textScale = 1;
-        QPointF subtitlePos{0.5, 0.8};
-        double subtitleScale = 1;
-    };
-
-    int textStyle() const;
+    int textStyle() const { return static_cast<int>(m_local.style.textStyle); }
     QColor boxColor() const;
     void followSlide();
+    void setLocalStyle(const SlideStyle &style);
     void fitFrame();
-
-    template <typename T>
-    void set(T LocalState::*field, const T &value, void (SlideCanvasView::*changed)())
-    {
-        if (m_local.*field == value)
-            return;
-        m_local.*field = value;
-        emit(this->*changed)();
-    }
 
     QPointer<Slide> m_slide;
     QPointer<Slideshow> m_slideshow;
-    LocalState m_local;
+    SlideValues m_local;
+    SlideStyle m_slideStyle; // as it was when it was last read
     QSizeF m_area;
     QRectF m_frame;
     std::shared_ptr<CommitTask> m_commitTask;

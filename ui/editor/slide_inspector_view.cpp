@@ -4,22 +4,6 @@
 
 namespace mosslantern {
 
-namespace {
-
-void copyStyle(const Slide &from, Slide &to)
-{
-    to.setTextStyle(from.textStyle());
-    to.setBoxColorHex(from.boxColorHex());
-    to.setTextX(from.textX());
-    to.setTextY(from.textY());
-    to.setTextScale(from.textScale());
-    to.setSubtitleX(from.subtitleX());
-    to.setSubtitleY(from.subtitleY());
-    to.setSubtitleScale(from.subtitleScale());
-}
-
-} // namespace
-
 SlideInspectorView::SlideInspectorView(Store &store, QObject *parent)
     : QObject(parent)
     , m_store(store)
@@ -42,7 +26,7 @@ void SlideInspectorView::setSlide(Slide *slide)
     if (slide) {
         connect(slide, &Slide::textChanged, this, &SlideInspectorView::textChanged);
         connect(slide, &Slide::subtitleChanged, this, &SlideInspectorView::subtitleChanged);
-        connect(slide, &Slide::textStyleChanged, this, &SlideInspectorView::styleChanged);
+        connect(slide, &Slide::styleChanged, this, &SlideInspectorView::styleChanged);
         connect(slide, &Record::removed, this, [this] { setSlide(nullptr); });
     }
     emit textChanged();
@@ -62,7 +46,7 @@ void SlideInspectorView::setBoxColor(const RgbaColor &color)
         return;
     showBoxColor(color);
     if (showsBoxColor() || showsBorder())
-        m_slide->setBoxColorHex(hexFromColor(color));
+        m_slide->setStyle(&SlideStyle::boxColorHex, hexFromColor(color));
 }
 
 void SlideInspectorView::showBoxColor(const RgbaColor &color)
@@ -99,7 +83,7 @@ QStringList SlideInspectorView::styleNames()
 void SlideInspectorView::setTextStyle(int style)
 {
     if (m_slide && style >= 0 && style < static_cast<int>(allTextStyles.size()))
-        m_slide->setTextStyle(allTextStyles[static_cast<size_t>(style)]);
+        m_slide->setStyle(&SlideStyle::textStyle, allTextStyles[static_cast<size_t>(style)]);
 }
 
 int SlideInspectorView::colorChoice() const
@@ -165,7 +149,7 @@ void SlideInspectorView::applyStyleToAllSlides(const Slideshow &slideshow)
     emit slideNeeded();
     for (Slide *slide : slideshow.slides()) {
         if (slide->id() != m_slide->id())
-            copyStyle(*m_slide, *slide);
+            slide->setStyle(m_slide->style());
     }
 }
 
@@ -177,7 +161,7 @@ void SlideInspectorView::applyStyleToBatch(const QUuid &batchId)
     for (const Slideshow *slideshow : m_store.fetch<Slideshow>(
              [&](const Slideshow &candidate) { return candidate.batchId() == batchId; })) {
         for (Slide *slide : slideshow->slides())
-            copyStyle(*m_slide, *slide);
+            slide->setStyle(m_slide->style());
     }
 }
 
@@ -199,7 +183,7 @@ void SlideInspectorView::applyPresetToSlide()
         return;
     emit slideNeeded();
     m_slide->applyPreset(*m_selectedPreset);
-    setBoxColor(colorFromHex(m_selectedPreset->boxColorHex()));
+    setBoxColor(m_selectedPreset->style().boxColor());
 }
 
 void SlideInspectorView::deleteSelectedPreset()

@@ -63,12 +63,15 @@ public:
     /// For people, in the order of the styles.
     static QStringList styleNames();
 
-    int textStyle() const { return static_cast<int>(m_slide ? m_slide->textStyle() : TextStyle::classic); }
+    int textStyle() const
+    {
+        return static_cast<int>(m_slide ? m_slide->style().textStyle : TextStyle::classic);
+    }
     void setTextStyle(int style);
 
     /// Which of the two colour pickers is shown: white or black for boxed, black or clear for classic.
-    bool showsBoxColor() const { return m_slide && m_slide->textStyle() == TextStyle::boxed; }
-    bool showsBorder() const { return m_slide && m_slide->textStyle() == TextStyle::classic; }
+    bool showsBoxColor() const { return m_slide && m_slide->style().textStyle == TextStyle::boxed; }
+    bool showsBorder() const { return m_slide && m_slide->style().textStyle == TextStyle::classic; }
 
     /// Which of the shown picker's two choices the colour is; -1 when it is neither.
     int colorChoice() const;
@@ -97,7 +100,7 @@ public:
     /// Whether the typed name is a name.
     bool canSave() const { return !m_newPresetName.trimmed().isEmpty(); }
 
-    /// Copies the slide's eight style values to the other slides of the slideshow.
+    /// Copies the slide's style to the other slides of the slideshow.
     void applyStyleToAllSlides(const Slideshow &slideshow);
 
     /// The same for all slides of all slideshows of a batch.

@@ -71,7 +71,7 @@ void SlideshowDetailView::showSelection()
     if (m_slideshow && !m_inspector->slideshow()) {
         m_inspector->setSlideshow(m_slideshow);
         if (!m_slideshow->slides().isEmpty())
-            m_inspector->showBoxColor(colorFromHex(m_slideshow->slides().constFirst()->boxColorHex()));
+            m_inspector->showBoxColor(m_slideshow->slides().constFirst()->style().boxColor());
     }
     Slide *const slide = selectedSlide();
     if (slide && slide == m_shownSlide)
@@ -91,7 +91,7 @@ void SlideshowDetailView::select(int index)
         emit selectedSlideIndexChanged();
     }
     showSelection();
-    m_inspector->showBoxColor(colorFromHex(slide->boxColorHex()));
+    m_inspector->showBoxColor(slide->style().boxColor());
 }
 
 void SlideshowDetailView::exportSlideshow()

@@ -33,13 +33,8 @@ Item {
         mainText: root.mainText
         subtitle: root.subtitle
         asset: root.asset
-        style: root.preview.style
+        style: root.generator.style
         aspectRatio: root.preview.aspectRatio
-        boxColor: root.preview.boxColor
-        textPos: root.generator.templateTextPos
-        textScale: root.generator.templateTextScale
-        subtitlePos: root.generator.templateSubtitlePos
-        subtitleScale: root.generator.templateSubtitleScale
     }
     RoundedArea {
         anchors.fill: thumbnail

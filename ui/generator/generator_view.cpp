@@ -47,9 +47,8 @@ void GeneratorView::followSettings()
     follow(&m_generator, &SlideshowGenerator::bulkCountChanged, &GeneratorView::generateTextChanged);
     follow(&m_generator, &SlideshowGenerator::openAiApiKeyChanged, &GeneratorView::canGenerateChanged);
     follow(&m_generator, &SlideshowGenerator::selectedAspectRatioChanged, &GeneratorView::shapeChanged);
-    follow(&m_generator, &SlideshowGenerator::selectedStyleChanged, &GeneratorView::styleChanged,
+    follow(&m_generator, &SlideshowGenerator::styleChanged, &GeneratorView::styleChanged,
            &GeneratorView::colorChoiceChanged);
-    follow(&m_generator, &SlideshowGenerator::boxColorChanged, &GeneratorView::colorChoiceChanged);
     follow(&m_generator, &SlideshowGenerator::textInputChanged, &GeneratorView::checkContent);
 }
 

@@ -2,7 +2,6 @@
 
 #include "content/slide_content.h"
 #include "render/canvas.h"
-#include "render/pixels/pixels.h"
 
 namespace mosslantern {
 
@@ -36,12 +35,7 @@ void LivePreview::followGenerator()
     follow(&SlideshowGenerator::currentPreviewIndexChanged, &LivePreview::assetChanged);
     follow(&SlideshowGenerator::previewAssetMappingChanged, &LivePreview::assetChanged);
     follow(&SlideshowGenerator::entriesChanged, &LivePreview::countChanged);
-    follow(&SlideshowGenerator::selectedStyleChanged, &LivePreview::showLook);
-    follow(&SlideshowGenerator::boxColorChanged, &LivePreview::showLook);
-    follow(&SlideshowGenerator::templateTextPosChanged, &LivePreview::showLook);
-    follow(&SlideshowGenerator::templateTextScaleChanged, &LivePreview::showLook);
-    follow(&SlideshowGenerator::templateSubtitlePosChanged, &LivePreview::showLook);
-    follow(&SlideshowGenerator::templateSubtitleScaleChanged, &LivePreview::showLook);
+    follow(&SlideshowGenerator::styleChanged, &LivePreview::showLook);
     follow(&SlideshowGenerator::selectedAspectRatioChanged, &LivePreview::shapeChanged);
     follow(&SlideshowGenerator::selectedAspectRatioChanged, &LivePreview::fit);
 }
@@ -65,11 +59,6 @@ void LivePreview::setIndex(int index)
     m_generator.setCurrentPreviewIndex(std::clamp(index, 0, std::max(0, count() - 1)));
 }
 
-QColor LivePreview::boxColor() const
-{
-    return toColor(m_generator.boxColor());
-}
-
 void LivePreview::showEntry()
 {
     const SlideText entry = m_generator.currentPreviewEntry();
@@ -80,15 +69,16 @@ void LivePreview::showEntry()
 
 void LivePreview::showLook()
 {
+    // A block that is placed writes into the generator.
+    const SlideStyle style = m_generator.style();
     for (DraggableTextView *const block : {&m_mainBlock, &m_subtitleBlock}) {
-        block->setStyle(m_generator.selectedStyle());
-        block->setBoxColor(m_generator.boxColor());
+        block->setStyle(style.textStyle);
+        block->setBoxColor(style.boxColor());
     }
-    m_mainBlock.setPosition(m_generator.templateTextPos());
-    m_mainBlock.setScale(m_generator.templateTextScale());
-    m_subtitleBlock.setPosition(m_generator.templateSubtitlePos());
-    m_subtitleBlock.setScale(m_generator.templateSubtitleScale());
-    emit lookChanged();
+    m_mainBlock.setPosition(style.textPos());
+    m_mainBlock.setScale(style.textScale);
+    m_subtitleBlock.setPosition(style.subtitlePos());
+    m_subtitleBlock.setScale(style.subtitleScale);
 }
 
 void LivePreview::setArea(QSizeF area)

@@ -21,10 +21,8 @@ class LivePreview : public QObject
     Q_PROPERTY(int index READ index WRITE setIndex NOTIFY indexChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
     Q_PROPERTY(QAbstractItemModel *entries READ entries CONSTANT)
-    /// Numbers of a TextStyle and of an AspectRatio.
-    Q_PROPERTY(int style READ style NOTIFY lookChanged)
+    /// An AspectRatio as a number.
     Q_PROPERTY(int aspectRatio READ aspectRatio NOTIFY shapeChanged)
-    Q_PROPERTY(QColor boxColor READ boxColor NOTIFY lookChanged)
     Q_PROPERTY(QSizeF area READ area WRITE setArea NOTIFY frameChanged)
     Q_PROPERTY(QRectF frame READ frame NOTIFY frameChanged)
 
@@ -45,9 +43,7 @@ public:
 
     QAbstractItemModel *entries() { return &m_entries; }
 
-    int style() const { return static_cast<int>(m_generator.selectedStyle()); }
     int aspectRatio() const { return static_cast<int>(m_generator.selectedAspectRatio()); }
-    QColor boxColor() const;
 
     /// Where there is room for the preview, in points.
     QSizeF area() const { return m_area; }
@@ -64,7 +60,6 @@ signals:
     void assetChanged();
     void indexChanged();
     void countChanged();
-    void lookChanged();
     void shapeChanged();
     void frameChanged();
 

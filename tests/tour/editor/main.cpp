@@ -64,7 +64,7 @@ Slideshow *EditorTour::addSlideshow(std::optional<AspectRatio> shape)
             m_session.store());
         slides.push_back(std::make_unique<Slide>(*asset, text, u"number %1"_s.arg(slides.size() + 1),
                                                  TextStyle::classic, slides.size()));
-        slides.back()->setBoxColorHex(u"000000"_s);
+        slides.back()->setStyle(&SlideStyle::boxColorHex, u"000000"_s);
     }
     return m_session.store().insert(
         std::make_unique<Slideshow>(std::move(slides), shape, QUuid::createUuid(), u"Mornings"_s));

@@ -57,7 +57,8 @@ void GalleryTour::addBatch(const QString &name, int count, AspectRatio shape, Te
         for (qsizetype k = 0; k < texts.size(); ++k) {
             slides.push_back(std::make_unique<Slide>(nextPicture(), texts[(k + i) % texts.size()],
                                                      u"number %1"_s.arg(k + 1), style, slides.size()));
-            slides.back()->setBoxColorHex(style == TextStyle::boxed ? u"FFFFFF"_s : u"000000"_s);
+            slides.back()->setStyle(&SlideStyle::boxColorHex,
+                                    style == TextStyle::boxed ? u"FFFFFF"_s : u"000000"_s);
         }
         m_session.store().insert(
             std::make_unique<Slideshow>(std::move(slides), shape, QUuid::createUuid(), name));

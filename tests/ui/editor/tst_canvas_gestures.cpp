@@ -36,9 +36,9 @@ void CanvasGesturesTest::dragMovesWithoutDrawing()
     s.drop(s.at(0.5, 0.5) + QPoint(72, -128));
     QCOMPARE(s.mainBlock->position(), QPointF(0.7, 0.3));
     s.window().contentItem()->forceActiveFocus();
-    QCOMPARE(s.slide->textX(), 0.5);
-    QTRY_COMPARE_WITH_TIMEOUT(s.slide->textX(), 0.7, 1000);
-    QCOMPARE(s.slide->textY(), 0.3);
+    QCOMPARE(s.slide->style().textX, 0.5);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->style().textX, 0.7, 1000);
+    QCOMPARE(s.slide->style().textY, 0.3);
 }
 
 void CanvasGesturesTest::dragBeginsAfterTenPoints()
@@ -93,7 +93,7 @@ void CanvasGesturesTest::touchpadPinch()
         gesture(Qt::EndNativeGesture, 0);
     }
     QCOMPARE(s.mainBlock->scale(), 4.0);
-    QTRY_COMPARE_WITH_TIMEOUT(s.slide->textScale(), 4.0, 1000);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->style().textScale, 4.0, 1000);
 }
 
 void CanvasGesturesTest::twoFingersMoveAndScale()
@@ -157,7 +157,7 @@ void CanvasGesturesTest::arrowKeys()
     for (int i = 0; i < 20; ++i)
         QTest::keyClick(&s.window(), Qt::Key_Down, Qt::ShiftModifier);
     QCOMPARE(s.subtitleBlock->position().y(), 1.0);
-    QTRY_COMPARE_WITH_TIMEOUT(s.slide->subtitleY(), 1.0, 1000);
+    QTRY_COMPARE_WITH_TIMEOUT(s.slide->style().subtitleY, 1.0, 1000);
 
     s.drag(s.at(0.5, 1) - QPoint(0, 3), {0, -100});
     QTest::keyClick(&s.window(), Qt::Key_Left);

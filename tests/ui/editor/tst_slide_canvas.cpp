@@ -68,8 +68,8 @@ private slots:
 void SlideCanvasTest::startsFromTheSlide()
 {
     Fixture f;
-    f.slide->setTextX(0.1);
-    f.slide->setSubtitleScale(2);
+    f.slide->setStyle(&SlideStyle::textX, 0.1);
+    f.slide->setStyle(&SlideStyle::subtitleScale, 2);
     f.open();
     QCOMPARE(f.canvas->localText(), u"Main"_s);
     QCOMPARE(f.canvas->localSubtitle(), u"Sub"_s);
@@ -92,16 +92,16 @@ void SlideCanvasTest::commitsHalfASecondAfterTheLastChange()
     QCOMPARE(writes.count(), 0);
     QVERIFY(f.canvas->commitTask() && !f.canvas->commitTask()->isCancelled);
     f.clock.advance(1ms);
-    QCOMPARE(f.slide->textX(), 0.4);
+    QCOMPARE(f.slide->style().textX, 0.4);
     QCOMPARE(writes.count(), 1);
 
     f.canvas->setLocalTextScale(3);
     f.canvas->setLocalSubtitlePos({0.9, 0.1});
     f.canvas->setLocalSubtitleScale(0.5);
     f.clock.advance(500ms);
-    QCOMPARE(f.slide->textScale(), 3.0);
-    QCOMPARE(QPointF(f.slide->subtitleX(), f.slide->subtitleY()), QPointF(0.9, 0.1));
-    QCOMPARE(f.slide->subtitleScale(), 0.5);
+    QCOMPARE(f.slide->style().textScale, 3.0);
+    QCOMPARE(QPointF(f.slide->style().subtitleX, f.slide->style().subtitleY), QPointF(0.9, 0.1));
+    QCOMPARE(f.slide->style().subtitleScale, 0.5);
 }
 
 void SlideCanvasTest::commitsTypingWithTheNextCommit()
@@ -130,7 +130,7 @@ void SlideCanvasTest::commitsWhenItDisappears()
     f.canvas->setLocalText(u"Typed"_s);
     f.clock.advance(200ms);
     f.canvas.reset();
-    QCOMPARE(f.slide->textX(), 1.0);
+    QCOMPARE(f.slide->style().textX, 1.0);
     QCOMPARE(f.slide->text(), u"Typed"_s);
     f.slide->setText(u"Changed since"_s);
     f.clock.advance(1s);
@@ -158,12 +158,12 @@ void SlideCanvasTest::followsTheRecord()
     QCOMPARE(f.canvas->localText(), u"From the inspector"_s);
 
     const auto preset = presetFromSlide(u"p"_s, *f.slide);
-    preset->setTextX(0.2);
-    preset->setTextY(0.3);
-    preset->setSubtitleY(0.4);
-    preset->setTextScale(2);
-    preset->setTextStyle(TextStyle::neon);
-    QSignalSpy style(f.canvas.get(), &SlideCanvasView::styleChanged);
+    preset->setStyle(&SlideStyle::textX, 0.2);
+    preset->setStyle(&SlideStyle::textY, 0.3);
+    preset->setStyle(&SlideStyle::subtitleY, 0.4);
+    preset->setStyle(&SlideStyle::textScale, 2);
+    preset->setStyle(&SlideStyle::textStyle, TextStyle::neon);
+    QSignalSpy style(f.canvas.get(), &SlideCanvasView::localStyleChanged);
     f.slide->applyPreset(*preset);
     QCOMPARE(f.canvas->localTextPos(), QPointF(0.2, 0.3));
     QCOMPARE(f.canvas->localSubtitlePos(), QPointF(0.5, 0.4));
@@ -182,8 +182,8 @@ void SlideCanvasTest::keepsSeveralChangesOfOneCommitApart()
     f.canvas->setLocalTextPos({0.1, 0.2});
     f.canvas->setLocalSubtitlePos({0.3, 0.4});
     f.clock.advance(500ms);
-    QCOMPARE(QPointF(f.slide->textX(), f.slide->textY()), QPointF(0.1, 0.2));
-    QCOMPARE(QPointF(f.slide->subtitleX(), f.slide->subtitleY()), QPointF(0.3, 0.4));
+    QCOMPARE(QPointF(f.slide->style().textX, f.slide->style().textY), QPointF(0.1, 0.2));
+    QCOMPARE(QPointF(f.slide->style().subtitleX, f.slide->style().subtitleY), QPointF(0.3, 0.4));
     QCOMPARE(f.canvas->localTextPos(), QPointF(0.1, 0.2));
 }
 

@@ -29,16 +29,16 @@ void SlideInspectorTest::onlyPickersWriteTheColour()
     f.inspector().setBoxColor({0, 0, 1, 1});
     f.inspector().setTextStyle(static_cast<int>(TextStyle::classic));
     QVERIFY(f.inspector().showsBorder());
-    QCOMPARE(f.slide(0)->boxColorHex(), u"FFFFFF"_s);
+    QCOMPARE(f.slide(0)->style().boxColorHex, u"FFFFFF"_s);
     QCOMPARE(f.inspector().colorChoice(), -1);
     f.inspector().chooseColor(1);
-    QCOMPARE(f.slide(0)->boxColorHex(), u"00000000"_s);
+    QCOMPARE(f.slide(0)->style().boxColorHex, u"00000000"_s);
     f.inspector().chooseColor(0);
-    QCOMPARE(f.slide(0)->boxColorHex(), u"000000"_s);
+    QCOMPARE(f.slide(0)->style().boxColorHex, u"000000"_s);
     f.inspector().setTextStyle(static_cast<int>(TextStyle::boxed));
     QCOMPARE(f.inspector().colorChoice(), 1);
     f.inspector().chooseColor(0);
-    QCOMPARE(f.slide(0)->boxColorHex(), u"FFFFFF"_s);
+    QCOMPARE(f.slide(0)->style().boxColorHex, u"FFFFFF"_s);
     QCOMPARE(f.detail.boxColor(), (RgbaColor{1, 1, 1, 1}));
 }
 
@@ -46,11 +46,11 @@ void SlideInspectorTest::appliesStyleToAllSlides()
 {
     DetailFixture f;
     QVERIFY(f.inspector().hasSlideshow() && !f.inspector().hasBatch());
-    f.slide(1)->setTextStyle(TextStyle::neon);
-    f.slide(1)->setBoxColorHex(u"12345678"_s);
-    f.slide(1)->setTextX(0.1);
-    f.slide(1)->setSubtitleY(0.2);
-    f.slide(1)->setTextScale(3);
+    f.slide(1)->setStyle(&SlideStyle::textStyle, TextStyle::neon);
+    f.slide(1)->setStyle(&SlideStyle::boxColorHex, u"12345678"_s);
+    f.slide(1)->setStyle(&SlideStyle::textX, 0.1);
+    f.slide(1)->setStyle(&SlideStyle::subtitleY, 0.2);
+    f.slide(1)->setStyle(&SlideStyle::textScale, 3);
     f.detail.select(1);
     f.inspector().applyToAllSlides();
     for (int i = 0; i < 4; ++i) {
@@ -67,12 +67,12 @@ void SlideInspectorTest::appliesStyleToBatch()
     const Slideshow *const sibling = f.addLetters(batch);
     const Slideshow *const stranger = f.addLetters(QUuid::createUuid());
     QVERIFY(f.inspector().hasBatch());
-    f.slide(0)->setTextStyle(TextStyle::modern);
+    f.slide(0)->setStyle(&SlideStyle::textStyle, TextStyle::modern);
     f.inspector().applyToBatch();
     for (int i = 0; i < 4; ++i) {
-        QCOMPARE(f.slide(i)->textStyle(), TextStyle::modern);
-        QCOMPARE(sibling->slides()[i]->textStyle(), TextStyle::modern);
-        QCOMPARE(stranger->slides()[i]->textStyle(), TextStyle::classic);
+        QCOMPARE(f.slide(i)->style().textStyle, TextStyle::modern);
+        QCOMPARE(sibling->slides()[i]->style().textStyle, TextStyle::modern);
+        QCOMPARE(stranger->slides()[i]->style().textStyle, TextStyle::classic);
     }
 }
 
@@ -81,9 +81,9 @@ void SlideInspectorTest::savesAppliesAndDeletesPresets()
     DetailFixture f;
     SlideInspectorView &inspector = f.inspector();
     f.store().insert(presetFromSlide(u"Old"_s, *f.slide(3)));
-    f.slide(0)->setTextStyle(TextStyle::boxed);
-    f.slide(0)->setBoxColorHex(u"000000"_s);
-    f.slide(0)->setTextY(0.9);
+    f.slide(0)->setStyle(&SlideStyle::textStyle, TextStyle::boxed);
+    f.slide(0)->setStyle(&SlideStyle::boxColorHex, u"000000"_s);
+    f.slide(0)->setStyle(&SlideStyle::textY, 0.9);
     for (const QString &blank : {u""_s, u"   "_s, u"\n"_s}) {
         inspector.setNewPresetName(blank);
         QVERIFY(!inspector.canSave());
@@ -94,7 +94,7 @@ void SlideInspectorTest::savesAppliesAndDeletesPresets()
     QCOMPARE(inspector.presetChoice(), 1);
     QCOMPARE(inspector.newPresetName(), u"  My look "_s);
 
-    f.slide(2)->setTextStyle(TextStyle::neon);
+    f.slide(2)->setStyle(&SlideStyle::textStyle, TextStyle::neon);
     f.detail.select(2);
     inspector.applyPresetToSlide();
     QCOMPARE(f.slide(2)->style(), f.slide(0)->style());
@@ -107,7 +107,7 @@ void SlideInspectorTest::savesAppliesAndDeletesPresets()
     f.store().remove(inspector.selectedPreset());
     QVERIFY(!inspector.selectedPreset());
     inspector.applyPresetToSlide();
-    QCOMPARE(f.slide(2)->textY(), 0.9);
+    QCOMPARE(f.slide(2)->style().textY, 0.9);
 }
 
 void SlideInspectorTest::presetWhileEditing()
@@ -115,9 +115,9 @@ void SlideInspectorTest::presetWhileEditing()
     ScreenSession s;
     QVERIFY(s.typeOnCanvas(u"!"_s));
     auto preset = presetFromSlide(u"p"_s, *s.slide(0));
-    preset->setTextY(0.25);
-    preset->setTextScale(2);
-    preset->setTextStyle(TextStyle::neon);
+    preset->setStyle(&SlideStyle::textY, 0.25);
+    preset->setStyle(&SlideStyle::textScale, 2);
+    preset->setStyle(&SlideStyle::textStyle, TextStyle::neon);
     s.detail()->inspector()->setSelectedPreset(s.store().insert(std::move(preset)));
     QVERIFY(s.click(u"applyPreset"_s));
     QCOMPARE(s.block()->position(), QPointF(0.5, 0.25));
@@ -126,7 +126,7 @@ void SlideInspectorTest::presetWhileEditing()
     QCOMPARE(s.block()->text(), u"One!"_s);
     QVERIFY(s.click(u"slideEntry1"_s));
     QCOMPARE(s.slide(0)->text(), u"One!"_s);
-    QCOMPARE(s.slide(0)->textY(), 0.25);
+    QCOMPARE(s.slide(0)->style().textY, 0.25);
 }
 
 void SlideInspectorTest::copiesTheStyleThatIsSeen()
@@ -136,12 +136,12 @@ void SlideInspectorTest::copiesTheStyleThatIsSeen()
     inspector->setSelectedPreset(s.store().insert(presetFromSlide(u"p"_s, *s.slide(0))));
     s.block()->nudge(40, 0);
     inspector->applyToAllSlides();
-    QVERIFY(s.slide(1)->textX() > 0.5);
+    QVERIFY(s.slide(1)->style().textX > 0.5);
     s.block()->nudge(40, 0);
     inspector->applyPresetToSlide();
     QCOMPARE(s.block()->position(), QPointF(0.5, 0.5));
     QTest::qWait(600);
-    QCOMPARE(s.slide(0)->textX(), 0.5);
+    QCOMPARE(s.slide(0)->style().textX, 0.5);
 }
 
 void SlideInspectorTest::typesInTheInspector()

@@ -29,8 +29,8 @@ void SlideshowDetailTest::opensOnTheFirstInOrder()
     f.slide(0)->setOrder(3);
     f.slide(3)->setOrder(0);
     f.slide(1)->setOrder(1);
-    f.slide(0)->setBoxColorHex(u"112233"_s);
-    f.slide(3)->setBoxColorHex(u"445566"_s);
+    f.slide(0)->setStyle(&SlideStyle::boxColorHex, u"112233"_s);
+    f.slide(3)->setStyle(&SlideStyle::boxColorHex, u"445566"_s);
     SlideshowDetailView detail;
     detail.setContext(&f.context);
     detail.setSlideshow(f.slideshow);
@@ -38,7 +38,7 @@ void SlideshowDetailTest::opensOnTheFirstInOrder()
     QCOMPARE(detail.selectedSlide(), f.slide(3));
     QCOMPARE(detail.inspector()->slide(), f.slide(3));
     QCOMPARE(detail.boxColor(), colorFromHex(u"112233"_s));
-    QCOMPARE(f.slide(3)->boxColorHex(), u"445566"_s);
+    QCOMPARE(f.slide(3)->style().boxColorHex, u"445566"_s);
 
     for (Slide *slide : f.slideshow->slides())
         slide->setOrder(0);
@@ -51,7 +51,7 @@ void SlideshowDetailTest::opensOnTheFirstInOrder()
 void SlideshowDetailTest::selects()
 {
     DetailFixture f;
-    f.slide(2)->setBoxColorHex(u"8A4BC6"_s);
+    f.slide(2)->setStyle(&SlideStyle::boxColorHex, u"8A4BC6"_s);
     QSignalSpy selections(&f.detail, &SlideshowDetailView::selectedSlideChanged);
     f.detail.select(2);
     QCOMPARE(f.detail.selectedSlideIndex(), 2);
@@ -119,7 +119,7 @@ void SlideshowDetailTest::selectingKeepsTheDrag()
     const double x = block->position().x();
     QVERIFY(x > 0.5);
     QVERIFY(s.click(u"slideEntry2"_s));
-    QCOMPARE(s.slide(0)->textX(), x);
+    QCOMPARE(s.slide(0)->style().textX, x);
     QVERIFY(!block);
     QCOMPARE(s.block()->text(), u"Three"_s);
     QCOMPARE(s.block()->position(), QPointF(0.5, 0.5));

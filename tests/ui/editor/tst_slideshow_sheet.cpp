@@ -131,7 +131,7 @@ void SlideshowSheetTest::closingWritesWhatIsDragged()
     s.key(Qt::Key_Escape);
     QTRY_VERIFY(!s.find(u"slideList"_s));
     QTest::mouseRelease(s.window(), Qt::LeftButton, {}, start);
-    QTRY_COMPARE(s.slideshow->slides()[0]->textY(), y);
+    QTRY_COMPARE(s.slideshow->slides()[0]->style().textY, y);
 }
 
 void SlideshowSheetTest::outlivesItsSlideshow()

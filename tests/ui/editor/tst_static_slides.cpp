@@ -76,10 +76,10 @@ void StaticSlidesTest::equalsItsExport()
     const Slideshow *slideshow =
         session.addSlideshow(session.addPicture(u"photo.jpg"_s, picture), {u"First 🎉\nsecond"_s}, shape);
     Slide *const slide = slideshow->slides().constFirst();
-    slide->setTextStyle(style);
+    slide->setStyle(&SlideStyle::textStyle, style);
     slide->setSubtitle(u"below"_s);
-    slide->setTextX(0.37);
-    slide->setTextScale(1.3);
+    slide->setStyle(&SlideStyle::textX, 0.37);
+    slide->setStyle(&SlideStyle::textScale, 1.3);
 
     const SlideJob job = exportJob(*slide, shape);
     auto *const view = qobject_cast<StaticSlide *>(session.show(
@@ -100,8 +100,8 @@ void StaticSlidesTest::followsItsRecord()
         u"SlidePreviewView"_s, {{u"slide"_s, asVariant(slide)}, {u"aspectRatio"_s, 2}}, {120, 120}));
     QTRY_VERIFY(view->isLoaded());
     slide->setText(u"After"_s);
-    slide->setTextStyle(TextStyle::boxed);
-    slide->setTextY(0.2);
+    slide->setStyle(&SlideStyle::textStyle, TextStyle::boxed);
+    slide->setStyle(&SlideStyle::textY, 0.2);
     QVERIFY(distanceFromExport(session, exportJob(*slide, AspectRatio::square)) <= 1);
 }
 
@@ -124,23 +124,20 @@ void StaticSlidesTest::drawsSettings()
     EditorSession session;
     auto *const view = qobject_cast<LiveSlideThumbnail *>(session.show(
         u"LiveSlideThumbnail"_s,
-        {{u"mainText"_s, u"Main"_s}, {u"subtitle"_s, u"Sub"_s}, {u"style"_s, 1}, {u"aspectRatio"_s, 2}},
-        {120, 120}));
+        {{u"mainText"_s, u"Main"_s}, {u"subtitle"_s, u"Sub"_s}, {u"aspectRatio"_s, 2}}, {120, 120}));
     QCOMPARE(session.grab().pixelColor(20, 20).red(), qRound(0.3 * 142));
 
     const auto asset =
         importAsset(QUrl::fromLocalFile(session.addPicture(u"photo.png"_s, {300, 300})), session.store());
     view->setAsset(*asset);
-    view->setBoxColor(Qt::yellow);
-    view->setTextPos({0.4, 0.3});
-    view->setSubtitleScale(0.5);
+    const SlideStyle style{.textX = 0.4,
+                           .textY = 0.3,
+                           .subtitleScale = 0.5,
+                           .textStyle = TextStyle::boxed,
+                           .boxColorHex = u"FFFF00"_s};
+    view->setStyle(style);
     QTRY_VERIFY(view->isLoaded());
-    const SlideJob job{{.text = u"Main"_s,
-                        .subtitle = u"Sub"_s,
-                        .style = TextStyle::boxed,
-                        .textPos = {0.4, 0.3},
-                        .subtitleScale = 0.5,
-                        .boxColor = {1, 1, 0, 1}},
+    const SlideJob job{{.text = u"Main"_s, .subtitle = u"Sub"_s, .style = style},
                        exportCanvas(AspectRatio::square),
                        (*asset)->fileURL().toLocalFile()};
     QVERIFY(distanceFromExport(session, job) <= 1);

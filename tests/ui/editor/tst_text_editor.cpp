@@ -103,7 +103,7 @@ void TextEditorTest::caretLiesOnTheLetters()
     QVERIFY(line.size() >= 60);
     const QString text = QStringList(6, line).join(u'\n');
     TypingSession s(text);
-    s.slide->setTextStyle(style);
+    s.slide->setStyle(&SlideStyle::textStyle, style);
     s.mainBlock->setScale(scale);
     s.settle();
 
@@ -134,7 +134,7 @@ void TextEditorTest::caretFollowsHigherLines()
                             u"हिन्दी किं"_s, u"one\ttwo\t!"_s, u"ភាសាខ្មែរ"_s, u"end"_s};
     TypingSession s(lines.join(u'\n'));
     for (const TextStyle style : allTextStyles) {
-        s.slide->setTextStyle(style);
+        s.slide->setStyle(&SlideStyle::textStyle, style);
         s.settle();
         int start = 0;
         for (qsizetype row = 0; row < lines.size(); ++row) {

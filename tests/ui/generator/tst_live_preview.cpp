@@ -117,9 +117,9 @@ private slots:
         QVERIFY(clickInPanel(u"generate"_s));
         QTRY_COMPARE(store().all<Slideshow>().size(), 1u);
         const Slide *const slide = store().all<Slideshow>()[0]->slides().first();
-        QCOMPARE(QPointF(slide->textX(), slide->textY()), moved);
-        QCOMPARE(slide->textScale(), 1.5);
-        QCOMPARE(slide->subtitleScale(), 2.0);
+        QCOMPARE(QPointF(slide->style().textX, slide->style().textY), moved);
+        QCOMPARE(slide->style().textScale, 1.5);
+        QCOMPARE(slide->style().subtitleScale, 2.0);
     }
 
     void retypesTexts()
