@@ -26,7 +26,7 @@ Rectangle {
         Accessible.name: text
     }
 
-    ListView {
+    KeyList {
         id: list
         objectName: "sidebar"
         anchors.fill: parent
@@ -35,29 +35,16 @@ Rectangle {
         anchors.rightMargin: 10
         interactive: false
         focus: true
-        activeFocusOnTab: true
+        label: title.text
         model: SidebarView {}
         currentIndex: root.content.selectedIndex
-        highlight: null
-        keyNavigationEnabled: false
-        Accessible.role: Accessible.List
-        Accessible.name: title.text
-        Keys.onUpPressed: root.content.selectedIndex = Math.max(0, root.content.selectedIndex - 1)
-        Keys.onDownPressed: root.content.selectedIndex = Math.min(count - 1, root.content.selectedIndex + 1)
+        marksItself: root.content.selectedIndex < 0
+        onMoved: (rows) =>
+            root.content.selectedIndex = Math.max(0, Math.min(count - 1, root.content.selectedIndex + rows))
         Keys.onSpacePressed: (event) => {
             event.accepted = event.modifiers === Qt.ControlModifier
             if (event.accepted)
                 root.content.selectedIndex = -1
-        }
-        Keys.onPressed: (event) => {
-            event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End
-            if (event.accepted)
-                root.content.selectedIndex = event.key === Qt.Key_Home ? 0 : count - 1
-        }
-
-        FocusRing {
-            distance: -3
-            visible: list.activeFocus && root.content.selectedIndex < 0 && InputMode.usesKeyboard
         }
 
         delegate: SidebarRow {

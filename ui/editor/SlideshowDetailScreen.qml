@@ -93,7 +93,7 @@ FocusScope {
                 Accessible.role: Accessible.Heading
                 Accessible.name: text
             }
-            ListView {
+            KeyList {
                 id: list
                 objectName: "slideList"
                 anchors.fill: parent
@@ -101,11 +101,8 @@ FocusScope {
                 topMargin: Theme.padding
                 bottomMargin: Theme.padding
                 spacing: Theme.padding
-                clip: true
                 focus: true
-                activeFocusOnTab: true
-                keyNavigationEnabled: false
-                boundsBehavior: Flickable.StopAtBounds
+                label: heading.text
                 model: detail.slides
                 currentIndex: detail.selectedSlideIndex
                 onCurrentItemChanged: {
@@ -113,18 +110,8 @@ FocusScope {
                         contentY = Math.min(Math.max(contentY, currentItem.y + currentItem.height + bottomMargin - height),
                                             currentItem.y - topMargin)
                 }
-                highlight: null
-                Accessible.role: Accessible.List
-                Accessible.name: heading.text
-                Keys.onUpPressed: detail.select(detail.selectedSlideIndex - 1)
-                Keys.onDownPressed: detail.select(detail.selectedSlideIndex + 1)
-                T.ScrollBar.vertical: ScrollIndicatorBar {}
-
-                FocusRing {
-                    parent: list
-                    distance: -3
-                    visible: list.activeFocus && InputMode.usesKeyboard
-                }
+                onMoved: (rows) =>
+                    detail.select(Math.max(0, Math.min(count - 1, detail.selectedSlideIndex + rows)))
 
                 delegate: SlideListEntry {
                     width: ListView.view.width

@@ -1,11 +1,10 @@
 pragma ComponentBehavior: Bound
 
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
 
-/// Small previews of all entries. The arrow keys move from entry to entry.
+/// Small previews of all entries. Keys move from entry to entry.
 Rectangle {
     id: root
 
@@ -26,7 +25,7 @@ Rectangle {
         Accessible.role: Accessible.Heading
         Accessible.name: text
     }
-    ListView {
+    KeyList {
         id: list
         objectName: "slideStrip"
         anchors.fill: parent
@@ -34,27 +33,13 @@ Rectangle {
         topMargin: 2
         bottomMargin: Theme.padding
         spacing: 12
-        clip: true
-        activeFocusOnTab: true
-        keyNavigationEnabled: false
-        boundsBehavior: Flickable.StopAtBounds
+        label: heading.text
         pixelAligned: true
-        highlight: null
         highlightMoveDuration: 200
         highlightMoveVelocity: -1
         model: root.preview.entries
         currentIndex: root.preview.index
-        Accessible.role: Accessible.List
-        Accessible.name: heading.text
-        Keys.onUpPressed: root.preview.index -= 1
-        Keys.onDownPressed: root.preview.index += 1
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
-
-        FocusRing {
-            parent: list
-            distance: -3
-            visible: list.activeFocus && InputMode.usesKeyboard
-        }
+        onMoved: (rows) => root.preview.index += rows
 
         delegate: StripEntry {
             width: ListView.view.width

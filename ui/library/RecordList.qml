@@ -1,14 +1,11 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Library
 
 /// A list of which one row can be selected, by pointer and keyboard. Its delegates are RecordRows.
-ListView {
+KeyList {
     id: root
 
-    /// What it holds, for those who do not see it.
-    required property string label
     required property ListSelection selection
     required property bool hasSelection
     /// Whether the selected row can be removed, by the Delete key and by the command of that name.
@@ -36,37 +33,13 @@ ListView {
 
     topMargin: 8
     bottomMargin: 8
-    clip: true
     focus: true
-    activeFocusOnTab: true
     reuseItems: true
-    boundsBehavior: Flickable.StopAtBounds
-    keyNavigationEnabled: false
     currentIndex: -1
-    Accessible.role: Accessible.List
-    Accessible.name: label
-
+    marksItself: !hasSelection
+    onMoved: (rows) => moveBy(rows)
     Keys.onPressed: (event) => {
-        const page = count > 0 ? Math.max(1, Math.floor(height * count / contentHeight) - 1) : 0
         switch (event.key) {
-        case Qt.Key_Up:
-            moveBy(-1)
-            break
-        case Qt.Key_Down:
-            moveBy(1)
-            break
-        case Qt.Key_Home:
-            moveBy(-count)
-            break
-        case Qt.Key_End:
-            moveBy(count)
-            break
-        case Qt.Key_PageUp:
-            moveBy(-page)
-            break
-        case Qt.Key_PageDown:
-            moveBy(page)
-            break
         case Qt.Key_Space:
             if (event.modifiers !== Qt.ControlModifier)
                 return
@@ -94,13 +67,5 @@ ListView {
             return
         }
         event.accepted = true
-    }
-
-    T.ScrollBar.vertical: ScrollIndicatorBar {}
-
-    FocusRing {
-        parent: root
-        distance: -3
-        visible: root.activeFocus && !root.hasSelection && InputMode.usesKeyboard
     }
 }

@@ -123,8 +123,11 @@ void SlideshowDetailTest::selectingKeepsTheDrag()
     QVERIFY(!block);
     QCOMPARE(s.block()->text(), u"Three"_s);
     QCOMPARE(s.block()->position(), QPointF(0.5, 0.5));
-    QTest::keyClick(&s.window(), Qt::Key_Up);
-    QTRY_COMPARE(s.block()->text(), u"Two"_s);
+    for (const auto &[key, text] : {std::pair(Qt::Key_Up, u"Two"_s), std::pair(Qt::Key_Home, u"One"_s),
+                                    std::pair(Qt::Key_End, u"Three"_s)}) {
+        QTest::keyClick(&s.window(), key);
+        QTRY_COMPARE(s.block()->text(), text);
+    }
 }
 
 void SlideshowDetailTest::inputDuringAnExportIsDropped()

@@ -52,6 +52,11 @@ private slots:
         session().key(Qt::Key_Down);
         session().key(Qt::Key_Up);
         QCOMPARE(generator().currentPreviewIndex(), 2);
+        for (const auto &[key, index] : {std::pair(Qt::Key_Home, 0), std::pair(Qt::Key_PageDown, 3),
+                                         std::pair(Qt::Key_PageUp, 0), std::pair(Qt::Key_End, 3)}) {
+            session().key(key);
+            QCOMPARE(generator().currentPreviewIndex(), index);
+        }
         generator().setTextInput(document({u"A"_s}));
         settle();
         QCOMPARE(generator().currentPreviewIndex(), 0);
