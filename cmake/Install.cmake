@@ -68,7 +68,7 @@ add_custom_target(documents ALL DEPENDS ${documents})
 add_dependencies(documents manual)
 
 install(TARGETS mosslantern-cli DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT cli)
-install(TARGETS mosslantern-heif DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/mosslantern" COMPONENT cli)
+install(TARGETS mosslantern-decoder DESTINATION "${CMAKE_INSTALL_LIBEXECDIR}/mosslantern" COMPONENT cli)
 install(FILES "${CMAKE_BINARY_DIR}/manual/mosslantern-cli.bash"
   DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions" RENAME mosslantern-cli COMPONENT cli)
 install(FILES "${CMAKE_BINARY_DIR}/manual/_mosslantern-cli"

@@ -1,5 +1,7 @@
 #include "app/cli/interruption.h"
 
+#include "render/picture/decoding_stop.h"
+
 #include <QtCore/QSocketNotifier>
 
 #include <sys/eventfd.h>
@@ -42,6 +44,7 @@ Interruption::Interruption()
         notifier->setEnabled(false);
         emit requested();
     });
+    setDecodingStop([] { return receivedSignal != 0; });
     for (const int number : handledSignals) {
         struct sigaction current = {};
         ::sigaction(number, nullptr, &current);
@@ -62,6 +65,7 @@ Interruption::~Interruption()
         if (current.sa_handler == noteSignal)
             std::signal(number, SIG_DFL);
     }
+    setDecodingStop(nullptr);
     ::close(wakeUp.exchange(-1));
 }
 

@@ -44,7 +44,10 @@ PictureImport importPictures(const QStringList &filesAndFolders, Store &store,
     Progress progress(u"pictures"_s);
     for (qsizetype i = 0; i < pictures.files.size() && !interruption.isRequested(); ++i) {
         const QString &file = pictures.files[i];
-        if (const Result<Asset *> asset = importPicture(file, checks.result(i), store))
+        const Result<> &checked = checks.result(i);
+        if (interruption.isRequested())
+            break;
+        if (const Result<Asset *> asset = importPicture(file, checked, store))
             imported.assets.push_back(*asset);
         else
             fail(file + u": "_s + asset.error().message);

@@ -1,6 +1,7 @@
 #include "render/export/slide_renderer.h"
 
 #include "render/background.h"
+#include "render/picture/decoding_stop.h"
 #include "render/pixels/pixels.h"
 #include "render/slide_composition.h"
 
@@ -36,7 +37,7 @@ public:
         try {
             m_texts = drawTexts(m_job.values, m_job.canvas);
         } catch (const std::bad_alloc &) {
-            m_ranOutOfMemory = true;
+            m_isGivenUp = true;
         }
         m_remaining = 1;
         m_crew.start([this] { run([this] { decode(); }); }, decoding);
@@ -45,7 +46,7 @@ public:
     EncodedSlide wait()
     {
         m_crew.waitFor(m_isDone);
-        if (m_ranOutOfMemory)
+        if (m_isGivenUp)
             return {};
         return {m_size, std::move(m_bands), std::move(m_pictureProblem)};
     }
@@ -56,10 +57,10 @@ private:
     void run(Work work)
     {
         try {
-            if (!m_ranOutOfMemory)
+            if (!m_isGivenUp)
                 work();
         } catch (const std::bad_alloc &) {
-            m_ranOutOfMemory = true;
+            m_isGivenUp = true;
         }
         if (--m_remaining == 0) {
             m_composition.reset();
@@ -70,6 +71,10 @@ private:
     void decode()
     {
         const Result<Background> background = tryLoadBackground(m_job.picturePath, m_job.canvas);
+        if (isDecodingStopped()) { // and no slide without its picture written
+            m_isGivenUp = true;
+            return;
+        }
         if (!background)
             m_pictureProblem = background.error().message;
         m_composition.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts));
@@ -105,7 +110,7 @@ private:
     QList<PngBand> m_bands;
     QString m_pictureProblem;
     std::atomic<int> m_remaining = 0;
-    std::atomic<bool> m_ranOutOfMemory = false;
+    std::atomic<bool> m_isGivenUp = false;
     std::atomic<bool> m_isDone = false;
 };
 

@@ -8,6 +8,9 @@ namespace mosslantern {
 /// 384 MiB.
 constexpr qint64 decodingMemory = qint64(384) << 20;
 
+/// The most that one decoder holds, of a picture for which all of decodingMemory is not enough: 480 MiB.
+constexpr qint64 mostDecodingMemory = qint64(480) << 20;
+
 /// A decoder's share of decodingMemory, for as long as this exists. The memory is the process's, whoever
 /// loads pictures in it, and so is the account of it.
 class DecodingShare

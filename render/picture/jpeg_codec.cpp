@@ -1,5 +1,6 @@
 #include "render/picture/jpeg_codec.h"
 
+#include "render/picture/decoding_stop.h"
 #include "render/picture/picture_errors.h"
 
 #include <jerror.h>
@@ -40,7 +41,7 @@ JpegCodec::JpegCodec(QIODevice &device)
     };
     m_progress.progress_monitor = [](j_common_ptr jpeg) {
         JpegCodec &codec = of(jpeg);
-        if (codec.m_jpeg.input_scan_number > mostScans)
+        if (codec.m_jpeg.input_scan_number > mostScans || isDecodingStopped())
             codec.m_errors.error_exit(jpeg);
     };
 }
@@ -207,6 +208,8 @@ bool JpegCodec::isMissingTooMuch() const
 
 Error JpegCodec::failure() const
 {
+    if (isDecodingStopped())
+        return {stoppedDecoding()};
     if (m_incomplete)
         return {incompletePicture()};
     switch (m_errors.msg_code) {

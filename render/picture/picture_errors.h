@@ -13,6 +13,10 @@ inline QString incompletePicture()
 {
     return QStringLiteral("The picture file is incomplete.");
 }
+inline QString stoppedDecoding()
+{
+    return QStringLiteral("The picture was not needed any more.");
+}
 inline QString pictureNeedsTooMuchMemory()
 {
     return QStringLiteral("There is not enough memory for the picture.");

@@ -1,9 +1,8 @@
 #include "render/picture/picture_loader.h"
 
-#include "render/picture/heif_decoder.h"
 #include "render/picture/jpeg_decoder.h"
-#include "render/picture/picture_qt_decoder.h"
 #include "render/picture/png_decoder.h"
+#include "render/picture/supervised_decoder.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QFile>
@@ -22,11 +21,6 @@ constexpr qint64 formatBytes = 128;
 constexpr qint64 mostCodedBytes = qint64(256) << 20;
 constexpr qint64 mostPlainBytes = qint64(1) << 30;
 
-bool isHeif(PictureFormat format)
-{
-    return format == PictureFormat::Heic || format == PictureFormat::Avif;
-}
-
 /// The format of the file that `device` stands at the start of.
 Result<PictureFormat> acceptedFormat(QIODevice &device)
 {
@@ -36,8 +30,9 @@ Result<PictureFormat> acceptedFormat(QIODevice &device)
     const auto format = pictureFormat(head);
     if (!format)
         return fail(u"The file is not a JPEG, PNG, WebP, GIF, BMP, TIFF, HEIC or AVIF picture."_s);
-    const bool coded = *format == PictureFormat::Jpeg || isHeif(*format);
-    if (device.size() > (coded ? mostCodedBytes : mostPlainBytes))
+    const bool isCoded =
+        *format == PictureFormat::Jpeg || *format == PictureFormat::Heic || *format == PictureFormat::Avif;
+    if (device.size() > (isCoded ? mostCodedBytes : mostPlainBytes))
         return fail(u"The picture file is too large."_s);
     return *format;
 }
@@ -51,9 +46,7 @@ Result<Picture> decode(QIODevice &device, const PictureRequest &request)
         return decodeJpeg(device, request);
     if (*format == PictureFormat::Png)
         return decodePng(device, request);
-    if (isHeif(*format))
-        return decodeHeif(device.readAll(), request);
-    return decodeWithQt(device, *format, request);
+    return decodeSupervised(device, *format, request);
 }
 
 Result<PictureInfo> readInfo(QIODevice &device)
@@ -65,9 +58,7 @@ Result<PictureInfo> readInfo(QIODevice &device)
         return readJpegInfo(device);
     if (*format == PictureFormat::Png)
         return readPngInfo(device);
-    if (isHeif(*format))
-        return readHeifInfo(device.readAll(), *format);
-    return readInfoWithQt(device, *format);
+    return readInfoSupervised(device, *format);
 }
 
 /// Opens a regular file only: opening a pipe would wait for its other end.

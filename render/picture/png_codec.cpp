@@ -1,5 +1,6 @@
 #include "render/picture/png_codec.h"
 
+#include "render/picture/decoding_stop.h"
 #include "render/picture/picture_errors.h"
 
 #include <QtCore/QPointF>
@@ -31,7 +32,8 @@ PngCodec::PngCodec(QIODevice &device)
         return;
     png_set_read_fn(m_png, this, [](png_structp png, png_bytep bytes, size_t count) {
         auto &codec = *static_cast<PngCodec *>(png_get_io_ptr(png));
-        if (codec.m_device.read(reinterpret_cast<char *>(bytes), qint64(count)) == qint64(count))
+        if (!isDecodingStopped() &&
+            codec.m_device.read(reinterpret_cast<char *>(bytes), qint64(count)) == qint64(count))
             return;
         codec.m_ended = true;
         std::longjmp(codec.m_failed, 1);
@@ -95,6 +97,8 @@ QColorSpace PngCodec::colorSpace() const
 
 Result<> PngCodec::readRows(uchar *rows, qsizetype bytesPerRow, int count)
 {
+    if (isDecodingStopped())
+        return fail(stoppedDecoding());
     if (!tryReadRows(rows, bytesPerRow, count))
         return fail(m_ended ? incompletePicture() : damagedPicture());
     return {};

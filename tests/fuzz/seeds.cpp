@@ -2,9 +2,11 @@
 #include "model/content_template.h"
 #include "tests/content/test_server.h"
 #include "tests/model/test_library.h"
+#include "tests/render/picture_samples.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
+#include <QtGui/QColorSpace>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -102,6 +104,50 @@ void makeLibraries(Seeds seeds)
     seeds.add(readFile(library.storeFile()));
 }
 
+/// Small pictures of every kind, each into the folder of its format.
+void makePictures(const QString &folder)
+{
+    using namespace samples;
+    const QImage image = painting(20, 14);
+    const QImage clear = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage gray = image.convertToFormat(QImage::Format_Grayscale8);
+    const QImage indexed = image.convertToFormat(QImage::Format_Indexed8);
+    const QImage deep = image.convertToFormat(QImage::Format_RGBA64);
+    QImage colored = image;
+    colored.setColorSpace(QColorSpace::DisplayP3);
+
+    Seeds jpegs(folder + u"/jpeg"_s);
+    for (const JpegOptions &options : {JpegOptions{.subsamplingAcross = 2, .subsamplingDown = 2},
+                                       {.progressive = true},
+                                       {.colors = JpegColors::Cmyk},
+                                       {.colors = JpegColors::Gray}})
+        jpegs.add(jpegWithOrientation(jpeg(image, options), 6));
+    jpegs.add(encoded(colored, "jpeg"));
+    Seeds pngs(folder + u"/png"_s), webps(folder + u"/webp"_s), tiffs(folder + u"/tiff"_s),
+        bmps(folder + u"/bmp"_s), gifs(folder + u"/gif"_s);
+    for (const QImage &kind : {image, clear, gray, indexed, deep, colored}) {
+        pngs.add(pngWithOrientation(encoded(kind, "png"), 5));
+        tiffs.add(encoded(kind, "tiff"));
+        bmps.add(encoded(kind, "bmp"));
+    }
+    for (const int quality : {50, 100}) {
+        webps.add(webpWithOrientation(encoded(image, "webp", quality), 3));
+        webps.add(encoded(clear, "webp", quality));
+    }
+    webps.add(encoded(colored, "webp", 80));
+    gifs.add(gif());
+    gifs.add(gif().insert(25, QByteArray("\x21\xf9\4\5\0\0\1\0", 8)));
+    Seeds heics(folder + u"/heic"_s), avifs(folder + u"/avif"_s);
+    const QByteArray profile = QColorSpace(QColorSpace::DisplayP3).iccProfile();
+    for (const auto &[codec, seeds] :
+         {std::pair(heif_compression_HEVC, &heics), std::pair(heif_compression_AV1, &avifs)}) {
+        seeds->add(heif(image, {.codec = codec, .orientation = heif_orientation_rotate_90_cw}));
+        seeds->add(heif(clear, {.codec = codec, .iccProfile = profile}));
+    }
+    heics.add(heif(image, {.bits = 10, .primaries = 9, .transfer = 16}));
+    heics.add(heifGrid(heif(painting(64, 64)), 2, {128, 128}, {128, 128}));
+}
+
 } // namespace
 
 /// Makes, below the given folder, a folder of seeds for each fuzz target.
@@ -115,5 +161,6 @@ int main(int count, char **arguments)
     makeAnswers(Seeds(folder + u"/answer"_s));
     makeFeeds(Seeds(folder + u"/feed"_s));
     makeLibraries(Seeds(folder + u"/library"_s));
+    makePictures(folder);
     return 0;
 }

@@ -1,4 +1,4 @@
-#include "render/picture/picture_cut.h"
+#include "render/picture/decoder/picture_cut.h"
 
 #include <QtCore/QtEndian>
 
