@@ -44,7 +44,7 @@ function(mosslantern_program name)
 endfunction()
 
 # mosslantern_test(<name> SOURCES <file>... LINK <target>... [ARGUMENTS <argument>...])
-# A Qt Test executable that links only the level it tests.
+# A Qt Test executable that links only the level it tests. It runs in a time zone that is no other's.
 function(mosslantern_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK;ARGUMENTS")
   add_executable(${name} ${arg_SOURCES})
@@ -52,7 +52,7 @@ function(mosslantern_test name)
   target_link_libraries(${name} PRIVATE ${arg_LINK} Qt6::Test)
   add_test(NAME ${name} COMMAND ${name} ${arg_ARGUMENTS})
   set_tests_properties(${name} PROPERTIES
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;TZ=UTC;LC_ALL=C.UTF-8")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_QUICK_BACKEND=software;TZ=CHA-12:45;LC_ALL=C.UTF-8")
 endfunction()
 
 function(mosslantern_bench name)

@@ -41,6 +41,7 @@ private slots:
         add("generate --content - --text-pos 0.5", u"--text-pos: expected X,Y"_s);
         add("generate --content - --subtitle-pos 0.5,nan", u"--subtitle-pos: expected X,Y"_s);
         add("generate --content - --text-scale 0,5", u"--text-scale: expected a number from 0.01 to 100"_s);
+        add("generate --content - --text-scale 100.1", u"--text-scale: expected a number from 0.01 to 100"_s);
         add("generate --content - --subtitle-scale -1", u"--subtitle-scale: expected a number"_s);
         add("generate --content - --box-color FFF", u"--box-color: expected RRGGBB or RRGGBBAA"_s);
         add("generate --content - --box-color GG0000", u"--box-color: expected RRGGBB or RRGGBBAA"_s);
