@@ -21,9 +21,10 @@ set(CPACK_DEBIAN_CLI_PACKAGE_SECTION graphics)
 set(CPACK_COMPONENT_CLI_DESCRIPTION "text-on-image slideshows from the command line
 Imports photographs, makes batches of slideshows from slide texts and writes
 them as folders of PNG files, without a display.")
-# What is loaded while running: Qt's plug-ins for WebP and TIFF, the fonts of emoji and of most scripts.
+# What is loaded while running: Qt's plug-ins for WebP and TIFF, libheif's for HEIC and AVIF where they are not part of it,
+# the fonts of emoji and of most scripts.
 set(CPACK_DEBIAN_CLI_PACKAGE_DEPENDS
-  "qt6-image-formats-plugins, fonts-noto-color-emoji, fonts-noto-core, fonts-noto-cjk")
+  "qt6-image-formats-plugins, libheif-plugin-libde265 | libheif1 (<< 1.16), libheif-plugin-dav1d | libheif1 (<< 1.16), fonts-noto-color-emoji, fonts-noto-core, fonts-noto-cjk")
 set(CPACK_DEBIAN_CLI_PACKAGE_SUGGESTS "bash-completion")
 
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME mosslantern)

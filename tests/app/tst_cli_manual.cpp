@@ -72,7 +72,6 @@ void CliManualTest::manualTellsAll()
         for (const QString &option : options(QString::fromUtf8(help.out)) - QSet{u"--help"_s, u"--library"_s})
             QVERIFY2(section.contains(u"\\fB"_s + option + u"\\fR"_s), qPrintable(command.name + option));
     }
-    QVERIFY(made(u"mosslantern.1"_s).contains(u"\\-\\-library"_s));
 }
 
 void CliManualTest::bashOffersAll()
