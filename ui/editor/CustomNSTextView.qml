@@ -20,31 +20,43 @@ Item {
     property alias coordinator: coordinator
     readonly property real textHeight: edit.contentHeight / coordinator.factor
 
+    readonly property real firstTop: verticalPadding - lineSpacing / 2
+
     /// The place of a caret at `position`, where the editor has `rectangle`: as high as its line.
-    function caretPlace(position: int, rectangle: rect): rect {
+    function caretPlace(position: int, rectangle: rect, heldPosition: int): rect {
         const line = coordinator.line(position)
-        return Qt.rect(rectangle.x / coordinator.factor, verticalPadding + line.y - lineSpacing / 2, 0, line.height)
+        const left = rectangle.x + coordinator.caretAside(position, heldPosition)
+        return Qt.rect(left / coordinator.factor, firstTop + line.y, 0, line.height)
     }
 
-    function positionAt(point: point): int {
-        return edit.positionAt((point.x - edit.x) * coordinator.factor, (point.y - edit.y) * coordinator.factor)
+    /// Puts the caret where a click is nearest to it, in units of the editor.
+    function putCaret(at: point) {
+        const position = edit.positionAt(at.x, at.y)
+        edit.isHolding = true
+        edit.cursorPosition = coordinator.moveNear(position, at.x - edit.positionToRectangle(position).x)
+        edit.isHolding = false
     }
 
-    /// One rectangle for each line of the selection.
-    function selectionRectangles(start: int, selectionEnd: int): list<rect> {
-        const rectangles = []
+    /// One rectangle for each line of the selection; several where letters run the other way.
+    function selectionRectangles(start: int, end: int): list<rect> {
+        const left = edit.positionToRectangle(start).x / coordinator.factor
         // While a text is replaced, one of the two is still of the old one.
-        const end = Math.min(selectionEnd, edit.length)
-        let from = start
-        while (from < end) {
-            const lineBreak = edit.text.indexOf("\n", from)
-            const to = lineBreak < 0 || lineBreak > end ? end : lineBreak
-            const left = caretPlace(from, edit.positionToRectangle(from))
-            const right = caretPlace(to, edit.positionToRectangle(to))
-            rectangles.push(Qt.rect(Math.min(left.x, right.x), left.y, Math.max(2, Math.abs(right.x - left.x)), left.height))
-            from = to + 1
-        }
-        return rectangles
+        return coordinator.selection(start, Math.min(end, edit.length)).map(part =>
+            Qt.rect(left + part.x, firstTop + part.y, part.width, part.height))
+    }
+
+    /// What Left and Right do in a line with letters that run the other way; false: in this line the editor knows.
+    function stepAside(toRight: bool, selects: bool): bool {
+        const place = coordinator.moveBeside(edit.cursorPosition, toRight)
+        if (place < 0)
+            return false
+        edit.isHolding = true
+        if (selects)
+            edit.moveCursorSelection(place)
+        else
+            edit.cursorPosition = place
+        edit.isHolding = false
+        return true
     }
 
     Coordinator {
@@ -60,6 +72,7 @@ Item {
         id: edit
 
         property int lastPosition: 0
+        property bool isHolding: false
 
         objectName: "textEdit"
         y: coordinator.baselineShift
@@ -84,6 +97,8 @@ Item {
         onCursorPositionChanged: {
             blink.restart()
             caret.isOn = true
+            if (!isHolding)
+                coordinator.releaseCaret()
             const place = coordinator.caretPosition(lastPosition, cursorPosition)
             if (place === cursorPosition)
                 lastPosition = place
@@ -93,18 +108,45 @@ Item {
                 moveCursorSelection(place)
         }
         Keys.onPressed: (event) => {
+            const selects = (event.modifiers & Qt.ShiftModifier) !== 0
+            event.accepted = true
             if (event.key === Qt.Key_Escape)
-                event.accepted = true
-            else if (selectionStart !== selectionEnd || event.modifiers & ~(Qt.ShiftModifier | Qt.KeypadModifier))
                 return
+            if (event.matches(StandardKey.Undo))
+                return coordinator.undo()
+            if (event.matches(StandardKey.Redo))
+                return coordinator.redo()
+            event.accepted = false
+            if (selectionStart !== selectionEnd && !selects || event.modifiers & ~(Qt.ShiftModifier | Qt.KeypadModifier))
+                return
+            if (event.key === Qt.Key_Left || event.key === Qt.Key_Right) {
+                event.accepted = root.stepAside(event.key === Qt.Key_Right, selects)
+                return
+            }
             const position = cursorPosition
             const start = event.key === Qt.Key_Backspace ? coordinator.startOfEmojiBefore(position) : position
             const end = event.key === Qt.Key_Delete ? coordinator.endOfEmojiAfter(position) : position
-            if (start < end) {
+            if (start < end && selectionStart === selectionEnd) {
                 remove(start, end)
                 event.accepted = true
             }
         }
+
+        PointHandler {
+            id: pointer
+
+            property point pressed
+
+            onActiveChanged: if (active) {
+                pressed = point.pressPosition
+                caretLater.start()
+            }
+        }
+    }
+    Timer {
+        id: caretLater // when the editor has put the caret there
+        interval: 0
+        onTriggered: if (edit.selectionStart === edit.selectionEnd) root.putCaret(pointer.pressed)
     }
 
     PasteLimit {
@@ -117,6 +159,7 @@ Item {
         Rectangle {
             required property rect modelData
 
+            objectName: "selected"
             x: modelData.x
             y: modelData.y
             width: modelData.width
@@ -129,7 +172,7 @@ Item {
         objectName: "caret"
 
         property bool isOn: true
-        readonly property rect bar: coordinator.caretBar(root.caretPlace(edit.cursorPosition, edit.cursorRectangle))
+        readonly property rect bar: coordinator.caretBar(root.caretPlace(edit.cursorPosition, edit.cursorRectangle, coordinator.heldPosition))
 
         x: bar.x
         y: bar.y

@@ -46,7 +46,7 @@ Item {
         if (edit.selectionStart !== edit.selectionEnd)
             return
         if (clickLocation !== undefined)
-            edit.cursorPosition = view.positionAt(clickLocation)
+            view.putCaret(edit.mapFromItem(view, clickLocation.x, clickLocation.y))
         else if (edit.cursorPosition === 0)
             edit.cursorPosition = edit.length
     }

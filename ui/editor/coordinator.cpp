@@ -8,6 +8,7 @@
 #include "ui/common/plain_text.h"
 
 #include <QtCore/QScopedValueRollback>
+#include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QFontMetricsF>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QStyleHints>
@@ -139,20 +140,27 @@ void Coordinator::formatAll()
     document()->setUndoRedoEnabled(true);
 }
 
-void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
+QTextBlockFormat Coordinator::formatOf(const QTextBlock &block) const
 {
     const double plainHeight = plainLineHeight();
+    double letters = 0;
+    for (const QString &line : splitLines(block.text()))
+        letters = std::max(letters, lineHeight(line, m_font, plainHeight));
+    QTextBlockFormat format = block.blockFormat();
+    format.setLineHeight((letters + m_lineSpacing) * layoutFactor, QTextBlockFormat::FixedHeight);
+    // Of itself, all lines of a document run like the first one.
+    format.setLayoutDirection(block.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    return format;
+}
+
+void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
+{
     const QScopedValueRollback formatting(m_isFormatting, true);
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        double letters = 0;
-        for (const QString &line : splitLines(block.text()))
-            letters = std::max(letters, lineHeight(line, m_font, plainHeight));
-        const double height = (letters + m_lineSpacing) * layoutFactor;
-        QTextBlockFormat format = block.blockFormat();
-        if (format.lineHeightType() == QTextBlockFormat::FixedHeight && format.lineHeight() == height)
+        const QTextBlockFormat format = formatOf(block);
+        if (format == block.blockFormat())
             continue;
-        format.setLineHeight(height, QTextBlockFormat::FixedHeight);
         QTextCursor cursor(block);
         if (joinsTyping)
             cursor.joinPreviousEditBlock();
@@ -160,6 +168,34 @@ void Coordinator::formatBlocks(int from, int to, bool joinsTyping)
         if (joinsTyping)
             cursor.endEditBlock();
     }
+}
+
+bool Coordinator::isFormatted() const
+{
+    for (QTextBlock block = document()->firstBlock(); block.isValid(); block = block.next()) {
+        if (formatOf(block) != block.blockFormat())
+            return false;
+    }
+    return true;
+}
+
+void Coordinator::travel(const char *step, bool (QTextDocument::*isPossible)() const)
+{
+    // Qt joins formats with what was pasted, but not with single letters: those take two steps.
+    const QScopedValueRollback formatting(m_isFormatting, true);
+    do
+        QMetaObject::invokeMethod(m_textDocument->parent(), step);
+    while (!isFormatted() && (document()->*isPossible)());
+}
+
+void Coordinator::undo()
+{
+    travel("undo", &QTextDocument::isUndoAvailable);
+}
+
+void Coordinator::redo()
+{
+    travel("redo", &QTextDocument::isRedoAvailable);
 }
 
 double Coordinator::neededHeight(double laidOut)
@@ -189,6 +225,93 @@ QRectF Coordinator::caretBar(const QRectF &place) const
     const double width = std::max(0.15 * place.height(), 4.0);
     const double height = std::min(letters + 4, place.height());
     return {place.left(), place.top() + (place.height() - height) / 2, width, height};
+}
+
+Coordinator::Line Coordinator::lineOf(int position) const
+{
+    const QTextBlock block = document()->findBlock(position);
+    // Lays it out.
+    static_cast<void>(document()->documentLayout()->blockBoundingRect(block));
+    QTextLayout *const layout = block.layout();
+    return {block.text(), block.position(), layout, layout->lineForTextPosition(position - block.position())};
+}
+
+void Coordinator::hold(int position)
+{
+    if (m_heldPosition == position)
+        return;
+    m_heldPosition = position;
+    emit heldPositionChanged();
+}
+
+double Coordinator::caretAside(int position, int heldPosition) const
+{
+    if (!document() || position < 0 || position >= document()->characterCount())
+        return 0;
+    const Line place = lineOf(position);
+    if (!place.isWhole())
+        return 0;
+    const int inLayout = position - place.start;
+    const CaretLine carets = place.carets();
+    return carets.isMixed() ? carets.x({inLayout, position == heldPosition}) - place.line.cursorToX(inLayout)
+                            : 0;
+}
+
+int Coordinator::moveBeside(int position, bool toRight)
+{
+    const Line place = lineOf(position);
+    if (!place.isWhole())
+        return -1;
+    const CaretLine carets = place.carets();
+    if (!carets.isMixed())
+        return -1;
+    if (const auto next = carets.beside({position - place.start, position == m_heldPosition}, toRight)) {
+        hold(next->isBeforeNext ? place.start + next->position : -1);
+        return place.start + next->position;
+    }
+    releaseCaret();
+    const bool runsLeft = place.layout->textOption().textDirection() == Qt::RightToLeft;
+    const int lineStart = place.start + place.line.textStart();
+    const int beyond = toRight == runsLeft ? lineStart - 1 : lineStart + place.line.textLength() + 1;
+    return std::clamp(beyond, 0, document()->characterCount() - 1);
+}
+
+int Coordinator::moveNear(int position, double aside)
+{
+    const Line place = lineOf(position);
+    if (!place.isWhole())
+        return position;
+    const CaretLine carets = place.carets();
+    if (!carets.isMixed())
+        return position;
+    const auto nearest = carets.nearest(place.line.cursorToX(position - place.start) + aside);
+    hold(nearest.isBeforeNext ? place.start + nearest.position : -1);
+    return place.start + nearest.position;
+}
+
+QList<QRectF> Coordinator::selection(int start, int end) const
+{
+    if (!document() || start >= end)
+        return {};
+    const Line first = lineOf(start);
+    if (!first.isWhole())
+        return {};
+    const double origin = first.x(first.line.cursorToX(start - first.start));
+    QList<QRectF> rectangles;
+    for (int from = start; from < end;) {
+        const Line place = lineOf(from);
+        if (!place.isWhole())
+            break;
+        const int lineEnd = place.line.textStart() + place.line.textLength();
+        const int to = std::min(end - place.start, lineEnd);
+        const QRectF height = line(from);
+        for (const auto &[left, right] : place.carets().selected(from - place.start, to)) {
+            const double width = std::max(2.0, (right - left) / layoutFactor);
+            rectangles.append({(place.x(left) - origin) / layoutFactor, height.y(), width, height.height()});
+        }
+        from = std::max(from + 1, place.start + (lineEnd < place.text.size() ? lineEnd : lineEnd + 1));
+    }
+    return rectangles;
 }
 
 QString Coordinator::text() const

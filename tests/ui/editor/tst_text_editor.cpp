@@ -1,12 +1,14 @@
 // The text editor over the drawn text: where its caret lies, and what typing does.
 
 #include "render/text/line_layout.h"
+#include "tests/table.h"
 #include "tests/ui/editor/canvas_session.h"
 #include "ui/common/plain_text.h"
 #include "ui/editor/coordinator.h"
 
 #include <QtGui/QClipboard>
 #include <QtGui/QInputMethodEvent>
+#include <QtGui/QPainter>
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
@@ -14,6 +16,42 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double tolerance = 0.5;
+
+/// How much ink each column of a drawn line holds, in quarters of a point from its left edge on.
+QList<double> inkOf(const QString &line)
+{
+    const LineLayout layout(line, TextStyle::classic, fontSize(TextStyle::classic, 360));
+    QImage image(1600, 400, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.translate(40, 200 - 4 * layout.ascent());
+    painter.scale(4, 4);
+    layout.draw(painter, Qt::white);
+    painter.end();
+    QList<double> columns(image.width() - 40);
+    for (int y = 0; y < image.height(); ++y) {
+        for (qsizetype x = 0; x < columns.size(); ++x)
+            columns[x] += qGreen(image.pixel(static_cast<int>(x) + 40, y)) / 255.0;
+    }
+    return columns;
+}
+
+/// The share of the ink of `word` that the drawn `line` does not have `left` points from its left edge.
+double differenceOfInk(const QString &line, const QString &word, double left)
+{
+    const QList<double> drawn = inkOf(line);
+    const QList<double> expected = inkOf(word);
+    const auto shift = static_cast<qsizetype>(std::lround(4 * left));
+    const double width = LineLayout(word, TextStyle::classic, fontSize(TextStyle::classic, 360)).width();
+    double sum = 0;
+    double off = 0;
+    for (qsizetype x = 0; x < static_cast<qsizetype>(4 * width); ++x) {
+        sum += expected[x];
+        off += std::abs(expected[x] - (shift + x < 0 ? 0 : drawn[shift + x]));
+    }
+    return off / sum;
+}
 
 /// A canvas whose main text is being edited.
 class TypingSession : public CanvasSession
@@ -31,6 +69,17 @@ public:
     int caret() const { return edit()->property("cursorPosition").toInt(); }
     void setCaret(int position) { edit()->setProperty("cursorPosition", position); }
     QString selected() const { return edit()->property("selectedText").toString(); }
+
+    /// The rectangles of the selection in points of the canvas.
+    QList<QRectF> selectedParts() const
+    {
+        QList<QRectF> parts;
+        for (const QQuickItem *item : edit()->parentItem()->childItems()) {
+            if (item->objectName() == u"selected")
+                parts.append(item->mapRectToItem(find(u"canvasContent"_s), QRectF(QPointF(), item->size())));
+        }
+        return parts;
+    }
 
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
     {
@@ -56,6 +105,9 @@ private slots:
     void caretLiesOnTheLetters_data();
     void caretLiesOnTheLetters();
     void caretFollowsHigherLines();
+    void bothDirections_data();
+    void bothDirections();
+    void everyLineHasItsDirection();
     void doubleClickPlacesTheCaret();
     void caretGoesToTheEnd();
     void typing();
@@ -155,6 +207,107 @@ void TextEditorTest::caretFollowsHigherLines()
     const QRectF last = s.mainBlock->block().lineBox(7).translated(s.mainBlock->center());
     QVERIFY(last.height() > s.mainBlock->block().lineBox(0).height() + 5);
     QVERIFY(std::abs(s.bar().center().y() - last.center().y()) <= tolerance);
+}
+
+void TextEditorTest::bothDirections_data()
+{
+    const auto row = table<QString>({"line"});
+    row("Arabic in Latin", u"abc مرحبا, def"_s);
+    row("Latin in Hebrew", u"שלום wave 123 עולם"_s);
+    row("numbers", u"aשל9 ב.x"_s);
+    row("Arabic at the end", u"one two مر"_s);
+    row("Chinese and emoji in Arabic", u"سلام 漢字 👩‍👩‍👧 بلا"_s);
+    row("Hindi and Hebrew", u"हिन्दी אב किं"_s);
+    row("brackets", u"(ab) שלום (cd)"_s);
+    row("one letter", u"a ב c"_s);
+}
+
+void TextEditorTest::bothDirections()
+{
+    QFETCH(QString, line);
+    TypingSession s(u"first\n"_s + line + u"\nlast"_s);
+    const int start = 6;
+    const int end = start + static_cast<int>(line.size());
+    const QRectF box = s.mainBlock->block().lineBox(1).translated(s.mainBlock->center());
+    const double left = box.left() + 8;
+    const double right = box.right() - 8;
+
+    // A word that is selected has one rectangle, over what the painter draws of it.
+    for (qsizetype at = 0; at < line.size();) {
+        const QString word = line.sliced(at).section(u' ', 0, 0);
+        if (std::ranges::all_of(
+                word, [&](QChar c) { return QString(c).isRightToLeft() == word.isRightToLeft(); })) {
+            QMetaObject::invokeMethod(s.edit(), "select", Q_ARG(int, start + static_cast<int>(at)),
+                                      Q_ARG(int, start + static_cast<int>(at + word.size())));
+            s.settle();
+            const QList<QRectF> rectangles = s.selectedParts();
+            QCOMPARE(rectangles.size(), 1);
+            const QRectF part = rectangles.front();
+            QVERIFY(std::abs(part.center().y() - box.center().y()) <= tolerance);
+            QVERIFY2(differenceOfInk(line, word, part.left() - left) <= 0.15, qPrintable(word));
+        }
+        at += word.size() + 1;
+    }
+
+    // Steps to the right are steps to the right, from end to end, each over one letter.
+    const bool runsLeft = line.isRightToLeft();
+    QList<double> stops;
+    for (s.setCaret(runsLeft ? end : start); s.caret() >= start && s.caret() <= end; s.key(Qt::Key_Right)) {
+        stops.append(s.bar().left());
+        QVERIFY2(stops.size() == 1 || stops.last() > stops[stops.size() - 2] + 0.5, qPrintable(line));
+    }
+    QVERIFY(std::abs(stops.first() - left) <= 1 && std::abs(stops.last() - right) <= 1);
+    QCOMPARE(s.caret(), runsLeft ? start - 1 : end + 1);
+    // And back over the same stops.
+    s.setCaret(runsLeft ? end : start);
+    for (qsizetype i = 1; i < stops.size(); ++i)
+        s.key(Qt::Key_Right);
+    for (; !stops.isEmpty(); stops.removeLast(), s.key(Qt::Key_Left))
+        QVERIFY2(std::abs(s.bar().left() - stops.last()) < 0.2, qPrintable(QString::number(s.caret())));
+    QCOMPARE(s.caret(), runsLeft ? end + 1 : start - 1);
+
+    // A click puts the caret beside it.
+    for (double x = left - 3; x < right + 3; x += 4.5) {
+        const QPoint at = s.at(x / 360, box.center().y() / 640);
+        QTest::mouseClick(&s.window(), Qt::LeftButton, {}, at);
+        s.settle();
+        QVERIFY2(std::abs(s.bar().left() - x) < 22, qPrintable(u"%1: %2"_s.arg(x).arg(s.bar().left())));
+    }
+}
+
+void TextEditorTest::everyLineHasItsDirection()
+{
+    TypingSession s(u"abc\nשלום"_s);
+    s.setCaret(4);
+    const QRectF box = s.mainBlock->block().lineBox(1).translated(s.mainBlock->center());
+    QVERIFY(std::abs(s.bar().left() - (box.right() - 8)) <= tolerance);
+    s.key(Qt::Key_Left);
+    QCOMPARE(s.caret(), 5);
+    s.key(Qt::Key_End);
+    QCOMPARE(s.caret(), 8);
+    QVERIFY(std::abs(s.bar().left() - (box.left() + 8)) <= tolerance);
+    s.key(Qt::Key_Home);
+    QCOMPARE(s.caret(), 4);
+    s.key(Qt::Key_Right);
+    QCOMPARE(s.caret(), 3);
+    // "abc م": two parts, since the letter stands at the other end of its word.
+    s.slide->setText(u"abc مرحبا"_s);
+    QMetaObject::invokeMethod(s.edit(), "select", Q_ARG(int, 0), Q_ARG(int, 5));
+    s.settle();
+    QCOMPARE(s.selectedParts().size(), 2);
+    // What is typed turns a line round, and undoing turns it back.
+    s.slide->setText(u"12"_s);
+    s.setCaret(0);
+    s.type(u"ש"_s);
+    const QRectF typed = s.mainBlock->block().lineBox(0).translated(s.mainBlock->center());
+    s.key(Qt::Key_Home);
+    QVERIFY(std::abs(s.bar().left() - (typed.right() - 8)) <= tolerance);
+    s.key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(s.text(), u"12"_s);
+    s.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(s.text(), u"ש12"_s);
+    s.key(Qt::Key_Home);
+    QVERIFY(std::abs(s.bar().left() - (typed.right() - 8)) <= tolerance);
 }
 
 void TextEditorTest::doubleClickPlacesTheCaret()
