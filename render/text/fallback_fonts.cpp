@@ -1,5 +1,7 @@
 #include "render/text/fallback_fonts.h"
 
+#include "render/text/thaana_font.h"
+
 #include <QtCore/QHash>
 #include <QtGui/QFontDatabase>
 #include <QtGui/QRawFont>
@@ -56,6 +58,8 @@ QStringList familiesOfScript(UScriptCode script)
         return {u"Noto Sans NKo"_s};
     case USCRIPT_PHAGS_PA:
         return {u"Noto Sans PhagsPa"_s};
+    case USCRIPT_THAANA:
+        return {thaanaFamily()};
     case USCRIPT_TAMIL:
         return {u"Noto Sans Tamil"_s, u"Noto Sans Tamil Supplement"_s};
     default:

@@ -4,6 +4,7 @@
 #include "drawn.h"
 #include "render/text/fonts.h"
 
+#include <QtGui/QFontDatabase>
 #include <QtTest/QTest>
 
 #include <unicode/uchar.h>
@@ -54,6 +55,19 @@ private slots:
         const QImage nothing = drawnText(u" "_s);
         for (auto letter = all.cbegin(); letter != all.cend(); ++letter)
             QVERIFY2(drawnText(letter.value()) != nothing, qPrintable(letter.key()));
+    }
+
+    /// The vowel signs of Thaana stand above and below its letters.
+    void thaanaIsShaped()
+    {
+        if (!QFontDatabase::hasFamily(u"Noto Sans Thaana"_s))
+            QSKIP("Among the required fonts there is none for it.");
+        for (const TextStyle style : allTextStyles) {
+            const double word = LineLayout(u"ދިވެހި"_s, style, 32).width();
+            const double consonants = LineLayout(u"ދވހ"_s, style, 32).width();
+            QVERIFY2(word > 30 && std::abs(word - consonants) < 1, qPrintable(QString::number(word)));
+            QVERIFY(drawnText(u"ދިވެހި"_s, style) != drawnText(u"ދވހ"_s, style));
+        }
     }
 
     /// Beside letters that can be drawn, which stay what they are.
