@@ -7,8 +7,10 @@
 #include "render/picture/picture_exif.h"
 #include "render/picture/picture_fit.h"
 #include "render/picture/picture_orientation.h"
+#include "render/picture/picture_profile.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace mosslantern {
 
@@ -34,7 +36,8 @@ int enoughEighths(double scale)
     return eighths;
 }
 
-/// Adobe's programs store the complement of each channel, and so does everyone else.
+/// For CMYK without a profile. Adobe's programs store the complement of each channel, and so does everyone
+/// else.
 void convertCmyk(uchar *pixels, int count)
 {
     for (uchar *pixel = pixels; pixel < pixels + qsizetype(count) * 4; pixel += 4) {
@@ -59,12 +62,17 @@ Result<QImage> decodeArea(JpegCodec &codec, const QRect &area, int eighths, QSiz
     QImage strip(decoded->width(), rowsPerStrip, QImage::Format_RGBX8888);
     if (strip.isNull())
         return fail(pictureNeedsTooMuchMemory());
+    std::optional<ProfileTransform> fromCmyk;
+    if (codec.isCmyk())
+        fromCmyk.emplace(codec.iccProfile().toByteArray(), PixelColors::cmyk);
     const uchar *shown = strip.constBits() + qsizetype(area.left() - decoded->left()) * 4;
     for (int top = 0; top < area.height(); top += rowsPerStrip) {
         const int count = std::min(rowsPerStrip, area.height() - top);
         if (const auto read = codec.readRows(strip.bits(), strip.bytesPerLine(), count); !read)
             return std::unexpected(read.error());
-        if (codec.isCmyk())
+        if (fromCmyk && fromCmyk->isValid())
+            fromCmyk->convert(strip.bits(), strip.width() * count);
+        else if (fromCmyk)
             convertCmyk(strip.bits(), strip.width() * count);
         const QImage rows(shown, area.width(), count, strip.bytesPerLine(), strip.format());
         placeRows(rows, top, image, orientation);

@@ -1,5 +1,7 @@
 #include "render/picture/picture_color.h"
 
+#include "render/picture/picture_profile.h"
+
 #include <QtGui/QColorTransform>
 
 #include <algorithm>
@@ -59,6 +61,25 @@ double hybridLogGamma(double value)
     return 1000.0 / 203 * std::pow(scene, systemGamma);
 }
 
+bool isOfGray(const QByteArray &profile)
+{
+    constexpr qsizetype headerLength = 128, spaceAt = 16;
+    return profile.size() >= headerLength && profile.sliced(spaceAt, 4) == "GRAY";
+}
+
+void convertByProfile(QImage &image, const QByteArray &profile)
+{
+    const ProfileTransform toSrgb(profile, isOfGray(profile) ? PixelColors::gray : PixelColors::rgb);
+    if (!toSrgb.isValid())
+        return;
+    const QImage::Format format = image.format();
+    // Colours are converted as they are without opacity.
+    image.convertTo(image.hasAlphaChannel() ? QImage::Format_RGBA8888 : QImage::Format_RGBX8888);
+    for (int y = 0; y < image.height(); ++y)
+        toSrgb.convert(image.scanLine(y), image.width());
+    image.convertTo(format);
+}
+
 QList<uint16_t> transferTable(double (*light)(double))
 {
     constexpr int entries = 1024;
@@ -72,6 +93,10 @@ QList<uint16_t> transferTable(double (*light)(double))
 
 void convertToSrgb(QImage &image, const QColorSpace &space)
 {
+    // Qt keeps the bytes of a profile that it cannot read, and takes gray for a colour.
+    const QByteArray profile = space.iccProfile();
+    if (!profile.isEmpty() && (!space.isValid() || isOfGray(profile)))
+        return convertByProfile(image, profile);
     if (!space.isValid() || looksLikeSrgb(space.transformationToColorSpace(QColorSpace::SRgb)) ||
         isSrgbAsGamma(space))
         return;

@@ -6,6 +6,7 @@
 #include <QtGui/QTransform>
 
 #include <jpeglib.h>
+#include <lcms2.h>
 #include <zlib.h>
 
 #include <array>
@@ -32,6 +33,23 @@ QByteArray exif(int orientation)
     bytes += QByteArray("\x01\x0f\0\x02\0\0\0\x04", 8) + "Oak\0"_ba;
     bytes += QByteArray("\x01\x12\0\x03\0\0\0\x01\0", 9) + char(orientation) + QByteArray("\0\0", 2);
     return bytes + QByteArray("\0\0\0\0", 4);
+}
+
+cmsInt32Number lessCyan(const cmsUInt16Number *inks, cmsUInt16Number *lab, void *)
+{
+    lab[0] = cmsUInt16Number((0xFFFF - inks[0]) * 0xFF00 / 0xFFFF);
+    lab[1] = lab[2] = 0x8000;
+    return TRUE;
+}
+
+QByteArray saved(cmsHPROFILE profile)
+{
+    cmsUInt32Number size = 0;
+    cmsSaveProfileToMem(profile, nullptr, &size);
+    QByteArray bytes(size, '\0');
+    cmsSaveProfileToMem(profile, bytes.data(), &size);
+    cmsCloseProfile(profile);
+    return bytes;
 }
 
 QByteArray inserted(const QByteArray &file, qsizetype at, const QByteArray &part)
@@ -62,6 +80,31 @@ QByteArray encoded(const QImage &image, const char *format, int quality)
     QImageWriter writer(&buffer, format);
     writer.setQuality(quality);
     return writer.write(image) ? bytes : QByteArray();
+}
+
+QByteArray cmykProfile()
+{
+    const cmsHPROFILE profile = cmsCreateProfilePlaceholder(nullptr);
+    cmsSetProfileVersion(profile, 2.1);
+    cmsSetDeviceClass(profile, cmsSigOutputClass);
+    cmsSetColorSpace(profile, cmsSigCmykData);
+    cmsSetPCS(profile, cmsSigLabData);
+    cmsStage *const table = cmsStageAllocCLut16bit(nullptr, 2, 4, 3, nullptr);
+    cmsStageSampleCLut16bit(table, lessCyan, nullptr, 0);
+    cmsPipeline *const pipeline = cmsPipelineAlloc(nullptr, 4, 3);
+    cmsPipelineInsertStage(pipeline, cmsAT_BEGIN, table);
+    cmsWriteTag(profile, cmsSigAToB0Tag, pipeline);
+    cmsWriteTag(profile, cmsSigMediaWhitePointTag, cmsD50_XYZ());
+    cmsPipelineFree(pipeline);
+    return saved(profile);
+}
+
+QByteArray linearGrayProfile()
+{
+    cmsToneCurve *const light = cmsBuildGamma(nullptr, 1);
+    const cmsHPROFILE profile = cmsCreateGrayProfile(cmsD50_xyY(), light);
+    cmsFreeToneCurve(light);
+    return saved(profile);
 }
 
 QByteArray jpeg(const QImage &image, const JpegOptions &options)

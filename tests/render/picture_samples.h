@@ -27,6 +27,11 @@ struct JpegOptions
     JpegColors colors = JpegColors::Rgb;
     QByteArray iccProfile = {};
 };
+/// A profile whose colours are gray, the lighter the less cyan there is.
+QByteArray cmykProfile();
+/// A profile of gray pixels that say how much light there is.
+QByteArray linearGrayProfile();
+
 QByteArray jpeg(const QImage &image, const JpegOptions &options = {});
 
 /// Red, green and blue, 16 × 9 pixels each, one below the other; of 2 frames of which the second is white.

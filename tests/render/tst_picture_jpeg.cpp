@@ -81,6 +81,43 @@ private slots:
         }
     }
 
+    void readsProfilesOfTables()
+    {
+        const QByteArray cmyk = cmykProfile();
+        // Half as light, in L*, is 119 in sRGB.
+        for (const auto &[uncoloured, gray] : {std::pair(255, 255), {128, 119}, {0, 0}}) {
+            QImage inks(16, 16, QImage::Format_RGB32);
+            inks.fill(qRgb(uncoloured, 50, 200));
+            const auto picture = decodePicture(
+                jpeg(inks, {.quality = 100, .colors = JpegColors::Cmyk, .iccProfile = cmyk}), {});
+            QVERIFY2(picture, reason(picture));
+            const QColor color = picture->image.pixelColor(8, 8);
+            QVERIFY2(std::abs(color.red() - gray) <= 2 && std::abs(color.blue() - gray) <= 2 &&
+                         color.alpha() == 255,
+                     qPrintable(color.name()));
+        }
+        // A profile of other pixels changes nothing.
+        QImage plain(16, 16, QImage::Format_RGB32);
+        plain.fill(qRgb(90, 120, 30));
+        const auto picture = decodePicture(jpeg(plain, {.quality = 100, .iccProfile = cmyk}), {});
+        QVERIFY2(picture, reason(picture));
+        QVERIFY(std::abs(picture->image.pixelColor(8, 8).green() - 120) <= 2);
+    }
+
+    void readsProfilesOfGray()
+    {
+        // Of light as much as the level says: sRGB shows a quarter of it as 137.
+        QImage gray(16, 16, QImage::Format_Grayscale8);
+        gray.fill(64);
+        const QByteArray profile = linearGrayProfile();
+        const QByteArray file =
+            jpeg(gray, {.quality = 100, .colors = JpegColors::Gray, .iccProfile = profile});
+        const auto picture = decodePicture(file, {});
+        QVERIFY2(picture, reason(picture));
+        QVERIFY2(std::abs(picture->image.pixelColor(8, 8).red() - 137) <= 1,
+                 qPrintable(picture->image.pixelColor(8, 8).name()));
+    }
+
     void readsColors_data()
     {
         const auto row = table<JpegOptions, QRgb, QRgb>({"options", "stored", "shown"});
