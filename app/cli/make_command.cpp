@@ -8,6 +8,7 @@
 #include "content/slide_content.h"
 #include "content/slideshow_generator.h"
 #include "render/export/bulk_exporter.h"
+#include "render/picture/decoding_stop.h"
 #include "render/picture/picture_files.h"
 #include "render/picture/picture_loader.h"
 
@@ -46,6 +47,8 @@ public:
                 m_known.insert(file);
                 return file;
             }
+            if (isDecodingStopped())
+                return {};
             report(file + u": "_s + picture.error().message);
             m_files.removeOne(file);
             ++m_unreadable;

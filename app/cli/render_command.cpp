@@ -78,6 +78,8 @@ int drawAll(const SlideValues &values, const Canvas &canvas, const QStringList &
         Progress progress(u"slides"_s);
         const auto write = [&](size_t index, const EncodedSlide &slide) {
             const auto i = static_cast<qsizetype>(index);
+            if (interruption.isRequested() && slide.bands.isEmpty())
+                return false;
             QString problem;
             if (!slide.pictureProblem.isEmpty())
                 problem = pictures[i] + u": "_s + slide.pictureProblem;

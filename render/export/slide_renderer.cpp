@@ -2,12 +2,15 @@
 
 #include "render/background.h"
 #include "render/picture/decoding_stop.h"
+#include "render/picture/picture_loader.h"
 #include "render/pixels/pixels.h"
 #include "render/slide_composition.h"
 
 #include <atomic>
 #include <new>
+#include <numeric>
 #include <optional>
+#include <utility>
 
 namespace mosslantern {
 
@@ -15,6 +18,9 @@ namespace {
 
 // Small enough that a band's pixels stay in the processor's cache from painting to compressing.
 constexpr int bandRows = 64;
+
+// Of the slides that are running together, beside what their decoders hold.
+constexpr qint64 mostPictureBytes = qint64(168) << 20;
 
 // So that every core has work to the last slide.
 constexpr auto decoding = WorkCrew::Order::first;
@@ -125,18 +131,30 @@ SlideRun::~SlideRun()
         task->wait();
 }
 
-EncodedSlide SlideRun::next()
+bool SlideRun::hasRoom()
 {
     // One more than there are threads, so that none waits while the last bands of a slide are compressed.
     const auto threads = static_cast<size_t>(m_crew.size());
     const size_t most = threads > 1 ? threads + 1 : 1;
-    for (; m_next < m_jobs.size() && m_running.size() < most; ++m_next) {
-        const SlideJob &job = m_jobs[m_next];
-        m_running.push_back(std::make_unique<SlideTask>(job, m_crew));
+    if (m_running.size() >= most)
+        return false;
+    const SlideJob &job = m_jobs[m_next];
+    if (m_nextPictureBytes < 0)
+        m_nextPictureBytes = mostImageBytes(job.picturePath, {job.canvas.pixelSize(), true});
+    const qint64 held = std::reduce(m_pictureBytes.begin(), m_pictureBytes.end());
+    return m_running.empty() || held + m_nextPictureBytes <= mostPictureBytes;
+}
+
+EncodedSlide SlideRun::next()
+{
+    for (; m_next < m_jobs.size() && hasRoom(); ++m_next) {
+        m_running.push_back(std::make_unique<SlideTask>(m_jobs[m_next], m_crew));
+        m_pictureBytes.push_back(std::exchange(m_nextPictureBytes, -1));
         m_running.back()->start();
     }
     EncodedSlide slide = m_running.front()->wait();
     m_running.pop_front();
+    m_pictureBytes.pop_front();
     return slide;
 }
 

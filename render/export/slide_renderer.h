@@ -18,7 +18,7 @@ namespace mosslantern {
 struct EncodedSlide
 {
     QSize size;           // pixels
-    QList<PngBand> bands; // none: there was not enough memory to draw the slide
+    QList<PngBand> bands; // none: there was not enough memory, or decoding was stopped
     /// Why the slide stands on the placeholder instead of its picture; empty when it does not.
     QString pictureProblem;
 };
@@ -43,7 +43,12 @@ public:
 private:
     std::vector<SlideJob> m_jobs;
     WorkCrew &m_crew;
+    /// Whether the next job may be begun beside those that are running.
+    bool hasRoom();
+
     std::deque<std::unique_ptr<SlideTask>> m_running;
+    std::deque<qint64> m_pictureBytes; ///< of each that is running, at most
+    qint64 m_nextPictureBytes = -1;    ///< unknown
     size_t m_next = 0;
 };
 

@@ -37,6 +37,9 @@ std::unexpected<Error> notStarted(const QString &program, const QString &why)
 // ms less. One heap for all threads takes no addresses that the others do not use.
 constexpr const char *allocation = "GLIBC_TUNABLES=glibc.malloc.hugetlb=1:glibc.malloc.arena_max=1";
 
+// Qt otherwise shares conversions among threads; there is a program for each thread already.
+constexpr const char *oneThread = "QT_NO_GUI_THREADPOOL=1";
+
 /// Starts `program` with these files as its only ones; 0 or an error of the system.
 int start(const QByteArray &program, const QByteArrayList &arguments, int input, int output, pid_t &started)
 {
@@ -60,7 +63,7 @@ int start(const QByteArray &program, const QByteArrayList &arguments, int input,
     for (const QByteArray &argument : arguments)
         words.push_back(const_cast<char *>(argument.constData()));
     words.push_back(nullptr);
-    char *environment[]{const_cast<char *>(allocation), nullptr};
+    char *environment[]{const_cast<char *>(allocation), const_cast<char *>(oneThread), nullptr};
     const int error =
         ::posix_spawn(&started, program.constData(), &files, &attributes, words.data(), environment);
     posix_spawnattr_destroy(&attributes);

@@ -92,7 +92,9 @@ Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request)
     const QSize full = turned(stored, orientation);
 
     const double needed = neededScale(full, request);
-    const int eighths = enoughEighths(needed);
+    int eighths = enoughEighths(needed);
+    while (eighths > 1 && isLavish(full, request, eighths / 8.0, eighths / 16.0))
+        eighths /= 2;
     const double pixelSize = 8.0 / eighths;
     const QSize scaled((stored.width() * eighths + 7) / 8, (stored.height() * eighths + 7) / 8);
     const QRectF wanted = turned(neededRegion(full, request), full, orientation.inverse());
@@ -107,7 +109,7 @@ Result<Picture> decodeJpeg(QIODevice &device, const PictureRequest &request)
         convertToSrgb(*image, QColorSpace::fromIccProfile(profile.toByteArray()));
 
     // Below an eighth there is no more to gain in libjpeg.
-    const int factor = reductionFactor(needed * pixelSize);
+    const int factor = reductionFactor(std::min(1.0, needed * pixelSize));
     Picture picture{.image = reduced(*image, factor), .fullSize = full, .region = {}};
     if (picture.image.isNull())
         return fail(pictureNeedsTooMuchMemory());

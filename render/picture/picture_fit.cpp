@@ -41,6 +41,8 @@ PictureFit fitOf(QSize stored, Orientation orientation, const PictureRequest &re
     fit.fullSize = turned(stored, orientation);
     fit.orientation = orientation;
     fit.factor = reductionFactor(neededScale(fit.fullSize, request));
+    while (isLavish(fit.fullSize, request, 1.0 / fit.factor, 1.0 / (fit.factor + 1)))
+        ++fit.factor;
     const QRectF wanted = turned(neededRegion(fit.fullSize, request), fit.fullSize, orientation.inverse());
     const QRect shown = pixelsShowing(
         wanted, 1.0 / fit.factor, {blocks(stored.width(), fit.factor), blocks(stored.height(), fit.factor)});

@@ -12,6 +12,15 @@ namespace {
 constexpr qint64 mostPixels = 200'000'000;
 constexpr int filterMargin = 12;
 constexpr int pixelsToOneShown = 2;
+// Four times those of the canvas of an export, as many as may be needed.
+constexpr double mostImagePixels = 33e6;
+
+/// Image pixels per picture pixel when each pixel that is shown has its own.
+double shownScale(QSize full, const PictureRequest &request)
+{
+    return std::max(double(request.cover.width()) / full.width(),
+                    double(request.cover.height()) / full.height());
+}
 
 } // namespace
 
@@ -26,8 +35,26 @@ double neededScale(QSize full, const PictureRequest &request)
 {
     if (request.cover.isEmpty())
         return 1;
-    return std::min(1.0, pixelsToOneShown * std::max(double(request.cover.width()) / full.width(),
-                                                     double(request.cover.height()) / full.height()));
+    return std::min(1.0, pixelsToOneShown * shownScale(full, request));
+}
+
+qint64 mostImageBytes(QSize full, const PictureRequest &request)
+{
+    constexpr double bytesPerPixel = 4;
+    if (!full.isValid())
+        return qint64(bytesPerPixel * mostImagePixels);
+    // Decoders halve, so the image may be nearly twice as large as needed, both ways.
+    const double scale = std::min(1.0, 2 * neededScale(full, request));
+    const QSizeF size = neededRegion(full, request).size() * scale;
+    return qint64(bytesPerPixel * std::min(size.width() * size.height(), mostImagePixels));
+}
+
+bool isLavish(QSize full, const PictureRequest &request, double scale, double smaller)
+{
+    if (request.cover.isEmpty() || smaller < shownScale(full, request))
+        return false;
+    const QSizeF size = neededRegion(full, request).size() * scale;
+    return size.width() * size.height() > mostImagePixels;
 }
 
 QRectF neededRegion(QSize full, const PictureRequest &request)

@@ -28,6 +28,14 @@ struct PictureRequest
 /// there are at least two pixels to one shown, both ways: the Resampler reduces better than decoders.
 [[nodiscard]] double neededScale(QSize full, const PictureRequest &request);
 
+/// Whether an image with `scale` pixels per picture pixel takes more than 132 MB although a smaller one would
+/// still have a pixel for each that is shown.
+[[nodiscard]] bool isLavish(QSize full, const PictureRequest &request, double scale, double smaller);
+
+/// The most bytes that the image of a picture takes that is decoded for `request`. An invalid size stands for
+/// any.
+[[nodiscard]] qint64 mostImageBytes(QSize full, const PictureRequest &request);
+
 /// The part of the upright picture that `request` needs.
 [[nodiscard]] QRectF neededRegion(QSize full, const PictureRequest &request);
 

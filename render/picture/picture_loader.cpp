@@ -92,6 +92,21 @@ Result<Picture> decodePicture(const QByteArray &bytes, const PictureRequest &req
     return decode(buffer, request);
 }
 
+qint64 mostImageBytes(const QString &path, const PictureRequest &request)
+{
+    QFile file(path);
+    if (!open(file))
+        return 0;
+    const auto format = acceptedFormat(file);
+    if (!format)
+        return 0;
+    const bool isReadHere = *format == PictureFormat::Jpeg || *format == PictureFormat::Png;
+    if (!isReadHere)
+        return mostImageBytes(announcedSize(file, *format), request);
+    const auto info = readInfo(file);
+    return info ? mostImageBytes(info->size, request) : 0;
+}
+
 Result<PictureInfo> readPictureInfo(const QString &path)
 {
     QFile file(path);

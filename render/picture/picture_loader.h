@@ -45,6 +45,10 @@ struct Picture
 /// As loadPicture(), from the bytes of a file.
 [[nodiscard]] Result<Picture> decodePicture(const QByteArray &bytes, const PictureRequest &request);
 
+/// The most bytes that the image of loadPicture() will take, from the file's start; 0 when it is no picture.
+/// May be called from any thread, and starts no process.
+[[nodiscard]] qint64 mostImageBytes(const QString &path, const PictureRequest &request);
+
 /// The format and upright size of a picture, from its header alone. May be called from any thread.
 [[nodiscard]] Result<PictureInfo> readPictureInfo(const QString &path);
 

@@ -54,7 +54,7 @@ Result<> PngCodec::readHeader()
     if (!m_info)
         return fail(pictureNeedsTooMuchMemory());
     if (!tryReadHeader())
-        return fail(damagedPicture());
+        return fail(isDecodingStopped() ? stoppedDecoding() : damagedPicture());
     return {};
 }
 
@@ -97,10 +97,10 @@ QColorSpace PngCodec::colorSpace() const
 
 Result<> PngCodec::readRows(uchar *rows, qsizetype bytesPerRow, int count)
 {
-    if (isDecodingStopped())
-        return fail(stoppedDecoding());
-    if (!tryReadRows(rows, bytesPerRow, count))
-        return fail(m_ended ? incompletePicture() : damagedPicture());
+    if (isDecodingStopped() || !tryReadRows(rows, bytesPerRow, count))
+        return fail(isDecodingStopped() ? stoppedDecoding()
+                    : m_ended           ? incompletePicture()
+                                        : damagedPicture());
     return {};
 }
 

@@ -21,43 +21,37 @@ namespace {
 constexpr qsizetype longestReason = 300;
 
 /// The largest picture that a HEIC or AVIF file describes in a property of its own.
-qint64 heifPixels(QByteArrayView header)
+QSize heifSize(QByteArrayView header)
 {
-    qint64 most = 0;
+    QSize largest;
     for (auto at = header.indexOf("ispe"); at >= 0 && at + 16 <= header.size();
          at = header.indexOf("ispe", at + 1)) {
         const auto width = qFromBigEndian<quint32>(header.data() + at + 8);
         const auto height = qFromBigEndian<quint32>(header.data() + at + 12);
-        if (width <= longestPictureSide && height <= longestPictureSide)
-            most = std::max(most, qint64(width) * height);
+        if (width <= longestPictureSide && height <= longestPictureSide &&
+            qint64(width) * height > qint64(largest.width()) * largest.height())
+            largest = {int(width), int(height)};
     }
-    return most;
+    return largest;
 }
 
-/// What decoding is likely to take, from what the start of the file says. May be wrong: the program tells
-/// when it needs more.
+/// What decoding is likely to take. The program tells when it needs more.
 qint64 likelyBytes(QIODevice &device, PictureFormat format)
 {
-    constexpr qint64 headerBytes = 1 << 16;
     constexpr qint64 makingTheImage = 24 << 20;
-    const QByteArray header = device.peek(headerBytes);
-    const auto word = [&header](qsizetype at) -> qint64 {
-        return at + 2 <= header.size() ? qFromLittleEndian<quint16>(header.constData() + at) : 0;
-    };
+    const QSize size = announcedSize(device, format);
+    const qint64 pixels = size.isEmpty() ? 0 : qint64(size.width()) * size.height();
     const auto decoded = [&]() -> qint64 {
         switch (format) {
         case PictureFormat::Gif:
-            return word(6) * word(8) * 4;
         case PictureFormat::Bmp:
-            return word(18) * word(22) * 4;
-        case PictureFormat::WebP: // as the extended header and that of lossy pictures have it
-            return device.size() + (header.sliced(std::min<qsizetype>(12, header.size())).startsWith("VP8X")
-                                        ? (word(24) + 1) * (word(27) + 1) * 8
-                                        : (word(26) & 0x3FFF) * (word(28) & 0x3FFF) * 8);
+            return pixels * 4;
+        case PictureFormat::WebP:
+            return device.size() + pixels * 8;
         case PictureFormat::Tiff:
             return device.size() * 4;
         default:
-            return device.size() + heifPixels(header) * 10;
+            return device.size() + pixels * 10;
         }
     };
     return std::clamp<qint64>(decoded() + makingTheImage, makingTheImage, mostDecodingMemory);
@@ -100,6 +94,30 @@ bool isConsistent(const DecoderAnswer &answer, uint64_t bytes)
 }
 
 } // namespace
+
+QSize announcedSize(QIODevice &device, PictureFormat format)
+{
+    constexpr qint64 headerBytes = 1 << 16;
+    const QByteArray header = device.peek(headerBytes);
+    const auto number = [&header](qsizetype at) -> int {
+        return at + 2 <= header.size() ? qFromLittleEndian<quint16>(header.constData() + at) : 0;
+    };
+    constexpr int lossySide = 0x3FFF;
+    switch (format) {
+    case PictureFormat::Gif:
+        return {number(6), number(8)};
+    case PictureFormat::Bmp:
+        return {number(18), number(22)};
+    case PictureFormat::WebP: // as the extended header and that of lossy pictures have it
+        return header.indexOf("VP8X") == 12 ? QSize(number(24) + 1, number(27) + 1)
+                                            : QSize(number(26) & lossySide, number(28) & lossySide);
+    case PictureFormat::Heic:
+    case PictureFormat::Avif:
+        return heifSize(header);
+    default:
+        return {};
+    }
+}
 
 Result<Picture> readDecoderAnswer(MemoryFile::Mapping bytes)
 {

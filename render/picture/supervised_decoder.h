@@ -14,6 +14,10 @@ namespace mosslantern {
                                                const PictureRequest &request);
 [[nodiscard]] Result<PictureInfo> readInfoSupervised(QIODevice &device, PictureFormat format);
 
+/// The picture's size as the start of the file has it, which need not be true; invalid when it is not simple
+/// to tell.
+[[nodiscard]] QSize announcedSize(QIODevice &device, PictureFormat format);
+
 /// What the program answered. A picture without pixels answers the question for its size alone.
 [[nodiscard]] Result<Picture> readDecoderAnswer(MemoryFile::Mapping answer);
 

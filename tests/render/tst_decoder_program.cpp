@@ -99,7 +99,7 @@ private slots:
         QVERIFY(answer);
         const QByteArray told(reinterpret_cast<const char *>(answer->get()),
                               qsizetype(answer->get_deleter().size));
-        QVERIFY2(told.startsWith("GLIBC_TUNABLES=") && told.count('=') == 3, told.constData());
+        QVERIFY2(told.startsWith("GLIBC_TUNABLES=") && told.count('=') == 4, told.constData());
         QVERIFY2(told.endsWith(QByteArray("\0000\n1\n10\n2\n", 10)), told.constData()); // 10 is the script
     }
 
@@ -135,8 +135,6 @@ private slots:
             return thread.contains("NoNewPrivs:\t1") && thread.contains("Seccomp:\t2");
         };
         QTRY_VERIFY(!status().isEmpty() && std::ranges::all_of(status(), isLimited));
-        QTRY_VERIFY(
-            readFile(u"/proc/%1/limits"_s.arg(program.processId())).contains("Max open files            0 "));
         program.closeWriteChannel();
         QVERIFY(program.waitForFinished());
     }

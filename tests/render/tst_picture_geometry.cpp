@@ -39,6 +39,22 @@ private slots:
         QCOMPARE(neededScale({100, 50}, {}), 1.0);
     }
 
+    void boundsImages()
+    {
+        const PictureRequest slide{{2160, 3840}, true};
+        for (const QSize size :
+             {QSize(4032, 3024), QSize(8064, 6048), QSize(14'142, 14'142), QSize(9000, 9000),
+              QSize(5000, 40'000), QSize(40'000, 5000), QSize(300, 200)}) {
+            const PictureFit fit = fitOf(size, {}, slide);
+            QVERIFY(fit.factor == 1 || neededScale(size, slide) / 2 * fit.factor <= 1);
+            QVERIFY(fit.bytes() <= 140'000'000);
+            QVERIFY(fit.bytes() <= mostImageBytes(size, slide) + 1'000'000);
+        }
+        QCOMPARE(fitOf({14'142, 14'142}, {}, slide).factor, 2);
+        QCOMPARE(fitOf({9000, 9000}, {}, slide).factor, 2);
+        QCOMPARE(fitOf({8064, 6048}, {}, slide).factor, 1);
+    }
+
     void averagesBlocks()
     {
         QImage image(5, 3, QImage::Format_RGBA8888_Premultiplied);

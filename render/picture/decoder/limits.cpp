@@ -33,6 +33,9 @@ bool limit(__rlimit_resource resource, rlim_t soft, rlim_t hard)
     return ::setrlimit(resource, &value) == 0;
 }
 
+// Those that Qt's threads have; the filter of calls lets no other be opened.
+constexpr rlim_t mostFiles = 256;
+
 #ifdef __SANITIZE_ADDRESS__
 
 // Its shadow memory takes more addresses than any limit of use here, and it calls the system in its own ways.
@@ -154,7 +157,7 @@ bool limitProcess(uint64_t memory)
     return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
            ::prctl(PR_SET_DUMPABLE, 0, 0, 0, 0) == 0 && limit(RLIMIT_CORE, 0, 0) &&
            limit(RLIMIT_FSIZE, memory, memory) && limit(RLIMIT_CPU, cpuSeconds, cpuSeconds + 1) &&
-           limitMemory(memory) && limit(RLIMIT_NOFILE, 0, 0) && limitCalls();
+           limitMemory(memory) && limit(RLIMIT_NOFILE, mostFiles, mostFiles) && limitCalls();
 }
 
 } // namespace mosslantern

@@ -123,7 +123,7 @@ int main(int argc, char **argv)
         return 2;
     // Decoders allocate on threads of their own, too, where nobody would catch an exception.
     std::set_new_handler([] { finish(DecoderOutcome::OutOfMemory); });
-    // Qt starts no threads for what is done on a thread of its pool, and could not once files are forbidden.
+    // On a thread of the pool Qt does alone what it would share among threads elsewhere.
     QThreadPool::globalInstance()->start([&task] { carryOut(*task); });
     QThreadPool::globalInstance()->waitForDone();
     return EXIT_FAILURE;
