@@ -169,7 +169,9 @@ void SlideRenderer::render(std::span<const SlideJob> jobs,
 {
     SlideRun run({jobs.begin(), jobs.end()}, m_crew);
     for (size_t index = 0; run.hasNext(); ++index) {
-        if (!write(index, run.next()))
+        const EncodedSlide slide = run.next();
+        const bool isStopped = slide.bands.isEmpty() && isDecodingStopped();
+        if (isStopped || !write(index, slide))
             return;
     }
 }

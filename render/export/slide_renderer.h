@@ -63,7 +63,8 @@ public:
     ~SlideRenderer();
 
     /// Draws all jobs and calls `write` on this thread with the number of each job and its result, in order.
-    /// Ends early when `write` returns false. Returns when nothing is running any more.
+    /// Ends early when `write` returns false, and at a slide that is not drawn because decoding is stopped.
+    /// Returns when nothing is running any more.
     void render(std::span<const SlideJob> jobs,
                 const std::function<bool(size_t, const EncodedSlide &)> &write);
 
