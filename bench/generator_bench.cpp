@@ -2,12 +2,10 @@
 // in turns, on the same file system. Usage: generator_bench [FOLDER [ROUNDS]]: where to work (by default the
 // temporary folder)
 
-#include "content/openai_service.h"
-#include "content/slideshow_generator.h"
+#include "content/slideshow_maker.h"
 #include "model/image_files.h"
 #include "model/store.h"
 
-#include <QCoroTask>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -67,12 +65,10 @@ double generate(const QStringList &photographs, const QString &folder, int round
         qFatal("%s", qPrintable(store.error().message));
     for (const QString &photograph : photographs)
         static_cast<void>(importAsset(QUrl::fromLocalFile(photograph), **store));
-    OpenAIService service;
-    SlideshowGenerator generator(**store, service, Preferences(folder + u"/preferences.ini"_s));
-    generator.setTextInput(QStringList(slides, u"text"_s).join(u'\n'));
-    generator.setBulkCount(slideshows);
+    const QStringList contents(slideshows, QStringList(slides, u"text"_s).join(u'\n'));
+    const PictureSource pictures{(*store)->all<Asset>()};
     return milliseconds([&] {
-        static_cast<void>(QCoro::waitFor(generator.generateBatch()));
+        makeBatch(u"batch"_s, contents, {}, pictures, **store, [](qsizetype, qsizetype) { return true; });
         static_cast<void>((*store)->flush());
     });
 }

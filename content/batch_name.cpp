@@ -51,4 +51,9 @@ QString userDateLocale()
     return u"C"_s;
 }
 
+QString batchNameFor(const QString &typed, const QDateTime &now, const QString &locale)
+{
+    return typed.isEmpty() ? defaultBatchName(now, locale) : typed;
+}
+
 } // namespace mosslantern

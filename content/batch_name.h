@@ -12,4 +12,8 @@ QString defaultBatchName(const QDateTime &now, const QString &locale);
 /// The name of the locale in which the user reads dates, as the environment says it.
 QString userDateLocale();
 
+/// The name of a batch: as it was typed, or the default one where nothing was.
+QString batchNameFor(const QString &typed, const QDateTime &now = QDateTime::currentDateTime(),
+                     const QString &locale = userDateLocale());
+
 } // namespace mosslantern

@@ -41,4 +41,9 @@ inline constexpr QStringView slideContentPlaceholder = u"Paste JSON content here
                                                        "  ]\n"
                                                        "}";
 
+/// What the AI service is asked for where nobody says anything else.
+inline constexpr QStringView defaultPrompt =
+    u"Can you give me another text but with the same styling, emojis, etc just with a different text but "
+    u"for the same topic/goal";
+
 } // namespace mosslantern

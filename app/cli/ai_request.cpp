@@ -4,7 +4,6 @@
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "content/openai_service.h"
-#include "content/slideshow_generator.h"
 #include "model/preferences.h"
 
 #include <QtCore/QProcessEnvironment>

@@ -5,9 +5,13 @@
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "app/cli/text_input.h"
-#include "content/openai_service.h"
-#include "content/slideshow_generator.h"
+#include "content/batch_name.h"
+#include "content/slide_documents.h"
+#include "content/slideshow_maker.h"
+#include "model/asset.h"
+#include "model/collection.h"
 #include "model/slideshow.h"
+#include "model/store.h"
 
 #include <algorithm>
 
@@ -19,12 +23,13 @@ namespace {
 
 constexpr qint64 mostSlideshows = 1000;
 
-void apply(const BatchRequest &request, Collection *collection, SlideshowGenerator &generator)
+/// The pictures of `collection`, or all when it is null, in the library's order.
+std::vector<Asset *> assetsOf(const Collection *collection, Store &store)
 {
-    generator.setStyle(request.design.style);
-    generator.setSelectedAspectRatio(request.design.shape);
-    generator.setBatchName(request.batchName);
-    generator.setSelectedCollection(collection);
+    std::vector<Asset *> assets = store.all<Asset>();
+    if (collection)
+        std::erase_if(assets, [&](const Asset *asset) { return asset->collection() != collection; });
+    return assets;
 }
 
 MadeBatch counted(const QList<Slideshow *> &slideshows, qsizetype contents)
@@ -48,7 +53,7 @@ Result<QStringList> batchContents(const BatchRequest &request, const Interruptio
 {
     if (!request.usesAi)
         return QStringList(request.count, request.content);
-    return askForVariations(request.prompt.value_or(defaultPrompt()), request.content, request.count,
+    return askForVariations(request.prompt.value_or(defaultPrompt.toString()), request.content, request.count,
                             interruption);
 }
 
@@ -109,11 +114,9 @@ std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments)
 Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
                             const Interruption &interruption)
 {
-    OpenAIService service;
     QRandomGenerator random = randomSource(request.seed);
-    SlideshowGenerator generator(store, service, Preferences(), {.random = &random});
-    apply(request, collection, generator);
-    if (generator.filteredAssets().empty()) {
+    const PictureSource pictures{assetsOf(collection, store), &random};
+    if (pictures.isEmpty()) {
         return fail(collection ? u"There are no pictures in the collection “%1”."_s.arg(collection->name())
                                : u"There are no pictures in the library."_s);
     }
@@ -122,10 +125,13 @@ Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection,
         return std::unexpected(texts.error());
 
     Progress progress(u"slideshows"_s);
-    const GeneratedBatch batch = generator.generateBatch(*texts, [&](qsizetype done, qsizetype total) {
-        progress.show(done, total);
-        return !interruption.isRequested();
-    });
+    const GeneratedBatch batch =
+        makeBatch(batchNameFor(request.batchName), *texts,
+                  {.style = request.design.style, .aspectRatio = request.design.shape}, pictures, store,
+                  [&](qsizetype done, qsizetype total) {
+                      progress.show(done, total);
+                      return !interruption.isRequested();
+                  });
     if (batch.slideshows.isEmpty() && !interruption.isRequested())
         return fail(u"No slideshow could be made of what the AI service wrote."_s);
     return counted(batch.slideshows, interruption.isRequested() ? batch.slideshows.size() : texts->size());

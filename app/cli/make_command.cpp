@@ -5,8 +5,7 @@
 #include "app/cli/progress.h"
 #include "app/cli/slide_export.h"
 #include "content/batch_name.h"
-#include "content/slide_content.h"
-#include "content/slideshow_generator.h"
+#include "content/slideshow_maker.h"
 #include "render/export/bulk_exporter.h"
 #include "render/picture/decoding_stop.h"
 #include "render/picture/picture_files.h"
@@ -69,8 +68,7 @@ private:
 std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design, PictureLot &pictures)
 {
     std::vector<SlideJob> jobs;
-    const QList<SlideText> texts = parseSlideContent(content);
-    for (const SlideText &text : texts.first(std::min<qsizetype>(mostSlidesOfSlideshow, texts.size()))) {
+    for (const SlideText &text : slideTexts(content, mostSlidesOfSlideshow)) {
         if (const std::optional<QString> picture = pictures.draw())
             jobs.push_back({{text.main, text.subtitle, design.style}, exportCanvas(design.shape), *picture});
     }
@@ -104,16 +102,13 @@ int makeSlides(const BatchRequest &request, const PictureFiles &found, const QSt
                                : u"No slideshow could be made of what the AI service wrote."_s});
     // As everywhere, the first is the newest.
     std::ranges::reverse(slideshows);
-    const QString name = request.batchName.isEmpty()
-                             ? defaultBatchName(QDateTime::currentDateTime(), userDateLocale())
-                             : request.batchName;
     LeftOut leftOut;
     leftOut.note(contents->size() - qsizetype(slideshows.size()), contents->size(),
                  u"variations hold no slides"_s);
     leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
                  u"pictures could not be read"_s);
-    return interruption.exitStatus(
-        exportJobs(slideshows, out + u'/' + batchFolderName(name), leftOut, interruption));
+    return interruption.exitStatus(exportJobs(
+        slideshows, out + u'/' + batchFolderName(batchNameFor(request.batchName)), leftOut, interruption));
 }
 
 int make(const Arguments &arguments)

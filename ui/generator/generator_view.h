@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/generator/generator_types.h"
+#include "ui/generator/slideshow_generator.h"
 
 namespace mosslantern {
 

@@ -14,7 +14,6 @@ constexpr double margin = 30;
 LivePreview::LivePreview(SlideshowGenerator &generator, QObject *parent)
     : QObject(parent)
     , m_generator(generator)
-    , m_entries(generator)
 {
     m_subtitleBlock.setIsSubtitle(true);
     for (DraggableTextView *const block : {&m_mainBlock, &m_subtitleBlock})
@@ -33,11 +32,11 @@ void LivePreview::followGenerator()
     follow(&SlideshowGenerator::currentPreviewEntryChanged, &LivePreview::showEntry);
     follow(&SlideshowGenerator::currentPreviewIndexChanged, &LivePreview::indexChanged);
     follow(&SlideshowGenerator::currentPreviewIndexChanged, &LivePreview::assetChanged);
-    follow(&SlideshowGenerator::previewAssetMappingChanged, &LivePreview::assetChanged);
-    follow(&SlideshowGenerator::entriesChanged, &LivePreview::countChanged);
     follow(&SlideshowGenerator::styleChanged, &LivePreview::showLook);
     follow(&SlideshowGenerator::selectedAspectRatioChanged, &LivePreview::shapeChanged);
     follow(&SlideshowGenerator::selectedAspectRatioChanged, &LivePreview::fit);
+    connect(&entryModel(), &PreviewEntryModel::assetsChanged, this, &LivePreview::assetChanged);
+    connect(&entryModel(), &PreviewEntryModel::countChanged, this, &LivePreview::countChanged);
 }
 
 void LivePreview::followBlocks()

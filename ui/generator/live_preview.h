@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/editor/draggable_text_view.h"
-#include "ui/generator/preview_entry_model.h"
+#include "ui/generator/slideshow_generator.h"
 
 #include <QtCore/QRectF>
 
@@ -34,14 +34,14 @@ public:
     bool hasSubtitle() const { return !m_generator.currentPreviewEntry().subtitle.isEmpty(); }
 
     /// Null when there is none.
-    Asset *asset() const { return m_generator.previewAsset(m_generator.currentPreviewIndex()); }
+    Asset *asset() const { return entryModel().asset(m_generator.currentPreviewIndex()); }
 
     /// Which entry is shown; kept within the entries.
     int index() const { return static_cast<int>(m_generator.currentPreviewIndex()); }
     void setIndex(int index);
-    int count() const { return static_cast<int>(m_generator.entries().size()); }
+    int count() const { return entryModel().count(); }
 
-    QAbstractItemModel *entries() { return &m_entries; }
+    QAbstractItemModel *entries() { return &entryModel(); }
 
     int aspectRatio() const { return static_cast<int>(m_generator.selectedAspectRatio()); }
 
@@ -64,6 +64,7 @@ signals:
     void frameChanged();
 
 private:
+    PreviewEntryModel &entryModel() const { return m_generator.previewEntries(); }
     void followGenerator();
     void followBlocks();
     void showEntry();
@@ -74,7 +75,6 @@ private:
     void replaceContent(const QString &content);
 
     SlideshowGenerator &m_generator;
-    PreviewEntryModel m_entries;
     DraggableTextView m_mainBlock;
     DraggableTextView m_subtitleBlock;
     QSizeF m_area;

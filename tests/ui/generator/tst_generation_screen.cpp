@@ -143,7 +143,7 @@ private slots:
         QVERIFY(!isShown(u"livePreview"_s));
         QVERIFY(!preview().mainBlock()->isFocused());
         QVERIFY(session().click(u"screenTab0"_s));
-        QCOMPARE(generator().entries().first().main, u"Typed"_s);
+        QCOMPARE(generator().previewEntries().entry(0)->main, u"Typed"_s);
         QCOMPARE(property(u"generatorStyle"_s, "currentIndex"), 2);
 
         generator().setOpenAiApiKey(u"kept"_s);

@@ -137,8 +137,8 @@ private slots:
         session().type(u"\""_s);
         session().key(Qt::Key_Return);
         session().type(u"z"_s);
-        QCOMPARE(generator().entries().at(1), (SlideText{u"B\"\nz"_s, u"sub"_s}));
-        QCOMPARE(generator().entries().at(0).main, u"A"_s);
+        QCOMPARE(*generator().previewEntries().entry(1), (SlideText{u"B\"\nz"_s, u"sub"_s}));
+        QCOMPARE(generator().previewEntries().entry(0)->main, u"A"_s);
         QVERIFY(view().panel()->isValid());
 
         // A click beside the texts ends it.

@@ -1,5 +1,5 @@
 #include "model/image_files.h"
-#include "tests/content/generator_studio.h"
+#include "tests/ui/generator/generator_studio.h"
 
 #include <QtCore/QTimeZone>
 #include <QtTest/QSignalSpy>
@@ -145,7 +145,7 @@ private slots:
         studio.generator.setTextInput(u"x\n"_s.repeated(49'000));
         std::array<double, 49> pairs{};
         qsizetype previous = 0;
-        for (const Asset *asset : studio.generator.previewAssetMapping()) {
+        for (const Asset *asset : studio.generator.previewAssetMapping().values()) {
             const qsizetype index = std::ranges::find(assets, asset) - assets.begin();
             ++pairs[static_cast<size_t>(previous * 7 + index)];
             previous = index;

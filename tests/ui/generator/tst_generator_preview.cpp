@@ -1,4 +1,4 @@
-#include "tests/content/generator_studio.h"
+#include "tests/ui/generator/generator_studio.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -59,23 +59,24 @@ private slots:
         QVERIFY(generator.previewAssetMapping().isEmpty());
 
         generator.updatePreviewAssetMapping();
-        const QList<Asset *> first = generator.previewAssetMapping();
-        QCOMPARE(first.size(), generator.entries().size());
-        QSignalSpy changes(&generator, &SlideshowGenerator::previewAssetMappingChanged);
+        const QList<Asset *> first = generator.previewAssetMapping().values();
+        QCOMPARE(first.size(), generator.previewEntries().count());
+        QSignalSpy changes(&generator.previewEntries(), &PreviewEntryModel::dataChanged);
         generator.updatePreviewAssetMapping();
-        generator.setTextInput(u"changed"_s + generator.textInput());
-        QCOMPARE(generator.previewAssetMapping(), first);
         QCOMPARE(changes.size(), 0);
+        generator.setTextInput(u"changed"_s + generator.textInput());
+        QCOMPARE(generator.previewAssetMapping().values(), first);
+        QCOMPARE(changes.size(), 1);
 
         generator.setTextInput(threeLines);
-        QCOMPARE(generator.previewAssetMapping(), first.first(3));
+        QCOMPARE(generator.previewAssetMapping().values(), first.first(3));
         generator.setTextInput(generator.textInput() + u"\nD"_s);
-        QCOMPARE(generator.previewAssetMapping().first(3), first.first(3));
+        QCOMPARE(generator.previewAssetMapping().values().first(3), first.first(3));
         QCOMPARE(generator.previewAssetMapping().size(), 4);
 
-        const QList<Asset *> before = generator.previewAssetMapping();
+        const QList<Asset *> before = generator.previewAssetMapping().values();
         generator.setSelectedCollection(collection);
-        const QList<Asset *> after = generator.previewAssetMapping();
+        const QList<Asset *> after = generator.previewAssetMapping().values();
         for (qsizetype i = 0; i < after.size(); ++i) {
             QCOMPARE(after[i]->collection(), collection);
             QCOMPARE(after[i] == before[i], before[i]->collection() == collection);
@@ -83,23 +84,22 @@ private slots:
 
         generator.setTextInput(threeLines);
         changes.clear();
-        Asset *const gone = generator.previewAsset(0);
+        Asset *const gone = generator.previewEntries().asset(0);
         gone->setCollection(nullptr);
-        QCOMPARE(generator.previewAsset(0), gone);
+        QCOMPARE(generator.previewEntries().asset(0), gone);
         QCOMPARE(changes.size(), 0);
         studio.library.store().remove(gone);
-        QCOMPARE(generator.previewAsset(0), nullptr);
+        QCOMPARE(generator.previewEntries().asset(0), nullptr);
         QVERIFY(changes.size() > 0);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCOMPARE(generator.previewAsset(0), nullptr);
+        QCOMPARE(generator.previewEntries().asset(0), nullptr);
 
         studio.library.store().remove(collection);
         QCOMPARE(generator.selectedCollection(), nullptr);
-        QVERIFY(generator.previewAsset(0));
+        QVERIFY(generator.previewEntries().asset(0));
         for (Asset *asset : studio.library.store().all<Asset>())
             studio.library.store().remove(asset);
-        QCOMPARE(generator.previewAssetMapping(), QList<Asset *>(3, nullptr));
-        generator.updatePreviewAssetMapping();
+        QCOMPARE(generator.previewEntries().count(), 3);
         QVERIFY(generator.previewAssetMapping().isEmpty());
     }
 };

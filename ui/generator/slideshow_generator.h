@@ -1,16 +1,13 @@
 #pragma once
 
 #include "content/batch_name.h"
-#include "content/openai_error.h"
-#include "content/slide_content.h"
-#include "model/asset.h"
+#include "content/slideshow_maker.h"
 #include "model/collection.h"
-#include "model/live_query.h"
 #include "model/preferences.h"
 #include "model/rgba_color.h"
+#include "ui/generator/preview_entry_model.h"
 
-#include <QtCore/QPointF>
-#include <QtCore/QRandomGenerator>
+#include <QtQml/qqmlregistration.h>
 #include <qcoro/qcorotask.h>
 
 namespace mosslantern {
@@ -26,35 +23,14 @@ struct GeneratorSurroundings
     QString locale = userDateLocale();
 };
 
-/// What one run has made.
-struct GeneratedBatch
-{
-    QUuid id;
-    QString name;
-    /// Of all its slides; fixed when the run begins, as its name is.
-    QString boxColorHex;
-    /// In the order in which they were made; the store owns them.
-    QList<Slideshow *> slideshows;
-};
-
-/// Told after each content of a run how many are done and how many there are; false ends the run.
-using GenerationProgress = std::function<bool(qsizetype done, qsizetype total)>;
-
-/// How many slides a slideshow has at most where nobody chooses another number.
-inline constexpr int mostSlidesOfSlideshow = 5;
-
-/// What the AI service is asked for where nobody says anything else.
-QString defaultPrompt();
-
-/// What is shown when the AI service could not write variations.
-QString generationFailure(const OpenAIFailure &failure);
-
 /// The settings of the generation screen and what follows from them: batches of slideshows, and which entry
 /// and which images the live preview shows. The content is parsed once for each change of `textInput`, so a
 /// broken document is reported once per change, and again by each createSlideshow().
 class SlideshowGenerator : public QObject
 {
     Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("SlideshowsView makes it.")
     Q_PROPERTY(double slideCount READ slideCount WRITE setSlideCount NOTIFY slideCountChanged)
     Q_PROPERTY(double bulkCount READ bulkCount WRITE setBulkCount NOTIFY bulkCountChanged)
     Q_PROPERTY(mosslantern::SlideStyle style READ style WRITE setStyle NOTIFY styleChanged)
@@ -84,7 +60,7 @@ public:
                        GeneratorSurroundings surroundings = {}, QObject *parent = nullptr);
 
     /// Slides per slideshow at most.
-    double slideCount() const { return m_slideCount; }
+    double slideCount() const { return m_settings.slideCount; }
     void setSlideCount(double count);
 
     /// Slideshows per batch, or variations asked of the AI service. Truncated like every count; what is below
@@ -94,22 +70,22 @@ public:
 
     /// The style of new slides, and its values one by one. A change of the selected style to `classic` makes
     /// the box colour black, one to `boxed` white.
-    const SlideStyle &style() const { return m_style; }
+    const SlideStyle &style() const { return m_settings.style; }
     void setStyle(const SlideStyle &style);
-    TextStyle selectedStyle() const { return m_style.textStyle; }
+    TextStyle selectedStyle() const { return m_settings.style.textStyle; }
     void setSelectedStyle(TextStyle style);
-    RgbaColor boxColor() const { return m_style.boxColor(); }
+    RgbaColor boxColor() const { return m_settings.style.boxColor(); }
     void setBoxColor(const RgbaColor &color);
-    QPointF templateTextPos() const { return m_style.textPos(); }
+    QPointF templateTextPos() const { return m_settings.style.textPos(); }
     void setTemplateTextPos(const QPointF &position);
-    double templateTextScale() const { return m_style.textScale; }
+    double templateTextScale() const { return m_settings.style.textScale; }
     void setTemplateTextScale(double scale);
-    QPointF templateSubtitlePos() const { return m_style.subtitlePos(); }
+    QPointF templateSubtitlePos() const { return m_settings.style.subtitlePos(); }
     void setTemplateSubtitlePos(const QPointF &position);
-    double templateSubtitleScale() const { return m_style.subtitleScale; }
+    double templateSubtitleScale() const { return m_settings.style.subtitleScale; }
     void setTemplateSubtitleScale(double scale);
 
-    AspectRatio selectedAspectRatio() const { return m_selectedAspectRatio; }
+    AspectRatio selectedAspectRatio() const { return m_settings.aspectRatio; }
     void setSelectedAspectRatio(AspectRatio ratio);
 
     /// The slide content. A change keeps the preview index within the entries and updates the mapping.
@@ -148,28 +124,23 @@ public:
     /// All collections, in the store's order.
     LiveQueryBase *collections() { return &m_collections; }
 
-    /// The entries of `textInput`.
-    const QList<SlideText> &entries() const { return m_entries; }
+    /// The entries of `textInput`, each with the asset that the preview shows behind it.
+    PreviewEntryModel &previewEntries() { return m_entries; }
 
     /// The entry at the preview index, or placeholder texts when there is none.
     SlideText currentPreviewEntry() const;
 
-    /// The asset that the preview shows behind each entry; null for one that has been removed. Empty as long
-    /// as there are no assets, or no update has been made.
-    QList<Asset *> previewAssetMapping() const;
-    Asset *previewAsset(qsizetype entry) const;
+    /// Those assets by the places of their entries.
+    QMap<qsizetype, Asset *> previewAssetMapping() const { return m_entries.assets(); }
 
     /// Gives every entry an asset of the source: the one that it has, or a random one. To be called when the
     /// screen is shown.
-    Q_INVOKABLE void updatePreviewAssetMapping();
+    void updatePreviewAssetMapping() { m_entries.renewAssets(); }
 
     /// Makes one batch from the present settings, in AI mode from the variations that the service returns.
     /// A failure of the service is printed. A run in AI mode whose generator is destroyed makes nothing more;
     /// deleteAfterRuns() lets it finish.
     QCoro::Task<Result<GeneratedBatch>> generateBatch();
-
-    /// Makes one batch from the present settings and these contents, at once; one without entries is skipped.
-    GeneratedBatch generateBatch(const QStringList &contents, const GenerationProgress &goesOn);
 
     /// Deletes the generator when no run waits for the service any more: at once, or some time after the last
     /// run has made its slideshows from the settings as they are. Its parent, if it has one, may delete it
@@ -193,31 +164,20 @@ signals:
     void isAiModeChanged();
     void isGeneratingChanged();
     void currentPreviewIndexChanged();
-    void entriesChanged();
     void currentPreviewEntryChanged();
-    void previewAssetMappingChanged();
 
 private:
-    template <typename T>
-    bool change(T &field, const T &value, void (SlideshowGenerator::*changed)());
-    GeneratedBatch beginBatch() const;
-    void addSlideshow(GeneratedBatch &batch, const QString &content);
-    Asset *randomAsset();
+    void addSlideshow(GeneratedBatch &batch, const QString &content, const QString &boxColorHex);
     template <typename Change>
     void changeStyle(Change change);
-    std::unique_ptr<Slide> makeSlide(const SlideText &entry, qint64 order, const QString &boxColorHex);
-    bool renewPreviewAssets();
-    void forgetRemovedAssets();
 
     Store &m_store;
     OpenAIService &m_service;
     Preferences m_preferences;
     GeneratorSurroundings m_surroundings;
 
-    double m_slideCount = mostSlidesOfSlideshow;
+    SlideshowSettings m_settings;
     double m_bulkCount = 1;
-    SlideStyle m_style{.boxColorHex = QStringLiteral("000000")};
-    AspectRatio m_selectedAspectRatio = AspectRatio::tiktok;
     QString m_textInput;
     QPointer<Collection> m_selectedCollection;
     QString m_openAiApiKey;
@@ -229,10 +189,9 @@ private:
     bool m_endsAfterRuns = false;
     qsizetype m_currentPreviewIndex = 0;
 
-    QList<SlideText> m_entries;
-    QList<QPointer<Asset>> m_previewAssets;
     LiveQuery<Asset> m_assets;
     LiveQuery<Collection> m_collections;
+    PreviewEntryModel m_entries;
 };
 
 } // namespace mosslantern

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "content/openai_service.h"
-#include "content/slideshow_generator.h"
 #include "tests/content/test_server.h"
 #include "tests/model/test_library.h"
+#include "ui/generator/slideshow_generator.h"
 
 namespace mosslantern {
 

@@ -1,0 +1,66 @@
+#include "content/slideshow_maker.h"
+
+#include "model/asset.h"
+#include "model/slide.h"
+#include "model/slideshow.h"
+#include "model/store.h"
+
+#include <limits>
+#include <random>
+
+namespace mosslantern {
+
+Asset *PictureSource::draw() const
+{
+    std::uniform_int_distribution<int> place(0, static_cast<int>(assets.size()) - 1);
+    return assets[static_cast<size_t>(place(*random))];
+}
+
+qint64 truncatedCount(double count)
+{
+    constexpr auto most = std::numeric_limits<qint64>::max();
+    if (!(count >= 1))
+        return 0;
+    return count < static_cast<double>(most) ? static_cast<qint64>(count) : most;
+}
+
+QList<SlideText> slideTexts(const QString &content, double slideCount)
+{
+    const QList<SlideText> entries = parseSlideContent(content);
+    return entries.first(qMin(truncatedCount(slideCount), qint64(entries.size())));
+}
+
+Slideshow *makeSlideshow(const QString &content, const SlideshowSettings &settings,
+                         const PictureSource &pictures, const QUuid &batchId, const QString &batchName,
+                         Store &store)
+{
+    const QList<SlideText> texts = slideTexts(content, settings.slideCount);
+    if (texts.isEmpty() || pictures.isEmpty())
+        return nullptr;
+    std::vector<std::unique_ptr<Slide>> slides;
+    for (const SlideText &text : texts) {
+        const auto order = static_cast<qint64>(slides.size());
+        auto slide = std::make_unique<Slide>(pictures.draw(), text.main, text.subtitle,
+                                             settings.style.textStyle, order);
+        slide->setStyle(settings.style);
+        slides.push_back(std::move(slide));
+    }
+    return store.insert(
+        std::make_unique<Slideshow>(std::move(slides), settings.aspectRatio, batchId, batchName));
+}
+
+GeneratedBatch makeBatch(const QString &name, const QStringList &contents, const SlideshowSettings &settings,
+                         const PictureSource &pictures, Store &store, const GenerationProgress &goesOn)
+{
+    GeneratedBatch batch{.name = name, .slideshows = {}};
+    for (qsizetype i = 0; i < contents.size(); ++i) {
+        if (Slideshow *const made =
+                makeSlideshow(contents[i], settings, pictures, batch.id, batch.name, store))
+            batch.slideshows.append(made);
+        if (!goesOn(i + 1, contents.size()))
+            break;
+    }
+    return batch;
+}
+
+} // namespace mosslantern
