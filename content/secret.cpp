@@ -1,8 +1,7 @@
 #include "content/secret.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QUrl>
-
-#include <nlohmann/json.hpp>
 
 namespace mosslantern {
 
@@ -11,6 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype shortestSecret = 8;
+const QString mask = u"[API key]"_s;
 
 /// The characters of Base64 that `bytes` alone decide when `before` bytes stand in front of them and anything
 /// behind.
@@ -22,15 +22,25 @@ QString base64Core(const QByteArray &bytes, int before, QByteArray::Base64Option
     return QString::fromLatin1((QByteArray(before, 'x') + bytes).toBase64(options).mid(first, end - first));
 }
 
-QStringList forms(const QString &secret)
+/// Finds `secret` with any of its characters escaped, as JSON may and as addresses do, once or several times.
+QRegularExpression escapedForm(const QString &secret)
+{
+    QString pattern;
+    for (const QChar c : secret) {
+        const auto code = static_cast<uint>(c.unicode());
+        QString forms = QRegularExpression::escape(QString(c)) + u"|(?i:u%1"_s.arg(code, 4, 16, QChar(u'0'));
+        if (code < 0x80)
+            forms += u"|%%1"_s.arg(code, 2, 16, QChar(u'0'));
+        pattern += u"\\\\{0,3}(?:"_s + forms + u"))"_s;
+    }
+    return QRegularExpression(pattern);
+}
+
+/// Its bytes percent-encoded, and in Base64.
+QStringList encodedForms(const QString &secret)
 {
     const QByteArray bytes = secret.toUtf8();
-    const std::string json =
-        nlohmann::json(bytes.toStdString()).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
-    const QString escaped = QString::fromStdString(json.substr(1, json.size() - 2));
-    const QByteArray percent = QUrl::toPercentEncoding(secret);
-    QStringList found{secret, escaped, QString(escaped).replace(u'/', u"\\/"_s),
-                      QString::fromLatin1(percent)};
+    QStringList found{QString::fromLatin1(QUrl::toPercentEncoding(secret))};
     for (const auto options : {QByteArray::Base64Encoding, QByteArray::Base64UrlEncoding}) {
         for (int before = 0; before < 3; ++before)
             found.append(base64Core(bytes, before, options | QByteArray::OmitTrailingEquals));
@@ -47,8 +57,9 @@ QString withoutSecret(const QString &text, const QString &secret)
     QString result = text;
     if (trimmed.size() < shortestSecret)
         return result;
-    for (const QString &form : forms(trimmed))
-        result.replace(form, u"[API key]"_s, form.contains(u'%') ? Qt::CaseInsensitive : Qt::CaseSensitive);
+    result.replace(escapedForm(trimmed), mask);
+    for (const QString &form : encodedForms(trimmed))
+        result.replace(form, mask, form.contains(u'%') ? Qt::CaseInsensitive : Qt::CaseSensitive);
     return result;
 }
 

@@ -128,7 +128,10 @@ void TestOpenAIAnswer::leavesOutKey()
     QCOMPARE(shown(readVariations({401, "a b"}, u"a"_s)), QStringList{u"<apiError(\"a b\")>"_s});
 
     const QByteArray key = "sk-\"secret\"/päß+1";
-    const QByteArray forms[]{R"(sk-\"secret\"/päß+1)", R"(sk-\"secret\"\/päß+1)",
+    const QByteArray forms[]{R"(sk-\"secret\"/päß+1)",
+                             R"(sk-\"secret\"\/päß+1)",
+                             R"(\u0073\u006B-\\"secret\u0022\\/p\u00e4\u00DF+1)",
+                             "s%6b-%22secret\"/päß+1",
                              QUrl::toPercentEncoding(QString::fromUtf8(key)),
                              QUrl::toPercentEncoding(QString::fromUtf8(key)).toLower()};
     for (const QByteArray &form : forms)
