@@ -1,5 +1,6 @@
 #include "model/file_copy.h"
 
+#include "model/folder.h"
 #include "model/partial_file.h"
 
 #include <QtCore/QFile>
@@ -11,7 +12,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <filesystem>
 
 namespace mosslantern {
 
@@ -70,11 +70,8 @@ Result<> copyIntoFolder(const QString &from, const QString &folder, const QStrin
 {
     if (folder.isEmpty())
         return fail(u"There is no documents folder."_s);
-    std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(folder).toStdString(), error);
-    if (error)
-        return failure(u"The folder “%1” could not be created: %2"_s, folder, error.value());
-
+    if (const Result<> made = makeFolder(folder); !made)
+        return made;
     const QString target = folder + u'/' + name;
     PartialFile copy(folder, S_IRUSR | S_IWUSR);
     if (const Result<> copied = copyInto(copy, from, target); !copied)

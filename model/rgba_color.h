@@ -15,6 +15,10 @@ struct RgbaColor
     friend bool operator==(const RgbaColor &, const RgbaColor &) = default;
 };
 
+inline constexpr RgbaColor opaqueBlack{.red = 0, .green = 0, .blue = 0, .opacity = 1};
+inline constexpr RgbaColor opaqueWhite{.red = 1, .green = 1, .blue = 1, .opacity = 1};
+inline constexpr RgbaColor clearColor{.red = 0, .green = 0, .blue = 0, .opacity = 0};
+
 /// Decodes RRGGBB, or RRGGBBAA when the text has exactly eight characters. White space around the text and
 /// every "#" are left out, a "0x" before the digits is read over, and whatever cannot be read counts as 0:
 /// any text gives a colour.

@@ -35,10 +35,8 @@ SlideDesign readDesign(OptionReader &options)
     style.setSubtitlePos(options.position("subtitle-pos"_L1).value_or(style.subtitlePos()));
     style.subtitleScale =
         options.real("subtitle-scale"_L1, smallestScale, largestScale).value_or(style.subtitleScale);
-    constexpr RgbaColor black{0, 0, 0, 1};
-    constexpr RgbaColor white{1, 1, 1, 1};
-    style.setBoxColor(
-        options.color("box-color"_L1).value_or(style.textStyle == TextStyle::boxed ? white : black));
+    style.setBoxColor(options.color("box-color"_L1)
+                          .value_or(style.textStyle == TextStyle::boxed ? opaqueWhite : opaqueBlack));
     return design;
 }
 

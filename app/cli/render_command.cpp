@@ -5,6 +5,7 @@
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "app/cli/render_targets.h"
+#include "model/folder.h"
 #include "model/partial_file.h"
 #include "render/export/png_file.h"
 #include "render/picture/picture_files.h"
@@ -48,8 +49,8 @@ Result<QStringList> chooseFiles(const PictureFiles &pictures, const QString &out
             return fail(u"“%1” is the picture itself, which is never replaced."_s.arg(out));
         return QStringList{out};
     }
-    if (!QDir().mkpath(out))
-        return fail(u"The folder “%1” could not be created."_s.arg(out));
+    if (const Result<> made = makeFolder(out); !made)
+        return std::unexpected(made.error());
     QStringList files;
     for (const RenderTarget &target : renderTargets(pictures.files, out)) {
         if (target.isNumbered)

@@ -19,9 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto contentLibrary = "content-library"_L1;
-constexpr auto slideshowEditor = "slideshow-editor"_L1;
-
 QUrl updateFeed()
 {
     constexpr auto variable = "MOSSLANTERN_UPDATE_FEED";
@@ -62,31 +59,23 @@ StartOptions readOptions()
     parser.addVersionOption();
     const QCommandLineOption library(u"library"_s, u"Keep records and pictures in this folder."_s,
                                      u"folder"_s);
-    QCommandLineOption show(u"show"_s, u"Open a sheet (%1 or %2)."_s.arg(contentLibrary, slideshowEditor),
-                            u"name"_s);
-    show.setFlags(QCommandLineOption::HiddenFromHelp);
     QStringList screens;
     for (const Destination &destination : destinations)
         screens.append(destination.name);
     const QCommandLineOption screen(u"screen"_s, u"Begin with this screen: %1."_s.arg(screens.join(u", "_s)),
                                     u"name"_s);
-    parser.addOptions({library, screen, show});
+    parser.addOptions({library, screen});
     parser.addPositionalArgument(
         u"pictures"_s, u"Files to import, and folders whose pictures are imported."_s, u"[pictures...]"_s);
     parser.process(QCoreApplication::arguments());
     const QString destination = parser.value(screen);
     if (parser.isSet(screen) && !screens.contains(destination))
         refuse(u"There is no screen of the name \"%1\"."_s.arg(destination));
-    const QString shown = parser.value(show);
-    if (parser.isSet(show) && shown != contentLibrary && shown != slideshowEditor)
-        refuse(u"There is no sheet of the name \"%1\"."_s.arg(shown));
     return {.location = parser.isSet(library) ? LibraryLocation::inFolder(parser.value(library))
                                               : LibraryLocation::standard(),
             .stateFile = stateFile(),
             .updateFeed = updateFeed(),
-            .request = {.pictures = pictures(parser.positionalArguments()), .destination = destination},
-            .showsContentLibrary = shown == contentLibrary,
-            .showsSlideshowEditor = shown == slideshowEditor};
+            .request = {.pictures = pictures(parser.positionalArguments()), .destination = destination}};
 }
 
 /// Ends the program when the command line only asks for what needs no display.

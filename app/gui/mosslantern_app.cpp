@@ -125,7 +125,6 @@ StartOutcome MosslanternApp::openMainWindow()
     std::unique_ptr<QQuickItem> view = makeMainView(*m_engine, *m_context, updater());
     if (!view)
         return StartOutcome::failed;
-    QQuickItem *const shown = view.get();
     prepareGraphics();
     m_window = makeMainWindow(*m_engine, std::move(view));
     if (!m_window)
@@ -145,12 +144,6 @@ StartOutcome MosslanternApp::openMainWindow()
     QObject::connect(
         m_store.get(), &Store::damageFound, m_window,
         [this](const QString &message) { leaveMainWindow(message); }, Qt::QueuedConnection);
-    if (m_options.showsContentLibrary)
-        QMetaObject::invokeMethod(shown, "showContentLibrary");
-    if (const auto slideshows = m_store->all<Slideshow>();
-        m_options.showsSlideshowEditor && !slideshows.empty())
-        QMetaObject::invokeMethod(shown, "showSlideshowEditor",
-                                  Q_ARG(mosslantern::Slideshow *, slideshows.front()));
     return StartOutcome::shown;
 }
 

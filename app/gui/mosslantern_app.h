@@ -20,12 +20,10 @@ class LibraryRecoveryView;
 /// What the command line asks of the application.
 struct StartOptions
 {
-    LibraryLocation location;          // of the records and pictures
-    QString stateFile;                 // an INI file for the window's place and the like
-    QUrl updateFeed;                   // invalid for none
-    WindowRequest request = {};        // done once the window shows
-    bool showsContentLibrary = false;  // the sheet of templates, at once
-    bool showsSlideshowEditor = false; // on the first slideshow, if there is one
+    LibraryLocation location;   // of the records and pictures
+    QString stateFile;          // an INI file for the window's place and the like
+    QUrl updateFeed;            // invalid for none
+    WindowRequest request = {}; // done once the window shows
 };
 
 /// How a start ended.

@@ -1,6 +1,7 @@
 #include "render/export/bulk_exporter.h"
 
 #include "model/console.h"
+#include "model/folder.h"
 #include "model/partial_file.h"
 #include "model/slideshow.h"
 #include "render/export/png_file.h"
@@ -14,7 +15,6 @@
 
 #include <chrono>
 #include <climits>
-#include <filesystem>
 
 namespace mosslantern {
 
@@ -23,17 +23,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Makes a folder for slides where there is none, and takes away what a killed export has left in it.
-Result<> makeFolder(const QString &path)
+Result<> makeSlideFolder(const QString &path)
 {
-    std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(path).toStdString(), error);
-    if (!error && !QFileInfo(path).isDir())
-        error = std::make_error_code(std::errc::not_a_directory);
-    if (error)
-        return fail(u"The folder “%1” could not be created: %2"_s.arg(
-            path, QString::fromLocal8Bit(error.message().c_str())));
-    removeAbandonedFiles(path);
-    return {};
+    Result<> made = makeFolder(path);
+    if (made)
+        removeAbandonedFiles(path);
+    return made;
 }
 
 AspectRatio shapeOf(const Slideshow &slideshow)
@@ -124,7 +119,7 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
             continue;
         const QString folder =
             slideshowPath(base + u'/' + batchFolderName(waiting[i]->batchName()), size_t(i));
-        if (const Result<> made = makeFolder(folder); !made)
+        if (const Result<> made = makeSlideFolder(folder); !made)
             co_return made;
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
@@ -148,7 +143,7 @@ Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slid
     begin(total);
     for (size_t i = 0; i < slideshows.size() && goesOn(); ++i) {
         const QString path = slideshowPath(folder, i);
-        if (const Result<> made = makeFolder(path); !made)
+        if (const Result<> made = makeSlideFolder(path); !made)
             return made;
         writeSlides(slideshows[i], path, goesOn);
     }
@@ -187,7 +182,7 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QStr
 {
     const QPointer<BulkExporter> self(this);
     begin(static_cast<int>(jobs.size()));
-    Result<> outcome = makeFolder(folder);
+    Result<> outcome = makeSlideFolder(folder);
     SlideRun run = m_renderer.start(std::move(jobs));
     for (size_t index = 0; outcome && run.hasNext(); ++index) {
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));

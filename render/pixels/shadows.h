@@ -1,12 +1,23 @@
 #pragma once
 
+#include "model/rgba_color.h"
 #include "render/pixels/alpha_plane.h"
-#include "render/text/style_look.h"
 
+#include <QtCore/QPointF>
 #include <QtCore/QRectF>
 #include <QtGui/QImage>
 
+#include <vector>
+
 namespace mosslantern {
+
+/// A shadow cast by everything drawn so far. Lengths are points at text scale 1.
+struct Shadow
+{
+    RgbaColor color;
+    double radius = 0; // a Gaussian blur of standard deviation radius / 2
+    QPointF offset;    // x to the right, y downwards
+};
 
 /// How far the shadows, cast one after another, reach beyond what casts them; pixels.
 [[nodiscard]] double shadowReach(const std::vector<Shadow> &shadows, double pixelsPerPoint);

@@ -7,9 +7,6 @@ namespace mosslantern {
 
 namespace {
 
-constexpr RgbaColor clear{0, 0, 0, 0};
-constexpr RgbaColor white{1, 1, 1, 1};
-constexpr RgbaColor black{0, 0, 0, 1};
 constexpr RgbaColor purple{175 / 255.0, 82 / 255.0, 222 / 255.0, 1};
 constexpr RgbaColor darkPill{0, 0, 0, 0.6};
 
@@ -47,21 +44,21 @@ double fontSize(TextStyle style, double canvasWidth)
 RgbaColor contrastColor(const RgbaColor &boxColor)
 {
     const double average = (boxColor.red + boxColor.green + boxColor.blue) / 3;
-    return std::isnan(average) || average > 0.5 ? black : white;
+    return std::isnan(average) || average > 0.5 ? opaqueBlack : opaqueWhite;
 }
 
 StyleLook styleLook(TextStyle style, const RgbaColor &boxColor, bool filledSubtitle)
 {
-    const RgbaColor pill = filledSubtitle ? darkPill : clear;
+    const RgbaColor pill = filledSubtitle ? darkPill : clearColor;
     switch (style) {
     case TextStyle::classic:
-        return {white, clear, outline(boxColor)};
+        return {opaqueWhite, clearColor, outline(boxColor)};
     case TextStyle::boxed:
         return {contrastColor(boxColor), boxColor, {}};
     case TextStyle::modern:
-        return {white, pill, {{{0, 0, 0, 0.5}, 4, {0, 0}}}};
+        return {opaqueWhite, pill, {{{0, 0, 0, 0.5}, 4, {0, 0}}}};
     case TextStyle::neon:
-        return {white, pill, {{purple, 10, {0, 0}}}};
+        return {opaqueWhite, pill, {{purple, 10, {0, 0}}}};
     }
     Q_UNREACHABLE();
 }

@@ -1,21 +1,11 @@
 #pragma once
 
-#include "model/rgba_color.h"
 #include "model/text_style.h"
-
-#include <QtCore/QPointF>
+#include "render/pixels/shadows.h"
 
 #include <vector>
 
 namespace mosslantern {
-
-/// A shadow cast by everything drawn so far. Lengths are points at text scale 1.
-struct Shadow
-{
-    RgbaColor color;
-    double radius = 0; // a Gaussian blur of standard deviation radius / 2
-    QPointF offset;    // x to the right, y downwards
-};
 
 /// How a text style draws the lines of one block.
 struct StyleLook

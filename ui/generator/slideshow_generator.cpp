@@ -9,13 +9,6 @@ namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr RgbaColor black{.red = 0, .green = 0, .blue = 0, .opacity = 1};
-constexpr RgbaColor white{.red = 1, .green = 1, .blue = 1, .opacity = 1};
-
-} // namespace
-
 SlideshowGenerator::SlideshowGenerator(Store &store, OpenAIService &service, Preferences preferences,
                                        GeneratorSurroundings surroundings, QObject *parent)
     : QObject(parent)
@@ -63,9 +56,9 @@ void SlideshowGenerator::setSelectedStyle(TextStyle textStyle)
     changeStyle([&](SlideStyle &style) {
         style.textStyle = textStyle;
         if (textStyle == TextStyle::classic)
-            style.setBoxColor(black);
+            style.setBoxColor(opaqueBlack);
         else if (textStyle == TextStyle::boxed)
-            style.setBoxColor(white);
+            style.setBoxColor(opaqueWhite);
     });
 }
 
