@@ -65,13 +65,10 @@ FocusScope {
                 canvas.endEditing()
         }
     }
-    Item {
+    CanvasArea {
         id: content
         objectName: "canvasContent"
-        x: Math.round(root.frame.x)
-        y: Math.round(root.frame.y)
-        width: Math.round(root.frame.width)
-        height: Math.round(root.frame.height)
+        frame: root.frame
         clip: true
 
         CanvasBackground {

@@ -54,7 +54,6 @@ Item {
     SlidePreviewView {
         id: preview
         anchors.centerIn: parent
-        width: Math.round(height * widthToHeight)
         height: root.implicitHeight
         slide: root.modelData
         aspectRatio: root.aspectRatio

@@ -1,6 +1,7 @@
 #include "ui/editor/drawn_item.h"
 
 #include "ui/common/picture_node.h"
+#include "ui/common/pixel_aligned_node.h"
 
 #include <utility>
 
@@ -52,7 +53,8 @@ void DrawnItem::updatePolish()
 
 QSGNode *DrawnItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    QSGNode *const root = node ? node : new QSGTransformNode;
+    auto *const root = node ? static_cast<PixelAlignedNode *>(node) : new PixelAlignedNode;
+    root->place(window()->effectiveDevicePixelRatio(), shift());
     if (!m_imagesAreNew)
         return root;
     m_imagesAreNew = false;

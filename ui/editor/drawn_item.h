@@ -13,7 +13,7 @@ struct PlacedImage
 };
 
 /// An item that shows images which it makes itself, right before a frame: anew when it is told to, and when
-/// its size, its window or the pixels of that change.
+/// its size, its window or the pixels of that change. They are shown on whole pixels of the window.
 class DrawnItem : public QQuickItem
 {
     Q_OBJECT
@@ -29,6 +29,9 @@ protected:
     /// The images, from the lowest to the highest, for a window with `pixelRatio` pixels to a point.
     virtual std::vector<PlacedImage> draw(double pixelRatio) = 0;
 
+    /// How far from their places the images are shown, in points; asked for with each update().
+    virtual QPointF shift() const { return {}; }
+
     /// `image` as large as its pixels, with its top left at `at`, which is in pixels.
     [[nodiscard]] static PlacedImage place(const QImage &image, QPointF at, double pixelRatio);
 
@@ -36,7 +39,6 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &value) override;
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
     void updatePolish() override;
-    /// Gives a QSGTransformNode.
     QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
 
 private:

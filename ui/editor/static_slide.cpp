@@ -4,6 +4,7 @@
 #include "render/pixels/continuous_corners.h"
 
 #include <QtGui/QPainter>
+#include <QtQuick/QQuickWindow>
 
 #include <cmath>
 
@@ -46,6 +47,7 @@ StaticSlide::StaticSlide(QQuickItem *parent)
         redraw();
         emit isLoadedChanged();
     });
+    connect(this, &StaticSlide::canvasShapeChanged, this, &StaticSlide::fitWidth);
 }
 
 void StaticSlide::setTopRadius(double radius)
@@ -57,9 +59,36 @@ void StaticSlide::setTopRadius(double radius)
     emit topRadiusChanged();
 }
 
+double StaticSlide::pixelRatio() const
+{
+    return window() ? window()->effectiveDevicePixelRatio() : 1;
+}
+
+void StaticSlide::fitWidth()
+{
+    const QSize pixels = Canvas{{height() * widthToHeight(shape()), height()}, pixelRatio()}.pixelSize();
+    setImplicitWidth(pixels.width() / pixelRatio());
+}
+
+void StaticSlide::itemChange(ItemChange change, const ItemChangeData &value)
+{
+    DrawnItem::itemChange(change, value);
+    if (change == ItemSceneChange || change == ItemDevicePixelRatioHasChanged)
+        fitWidth();
+}
+
+void StaticSlide::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
+{
+    DrawnItem::geometryChange(newGeometry, oldGeometry);
+    if (newGeometry.height() != oldGeometry.height())
+        fitWidth();
+}
+
 QRectF StaticSlide::canvasRect() const
 {
-    return fittedCanvas(shape(), boundingRect());
+    // The width of an item that is as wide as the canvas was rounded by up to half a pixel.
+    const double rounding = 0.49 / pixelRatio();
+    return fittedCanvas(shape(), boundingRect().adjusted(-rounding / 2, 0, rounding / 2, 0));
 }
 
 Background StaticSlide::background(const Content &content, const Canvas &canvas)

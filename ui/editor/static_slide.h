@@ -8,15 +8,13 @@
 namespace mosslantern {
 
 /// A slide drawn by the exporter's painter: the largest canvas of its shape that fits into the item, in its
-/// centre, with rounded corners and a shadow.
+/// centre. As wide as the canvas of its height, in whole pixels, unless it is given a width.
 class StaticSlide : public mosslantern::DrawnItem
 {
     Q_OBJECT
     QML_ANONYMOUS
     /// Whether the picture is shown, of those slides that have one.
     Q_PROPERTY(bool isLoaded READ isLoaded NOTIFY isLoadedChanged)
-    /// Of the canvas.
-    Q_PROPERTY(double widthToHeight READ canvasShape NOTIFY canvasShapeChanged)
     /// Cuts the upper corners off as those of what the slide lies on, in points; 0 does not.
     Q_PROPERTY(double topRadius MEMBER m_topRadius WRITE setTopRadius NOTIFY topRadiusChanged)
 
@@ -49,9 +47,12 @@ protected:
     virtual AspectRatio shape() const = 0;
 
     std::vector<PlacedImage> draw(double pixelRatio) override;
+    void itemChange(ItemChange change, const ItemChangeData &value) override;
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
 
 private:
-    double canvasShape() const { return mosslantern::widthToHeight(shape()); }
+    double pixelRatio() const;
+    void fitWidth();
     Background background(const Content &content, const Canvas &canvas);
 
     CanvasPicture m_picture;

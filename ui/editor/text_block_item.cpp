@@ -2,8 +2,6 @@
 
 #include "render/canvas.h"
 
-#include <QtQuick/QQuickWindow>
-
 namespace mosslantern {
 
 TextBlockItem::TextBlockItem(QQuickItem *parent)
@@ -58,17 +56,10 @@ std::vector<PlacedImage> TextBlockItem::draw(double pixelRatio)
     return images;
 }
 
-QSGNode *TextBlockItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *data)
+QPointF TextBlockItem::shift() const
 {
-    auto *const root = static_cast<QSGTransformNode *>(DrawnItem::updatePaintNode(node, data));
-    const double pixelRatio = window()->effectiveDevicePixelRatio();
     const QSizeF offset = m_block ? m_block->dragOffset() : QSizeF(0, 0);
-    const QPointF moved =
-        QPointF((QPointF(offset.width(), offset.height()) * pixelRatio).toPoint()) / pixelRatio;
-    QMatrix4x4 matrix;
-    matrix.translate(static_cast<float>(moved.x()), static_cast<float>(moved.y()));
-    root->setMatrix(matrix);
-    return root;
+    return {offset.width(), offset.height()};
 }
 
 } // namespace mosslantern

@@ -29,7 +29,7 @@ signals:
 
 protected:
     std::vector<PlacedImage> draw(double pixelRatio) override;
-    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+    QPointF shift() const override;
 
 private:
     void follow();

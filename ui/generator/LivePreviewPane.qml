@@ -40,13 +40,10 @@ FocusScope {
             root.preview.area = Qt.size(width, height)
         }
 
-        Item {
+        CanvasArea {
             id: content
             objectName: "livePreview"
-            x: Math.round(root.frame.x)
-            y: Math.round(root.frame.y)
-            width: Math.round(root.frame.width)
-            height: Math.round(root.frame.height)
+            frame: root.frame
             clip: true
 
             Item {

@@ -28,7 +28,6 @@ Item {
     LiveSlideThumbnail {
         id: thumbnail
         anchors.centerIn: parent
-        width: Math.round(120 * widthToHeight)
         height: 120
         mainText: root.mainText
         subtitle: root.subtitle
