@@ -33,7 +33,7 @@ constexpr int busyMilliseconds = 200;
 /// Without locks between threads: a store is used by one thread at a time.
 constexpr int openFlags = SQLITE_OPEN_NOMUTEX;
 
-enum class FileKind { empty, library, olderLibrary, newerLibrary, foreign };
+enum class FileKind { empty, library, olderLibrary, newerLibrary, damagedLibrary, foreign };
 
 std::unexpected<Error> cannotOpen(const QString &path, const QString &reason,
                                   ErrorKind kind = ErrorKind::other)
@@ -108,6 +108,8 @@ FileKind kindOf(int applicationId, int version)
     if (applicationId != storeApplicationId)
         return FileKind::foreign;
     const int current = static_cast<int>(schemaSteps().size());
+    if (version < 0)
+        return FileKind::damagedLibrary;
     return version > current   ? FileKind::newerLibrary
            : version < current ? FileKind::olderLibrary
                                : FileKind::library;
@@ -121,6 +123,9 @@ Result<> checkKind(FileKind kind, const QString &path)
                           hasCopies ? ErrorKind::damagedLibrary : ErrorKind::other);
     if (kind == FileKind::empty && hasCopies)
         return cannotOpen(path, u"it is empty, and was not when it was copied."_s, ErrorKind::damagedLibrary);
+    if (kind == FileKind::damagedLibrary)
+        return cannotOpen(path, u"it is damaged: its version is no version of a library."_s,
+                          ErrorKind::damagedLibrary);
     if (kind == FileKind::newerLibrary)
         return cannotOpen(path, u"it was written by a newer version of Mosslantern."_s);
     return {};
@@ -264,14 +269,8 @@ Result<std::unique_ptr<SQLite::Database>> openForReading(const QString &path, Fi
     // What an interrupted save left, or an older schema, has to be dealt with in a copy; once open, it needs
     // no name.
     const QTemporaryDir folder;
-    const QString copy = folder.filePath(u"library.sqlite"_s);
-    for (const QLatin1StringView suffix : {""_L1, "-wal"_L1, "-journal"_L1}) {
-        if (QFile original(path + suffix); original.exists() && !original.copy(copy + suffix))
-            return cannotOpen(path, u"it could not be copied to a folder for temporary files: %1"_s.arg(
-                                        original.errorString()));
-    }
-    QFile::setPermissions(copy, QFile::ReadOwner | QFile::WriteOwner);
-    return openForWriting(copy);
+    const Result<QString> copy = copyWithLog(path, folder);
+    return copy ? openForWriting(*copy) : std::unexpected(copy.error());
 }
 
 } // namespace

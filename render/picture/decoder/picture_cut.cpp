@@ -1,5 +1,7 @@
 #include "render/picture/decoder/picture_cut.h"
 
+#include "render/picture/picture_geometry.h"
+
 #include <QtCore/QtEndian>
 
 #include <cstdlib>
@@ -66,7 +68,10 @@ bool isBmpCutShort(QIODevice &device)
     qint64 size = qFromLittleEndian<quint32>(at + 34);
     if (compression != runLengths && compression != shorterRunLengths) {
         const qint64 width = qFromLittleEndian<qint32>(at + 18), height = qFromLittleEndian<qint32>(at + 22);
-        const qint64 bitsPerRow = width * qFromLittleEndian<quint16>(at + 28);
+        const qint64 bits = qFromLittleEndian<quint16>(at + 28);
+        if (width < 1 || width > longestPictureSide || std::abs(height) > longestPictureSide || bits > 32)
+            return false; // which decoders refuse
+        const qint64 bitsPerRow = width * bits;
         size = (bitsPerRow + 31) / 32 * 4 * std::abs(height);
     }
     return start + size - size / 8 > device.size();

@@ -101,7 +101,7 @@ Result<Picture> QtDecoder::decode(const PictureRequest &request)
     if (isCut)
         return fail(incompletePicture());
     QImage image = m_reader.read();
-    if (image.isNull())
+    if (image.isNull() || image.size() != m_size)
         return fail(damagedPicture());
     const QColorSpace space = image.colorSpace();
     return fitPicture(std::move(image), m_orientation, space, request);
