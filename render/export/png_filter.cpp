@@ -23,7 +23,7 @@ void filterFrom(const uint8_t *__restrict row, const uint8_t *__restrict above, 
         const auto toUp = static_cast<int16_t>(std::abs(static_cast<int16_t>(left - corner)));
         const auto toCorner = static_cast<int16_t>(std::abs(static_cast<int16_t>(left + up - 2 * corner)));
         const int16_t upOrCorner = toUp <= toCorner ? up : corner;
-        const int16_t nearest = (toLeft <= toUp) & (toLeft <= toCorner) ? left : upOrCorner;
+        const int16_t nearest = ((toLeft <= toUp) & (toLeft <= toCorner)) ? left : upOrCorner;
         out[i] = static_cast<uint8_t>(row[i] - nearest);
     }
 }

@@ -38,7 +38,7 @@ Error improperName(const QString &path)
 /// One order for all users, whatever their language.
 void sortAsPeopleCount(QStringList &names)
 {
-    QCollator collator(QLocale(QLocale::English));
+    QCollator collator{QLocale(QLocale::English)};
     collator.setNumericMode(true);
     std::ranges::sort(names, [&](const QString &a, const QString &b) {
         const int order = collator.compare(a, b);
