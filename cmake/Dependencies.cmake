@@ -9,6 +9,7 @@ find_package(PNG REQUIRED)
 
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ISAL REQUIRED IMPORTED_TARGET libisal)
+pkg_check_modules(HARFBUZZ REQUIRED IMPORTED_TARGET harfbuzz)
 pkg_check_modules(LCMS REQUIRED IMPORTED_TARGET lcms2)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
 

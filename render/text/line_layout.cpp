@@ -244,6 +244,8 @@ LineLayout::LineLayout(const QString &text, const QFont &font)
             m_runs.push_back({run, !isBoldPart && isLight(run.rawFont()) ? addedBoldness * m_fontSize : 0});
         start += length;
     }
+    if (std::ranges::any_of(m_runs, [](const Run &run) { return isEmojiFont(run.glyphs.rawFont()); }))
+        nameEmoji(shown, layout);
     const QRawFont textFont = QRawFont::fromFont(font);
     const Others others = othersIn(shown, textFont);
     // The text fonts hardly reach beyond an advance.
@@ -256,6 +258,21 @@ LineLayout::LineLayout(const QString &text, const QFont &font)
         for (QPointF &position : positions)
             position += shift;
         run.setPositions(positions);
+    }
+}
+
+void LineLayout::nameEmoji(const QString &text, const QTextLayout &layout)
+{
+    QSet<QStringView> named;
+    for (const TextRun &run : emojiRuns(text)) {
+        const QStringView emoji = QStringView(text).sliced(run.start, run.length);
+        if (named.contains(emoji))
+            continue;
+        named.insert(emoji);
+        const QList<QGlyphRun> drawn =
+            layout.glyphRuns(static_cast<int>(run.start), static_cast<int>(run.length));
+        if (drawn.size() == 1 && drawn[0].glyphIndexes().size() == 1)
+            m_emoji.insert(drawn[0].glyphIndexes()[0], emoji.toString());
     }
 }
 
@@ -294,7 +311,7 @@ void LineLayout::draw(QPainter &painter, const QColor &colour) const
     for (const auto &[run, pen] : m_runs) {
         const QRawFont font = run.rawFont();
         if (isEmojiFont(font)) {
-            drawEmojiRun(painter, run);
+            drawEmojiRun(painter, run, m_emoji);
             continue;
         }
         const bool hasLetters = !isPlaceholder(font);

@@ -2,6 +2,7 @@
 
 #include "render/text/fonts.h"
 
+#include <QtCore/QHash>
 #include <QtGui/QTextLayout>
 
 #include <vector>
@@ -47,6 +48,9 @@ private:
     /// could draw.
     void makeRoom(const QRawFont &textFont, double baseline, bool wholeFonts);
 
+    /// Learns which emoji of `text` a glyph stands for.
+    void nameEmoji(const QString &text, const QTextLayout &layout);
+
     struct Run
     {
         QGlyphRun glyphs;
@@ -54,6 +58,7 @@ private:
     };
 
     std::vector<Run> m_runs;
+    QHash<quint32, QString> m_emoji; // what the glyphs of the emoji font stand for
     double m_width = 0;
     double m_ascent = 0;
     double m_height = 0;
