@@ -2,10 +2,10 @@
 // how long it takes to open, how long from a mouse move or a key to the frame that shows it, and its memory.
 
 #include "content/openai_service.h"
-#include "tests/ui/editor/editor_session.h"
+#include "tests/ui/slide/editor_session.h"
 #include "tests/ui/test_file_panels.h"
-#include "ui/editor/draggable_text_view.h"
 #include "ui/editor/slideshow_detail_view.h"
+#include "ui/slide/draggable_text_view.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QRandomGenerator>

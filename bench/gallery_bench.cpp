@@ -10,8 +10,8 @@
 #include "model/asset.h"
 #include "model/console.h"
 #include "model/slideshow.h"
-#include "ui/editor/slide_preview_view.h"
 #include "ui/library/gallery_view.h"
+#include "ui/slide/slide_preview_view.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTimer>

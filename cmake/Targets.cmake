@@ -21,10 +21,10 @@ function(mosslantern_library name)
   mosslantern_check_levels(${name})
 endfunction()
 
-# Fails the build when a file in the folder of `target` includes what its level must not know.
+# Fails the build when a file in the folder of `target` includes or imports what its level must not know.
 function(mosslantern_check_levels target)
   file(GLOB_RECURSE files CONFIGURE_DEPENDS
-    "${CMAKE_CURRENT_SOURCE_DIR}/*.h" "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+    "${CMAKE_CURRENT_SOURCE_DIR}/*.h" "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
   set(stamp "${CMAKE_CURRENT_BINARY_DIR}/levels.stamp")
   set(script "${CMAKE_SOURCE_DIR}/cmake/CheckLevels.cmake")
   add_custom_command(OUTPUT "${stamp}"

@@ -1,7 +1,7 @@
 import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
-import Mosslantern.Library
+import Mosslantern.Generator
 import Mosslantern.App
 import Mosslantern.Update
 
@@ -134,7 +134,7 @@ FocusScope {
 
     /// The template library on a text of its own, for developers and tests.
     function showContentLibrary() {
-        sheets.setSource("../Library/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
+        sheets.setSource("../Generator/ContentLibrarySheet.qml", {"context": context, "textInput": contentText, "visible": true})
     }
 
     // What is seldom seen is made when it is asked for.
@@ -184,10 +184,15 @@ FocusScope {
         }
     }
 
+    function propertiesOf(screen: int): var {
+        const makesSlideshows = screen === 2
+        return makesSlideshows ? {"context": context, "historyScreen": Qt.resolvedUrl("../Library/GalleryScreen.qml")} : {"context": context}
+    }
+
     function showSelectedScreen() {
         if (content.selectedIndex < 0)
             detail.setSource("")
         else
-            detail.setSource(screens[content.selectedIndex], {"context": context})
+            detail.setSource(screens[content.selectedIndex], propertiesOf(content.selectedIndex))
     }
 }

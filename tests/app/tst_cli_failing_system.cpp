@@ -114,8 +114,8 @@ private:
         return u' ' + QString::fromLatin1(readFile(url.toLocalFile()).toBase64());
     }
 
-    /// The slides of a folder; what is no whole picture is null. Their pixels are compared and not their bytes,
-    /// because ISA-L packs some bands in one of two ways, depending on an address.
+    /// The slides of a folder; what is no whole picture is null. Their pixels are compared and not their
+    /// bytes, because ISA-L packs some bands in one of two ways, depending on an address.
     std::map<QString, QImage> files(const QString &folder) const
     {
         std::map<QString, QImage> found;

@@ -1,6 +1,7 @@
 import QtQuick
 import Mosslantern.Common
 import Mosslantern.Editor
+import Mosslantern.Slide
 
 /// A slide in the list of slides.
 Item {

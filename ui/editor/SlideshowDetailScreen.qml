@@ -4,6 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Editor
+import Mosslantern.Slide
 
 /// The editor of one slideshow: its slides, the canvas and the inspector side by side.
 FocusScope {

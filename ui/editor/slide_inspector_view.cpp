@@ -1,6 +1,6 @@
 #include "ui/editor/slide_inspector_view.h"
 
-#include "ui/editor/colors.h"
+#include "ui/slide/style_choices.h"
 
 namespace mosslantern {
 
@@ -69,17 +69,6 @@ void SlideInspectorView::setSubtitle(const QString &subtitle)
         m_slide->setSubtitle(subtitle);
 }
 
-QStringList SlideInspectorView::styleNames()
-{
-    QStringList names;
-    for (const TextStyle style : allTextStyles) {
-        QString name = rawText(style);
-        name[0] = name[0].toUpper();
-        names.append(name);
-    }
-    return names;
-}
-
 void SlideInspectorView::setTextStyle(int style)
 {
     if (m_slide && style >= 0 && style < static_cast<int>(allTextStyles.size()))
@@ -88,13 +77,12 @@ void SlideInspectorView::setTextStyle(int style)
 
 int SlideInspectorView::colorChoice() const
 {
-    return choiceOf(m_boxColor, showsBoxColor() ? boxColors : borderColors);
+    return mosslantern::colorChoice(shownStyle(), m_boxColor);
 }
 
 void SlideInspectorView::chooseColor(int choice)
 {
-    const auto &choices = showsBoxColor() ? boxColors : borderColors;
-    setBoxColor(choices.at(static_cast<size_t>(choice)));
+    setBoxColor(colorChoices(shownStyle()).at(static_cast<size_t>(choice)));
 }
 
 void SlideInspectorView::setSelectedPreset(SlidePreset *preset)

@@ -4,6 +4,7 @@
 #include "model/rgba_color.h"
 #include "model/slide_preset.h"
 #include "model/slideshow.h"
+#include "ui/slide/style_choices.h"
 
 #include <QtCore/QPointer>
 #include <QtQml/qqmlregistration.h>
@@ -60,13 +61,7 @@ public:
     QString subtitle() const { return m_slide ? m_slide->subtitle() : QString(); }
     void setSubtitle(const QString &subtitle);
 
-    /// For people, in the order of the styles.
-    static QStringList styleNames();
-
-    int textStyle() const
-    {
-        return static_cast<int>(m_slide ? m_slide->style().textStyle : TextStyle::classic);
-    }
+    int textStyle() const { return static_cast<int>(shownStyle()); }
     void setTextStyle(int style);
 
     /// Which of the two colour pickers is shown: white or black for boxed, black or clear for classic.
@@ -131,6 +126,8 @@ signals:
     void newPresetNameChanged();
 
 private:
+    static QStringList styleNames() { return mosslantern::styleNames(); }
+    TextStyle shownStyle() const { return m_slide ? m_slide->style().textStyle : TextStyle::classic; }
     bool hasSelectedPreset() const { return m_selectedPreset; }
 
     Store &m_store;

@@ -2,7 +2,6 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
-import Mosslantern.Library
 
 /// The controls of the generator, in cards one below the other.
 Rectangle {
@@ -127,7 +126,7 @@ Rectangle {
         target: root.panel
         function onShowingLibraryChanged() {
             if (root.panel.showingLibrary)
-                library.setSource("../Library/ContentLibrarySheet.qml",
+                library.setSource("ContentLibrarySheet.qml",
                                   {"context": root.context, "textInput": root.panel.generator.textInput, "visible": true})
         }
     }

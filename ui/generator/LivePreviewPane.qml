@@ -1,6 +1,6 @@
 import QtQuick
 import Mosslantern.Common
-import Mosslantern.Editor
+import Mosslantern.Slide
 import Mosslantern.Generator
 
 /// The large preview of one entry, whose texts can be dragged, scaled and retyped.
@@ -20,10 +20,8 @@ FocusScope {
     }
     ClickHandler {
         onTapped: (tap) => {
-            const point = content.mapFromItem(root, tap.position.x, tap.position.y)
-            if (!root.preview.mainBlock.contains(point)
-                    && !(root.preview.hasSubtitle && root.preview.subtitleBlock.contains(point)))
-                content.forceActiveFocus(Qt.MouseFocusReason)
+            if (editable.isBesideTexts(root, tap.position))
+                editable.content.forceActiveFocus(Qt.MouseFocusReason)
         }
     }
     Item {
@@ -40,68 +38,43 @@ FocusScope {
             root.preview.area = Qt.size(width, height)
         }
 
-        CanvasArea {
-            id: content
-            objectName: "livePreview"
+        EditableSlide {
+            id: editable
+            anchors.fill: parent
+            mainBlock: root.preview.mainBlock
+            subtitleBlock: root.preview.subtitleBlock
+            hasSubtitle: root.preview.hasSubtitle
             frame: root.frame
-            clip: true
-
-            Item {
-                id: picture
-                anchors.fill: parent
-
-                Rectangle {
-                    anchors.fill: parent
-                    visible: root.preview.asset === null
-                    radius: Theme.canvasRadius
-                    color: Theme.emptyCanvas
-
-                    Symbol {
-                        anchors.centerIn: parent
-                        name: "photo"
-                        size: Theme.emptySymbol
-                        color: Theme.secondary
-                    }
-                }
-                AssetBackground {
-                    objectName: "livePicture"
-                    anchors.fill: parent
-                    asset: root.preview.asset
-                    canvasSize: Qt.size(root.frame.width, root.frame.height)
-                }
-            }
-            TextBlockItem {
-                anchors.fill: parent
-                block: root.preview.mainBlock
-            }
-            TextBlockItem {
-                anchors.fill: parent
-                visible: root.preview.hasSubtitle
-                block: root.preview.subtitleBlock
-            }
-            EditableText {
-                objectName: "liveMainText"
-                block: root.preview.mainBlock
-                label: qsTr("Main Text")
-            }
-            EditableText {
-                objectName: "liveSubtitle"
-                visible: root.preview.hasSubtitle
-                onVisibleChanged: if (!visible) block.isFocused = false
-                block: root.preview.subtitleBlock
-                label: qsTr("Subtitle")
-            }
-        }
-        CanvasFrame {
-            anchors.fill: content
-            visible: content.width > 0
             backdrop: backdrop.color
             shadowStrength: 0.5
+            contentName: "livePreview"
+            mainTextName: "liveMainText"
+            subtitleTextName: "liveSubtitle"
+
+            Rectangle {
+                anchors.fill: parent
+                visible: root.preview.asset === null
+                radius: Theme.canvasRadius
+                color: Theme.emptyCanvas
+
+                Symbol {
+                    anchors.centerIn: parent
+                    name: "photo"
+                    size: Theme.emptySymbol
+                    color: Theme.secondary
+                }
+            }
+            AssetBackground {
+                objectName: "livePicture"
+                anchors.fill: parent
+                asset: root.preview.asset
+                canvasSize: Qt.size(root.frame.width, root.frame.height)
+            }
         }
     }
     NumberAnimation {
         id: appearing
-        target: content
+        target: editable.content
         property: "opacity"
         from: 0.3
         to: 1

@@ -7,6 +7,8 @@ FocusScope {
     id: root
 
     required property ScreenContext context
+    /// The screen of the other tab, which has a context as well.
+    required property url historyScreen
     /// 0 to make slideshows, 1 for those that were made.
     property alias currentTab: tabs.currentIndex
 
@@ -28,7 +30,7 @@ FocusScope {
         onCurrentIndexChanged: {
             screen.preview.endEditing()
             if (currentIndex === 1 && history.status === Loader.Null)
-                history.setSource("../Library/GalleryScreen.qml", {"context": root.context})
+                history.setSource(root.historyScreen, {"context": root.context})
         }
     }
     Item {

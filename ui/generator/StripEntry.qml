@@ -1,6 +1,6 @@
 import QtQuick
 import Mosslantern.Common
-import Mosslantern.Editor
+import Mosslantern.Slide
 import Mosslantern.Generator
 
 /// A small preview of one entry.

@@ -2,8 +2,7 @@
 
 #include "content/slide_content.h"
 #include "content/slide_documents.h"
-#include "ui/editor/colors.h"
-#include "ui/editor/slide_inspector_view.h"
+#include "ui/slide/style_choices.h"
 
 #include <cmath>
 
@@ -99,7 +98,7 @@ void GeneratorView::setShape(int shape)
 
 QStringList GeneratorView::styleNames()
 {
-    return SlideInspectorView::styleNames();
+    return mosslantern::styleNames();
 }
 
 void GeneratorView::setStyle(int style)
@@ -109,13 +108,12 @@ void GeneratorView::setStyle(int style)
 
 int GeneratorView::colorChoice() const
 {
-    return choiceOf(m_generator.boxColor(), showsBoxColor() ? boxColors : borderColors);
+    return mosslantern::colorChoice(m_generator.selectedStyle(), m_generator.boxColor());
 }
 
 void GeneratorView::chooseColor(int choice)
 {
-    const auto &choices = showsBoxColor() ? boxColors : borderColors;
-    m_generator.setBoxColor(choices.at(static_cast<size_t>(choice)));
+    m_generator.setBoxColor(colorChoices(m_generator.selectedStyle()).at(static_cast<size_t>(choice)));
 }
 
 void GeneratorView::checkContent()

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ui/editor/draggable_text_view.h"
 #include "ui/generator/slideshow_generator.h"
+#include "ui/slide/draggable_text_view.h"
 
 #include <QtCore/QRectF>
 

@@ -1,6 +1,6 @@
 import QtQuick
 import Mosslantern.Common
-import Mosslantern.Editor
+import Mosslantern.Slide
 import Mosslantern.Library
 
 /// One slideshow: its first slide and, below it, what it consists of. The pointer raises it.

@@ -2,8 +2,8 @@
 
 #include "model/collection.h"
 #include "model/live_query.h"
+#include "ui/common/list_selection.h"
 #include "ui/common/screen_context.h"
-#include "ui/library/list_selection.h"
 
 #include <optional>
 

@@ -3,10 +3,10 @@
 
 #include "content/openai_service.h"
 #include "model/image_files.h"
-#include "tests/ui/editor/editor_session.h"
+#include "tests/ui/slide/editor_session.h"
 #include "tests/ui/test_file_panels.h"
-#include "ui/editor/draggable_text_view.h"
 #include "ui/editor/slideshow_detail_view.h"
+#include "ui/slide/draggable_text_view.h"
 
 #include <QtCore/QDir>
 

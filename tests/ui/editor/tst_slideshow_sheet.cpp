@@ -2,7 +2,7 @@
 
 #include "tests/ui/ui_session.h"
 #include "ui/common/interface_fonts.h"
-#include "ui/editor/draggable_text_view.h"
+#include "ui/slide/draggable_text_view.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QApplication>

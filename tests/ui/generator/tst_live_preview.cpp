@@ -1,5 +1,5 @@
 #include "tests/ui/generator/generator_test.h"
-#include "ui/generator/asset_background.h"
+#include "ui/slide/asset_background.h"
 
 using namespace mosslantern;
 using namespace Qt::StringLiterals;
