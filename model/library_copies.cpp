@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 
 namespace mosslantern {
 
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr size_t keptCopies = 5;
+constexpr std::chrono::hours copyInterval(1);
 constexpr int pagesPerStep = 256; // a megabyte, some milliseconds
 
 constexpr auto nameFormat = "yyyy-MM-dd'.sqlite'"_L1;
@@ -57,15 +59,17 @@ std::vector<LibraryCopy> copiesOf(const LibraryLocation &location)
     return copies;
 }
 
-bool isCopyDue(const LibraryLocation &location, const QDate &today)
+bool isCopyDue(const LibraryLocation &location, const QDateTime &now)
 {
     const std::vector<LibraryCopy> copies = copiesOf(location);
     if (copies.empty())
         return true;
+    const LibraryCopy &newest = copies.front();
+    const QDateTime copiedAt = QFileInfo(newest.file).lastModified();
+    const bool isOld = newest.day < now.date() || copiedAt + copyInterval <= now;
     const QFileInfo log(location.storeFile() + "-wal"_L1);
-    return copies.front().day < today &&
-           (log.size() > 0 ||
-            QFileInfo(location.storeFile()).lastModified() > QFileInfo(copies.front().file).lastModified());
+    return isOld && newest.day <= now.date() &&
+           (log.size() > 0 || QFileInfo(location.storeFile()).lastModified() > copiedAt);
 }
 
 Result<> copyLibrary(SQLite::Database &database, const LibraryLocation &location, const QDate &today,

@@ -10,7 +10,7 @@ namespace mosslantern {
 struct Recovery
 {
     qint64 records = 0;       // in the library that took its place
-    qint64 lost = 0;          // records of the damaged one that are known to be missing
+    qint64 lost = 0;          // records of the damaged one that are known to be missing in it
     bool isDoubtful = false;  // whether some records may not be as they were saved
     QString damagedFile = {}; // where the damaged file is now, as it was
 };

@@ -18,8 +18,25 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
+
 constexpr auto retryInterval = 10s;
+
+/// Takes what the log holds into the file, which can do without it then.
+Result<> foldLog(SQLite::Database &database, const QString &storeFile)
+{
+    QString problem;
+    try {
+        const std::string mode = database.execAndGet("PRAGMA journal_mode = DELETE").getString();
+        if (mode == "delete")
+            return {};
+        problem = u"its log could not be removed"_s;
+    } catch (const SQLite::Exception &exception) {
+        problem = QString::fromUtf8(exception.what());
+    }
+    return fail(u"“%1” could not be written: %2"_s.arg(storeFile, problem));
 }
+
+} // namespace
 
 Result<std::unique_ptr<Store>> Store::open(const LibraryLocation &location)
 {
@@ -59,7 +76,8 @@ Result<> Store::writeNew(const QString &storeFile, StoredRecords records)
             (*store)->noteUnsaved(record);
         }
     }
-    return (*store)->flush();
+    const Result<> written = (*store)->flush();
+    return written ? foldLog(*(*store)->m_database, storeFile) : written;
 }
 
 bool Store::takeOver(StoredRecords &stored)

@@ -94,7 +94,7 @@ void StoreUpkeep::run(const std::function<void()> &checked)
 
 void StoreUpkeep::makeCopyOfTheDay()
 {
-    const QDate today = QDate::currentDate();
+    const QDateTime now = QDateTime::currentDateTime();
     auto held = holdDatabase();
     const auto mayGoOn = [&] {
         held.unlock();
@@ -102,10 +102,10 @@ void StoreUpkeep::makeCopyOfTheDay()
         held.lock();
         return !m_isEnding;
     };
-    if (!hasRecords(m_database) || !isCopyDue(m_location, today))
+    if (!hasRecords(m_database) || !isCopyDue(m_location, now))
         return;
     // What fails now is tried again with the next start.
-    static_cast<void>(copyLibrary(m_database, m_location, today, mayGoOn));
+    static_cast<void>(copyLibrary(m_database, m_location, now.date(), mayGoOn));
 }
 
 } // namespace mosslantern

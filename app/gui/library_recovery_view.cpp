@@ -26,28 +26,28 @@ QString LibraryRecoveryView::copy() const
 {
     if (!m_copy)
         return {};
-    return tr("the copy of %1, which has %2")
+    return tr("the copy of %1, which has %2 and nothing that came later")
         .arg(QLocale().toString(m_copy->day, QLocale::LongFormat), recordCount(m_copy->records));
 }
 
 void LibraryRecoveryView::useCopy()
 {
     if (m_copy)
-        finish(mosslantern::useCopy(m_location, *m_copy));
+        finish(mosslantern::useCopy(m_location, *m_copy), tr("%1 more were not in the copy."));
 }
 
 void LibraryRecoveryView::rescue()
 {
-    finish(rescueLibrary(m_location));
+    finish(rescueLibrary(m_location), tr("%1 more could not be read."));
 }
 
-void LibraryRecoveryView::finish(const Result<Recovery> &recovery)
+void LibraryRecoveryView::finish(const Result<Recovery> &recovery, const QString &lostCount)
 {
     m_problem = recovery ? QString() : recovery.error().message;
     if (recovery) {
         m_outcome = tr("Your library has %1 now.").arg(recordCount(recovery->records));
         if (recovery->lost > 0)
-            m_outcome += u' ' + tr("%1 more could not be read.").arg(recovery->lost);
+            m_outcome += u' ' + lostCount.arg(recovery->lost);
         if (recovery->isDoubtful)
             m_outcome += u' ' + tr("Some may not be as you left them.");
         m_outcome += u' ' + tr("The damaged file is still there, as “%1”.").arg(recovery->damagedFile);

@@ -39,7 +39,8 @@ signals:
     void openRequested();
 
 private:
-    void finish(const Result<Recovery> &recovery);
+    /// `lostCount` says in words how many records are lost, with the number as %1.
+    void finish(const Result<Recovery> &recovery, const QString &lostCount);
 
     LibraryLocation m_location;
     std::optional<LibraryCopy> m_copy;

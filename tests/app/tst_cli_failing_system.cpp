@@ -22,6 +22,16 @@ private slots:
                     .run(u"generate --library before --content content.txt --count 2 --shape 1:1 "
                          "--batch-name B --seed 1"_s)
                     .succeeded());
+        for (const QString &file : m_tool.files(u"before"_s)) {
+            if (!file.contains(u"-copies/"_s))
+                m_tool.write(u"damaged/"_s + file, m_tool.read(u"before/"_s + file));
+        }
+        m_damaged = m_tool.read(u"before/library.sqlite"_s);
+        m_tool.write(u"damaged/library.sqlite-copies/2026-03-01.sqlite"_s, m_damaged);
+        const qsizetype place = m_damaged.indexOf("नमस्ते");
+        m_damaged[place] = static_cast<char>(m_damaged[place] ^ 1);
+        m_tool.write(u"damaged/library.sqlite"_s, m_damaged);
+        m_tool.write(u"damaged/library.sqlite-wal"_s, m_log);
     }
 
     void everyFailureIsSaidAndLosesNothing_data()
@@ -34,10 +44,13 @@ private slots:
         const QString make = u"make --images new --content content.txt --shape 1:1 --out out --batch-name M "
                              "--seed 2"_s;
         const QString save = u"delete batch --library library B"_s;
+        const QString useCopy = u"recover --library library --use-copy"_s;
+        const QString rescue = u"recover --library library --rescue"_s;
         for (const char *const kind : {"write", "open", "rename", "fsync", "mmap", "clone"}) {
-            for (const QString &line : {import, generate, exporting, make, save}) {
+            for (const QString &line : {import, generate, exporting, make, save, useCopy, rescue}) {
                 const QString command = line.section(u' ', 0, 0);
-                row(qPrintable(command + u' ' + QLatin1String(kind)), line, QString::fromLatin1(kind));
+                const QString how = line == rescue ? u" rescue "_s : u" "_s;
+                row(qPrintable(command + how + QLatin1String(kind)), line, QString::fromLatin1(kind));
             }
         }
     }
@@ -46,10 +59,10 @@ private slots:
     {
         QFETCH(QString, line);
         QFETCH(QString, kind);
-        prepare();
+        prepare(line);
         const QStringList before = library();
         const Outcome untroubled = run(line, kind + u" 0"_s);
-        QVERIFY2(untroubled.succeeded(), untroubled.all());
+        QVERIFY2(untroubled.status == 0, untroubled.all());
         const QStringList after = library();
         const std::map<QString, QImage> written = files(u"out"_s);
         const int calls = m_tool.read(u"calls"_s).trimmed().toInt();
@@ -57,7 +70,7 @@ private slots:
         for (const char *const onwards : {"", "+"}) {
             for (int call = 1; call <= calls && (!*onwards || kind == u"write"_s || kind == u"clone"_s);
                  ++call) {
-                prepare();
+                prepare(line);
                 const QString failing = u"%1 %2%3"_s.arg(kind).arg(call).arg(QLatin1String(onwards));
                 const Outcome outcome = run(line, failing);
                 const QString fault = verdict(outcome, before, after, written);
@@ -70,13 +83,14 @@ private slots:
     }
 
 private:
-    void prepare() const
+    void prepare(const QString &line) const
     {
+        const QString source = line.startsWith(u"recover"_s) ? u"damaged/"_s : u"before/"_s;
         for (const QString &folder : {u"library"_s, u"out"_s})
             QDir(m_tool.path(folder)).removeRecursively();
         QFile::remove(m_tool.path(u"calls"_s));
-        for (const QString &file : m_tool.files(u"before"_s))
-            m_tool.write(u"library/"_s + file, m_tool.read(u"before/"_s + file));
+        for (const QString &file : m_tool.files(source))
+            m_tool.write(u"library/"_s + file, m_tool.read(source + file));
     }
 
     Outcome run(const QString &line, const QString &failing)
@@ -91,13 +105,19 @@ private:
         return Tool::finish(*process);
     }
 
-    /// All records, each with the bytes of its picture.
+    /// All records, each with the bytes of its picture, and what is kept of a damaged library.
     QStringList library() const
     {
+        QStringList records;
+        for (const auto &[what, bytes] : {std::pair(u"damaged file"_s, m_damaged), {u"its log"_s, m_log}}) {
+            if (std::ranges::any_of(m_tool.files(u"library"_s), [&](const QString &file) {
+                    return m_tool.read(u"library/"_s + file) == bytes;
+                }))
+                records << what;
+        }
         const auto store = Store::open(LibraryLocation::inFolder(m_tool.path(u"library"_s)));
         if (!store)
-            return {u"cannot be opened: "_s + store.error().message};
-        QStringList records;
+            return records << u"cannot be opened: "_s + store.error().message;
         for (const Asset *asset : (*store)->all<Asset>())
             records << u"asset "_s + asset->name() + picture(asset->fileURL());
         for (const Slideshow *slideshow : (*store)->all<Slideshow>()) {
@@ -153,6 +173,8 @@ private:
     }
 
     Tool m_tool;
+    QByteArray m_damaged; // the file of a library
+    QByteArray m_log = "what an interrupted save has left";
 };
 
 QTEST_GUILESS_MAIN(CliFailingSystemTest)

@@ -177,12 +177,27 @@ private slots:
         library.close();
         SQLite::Database database(QFile::encodeName(library.storeFile()).toStdString());
         const QDate first(2026, 2, 26);
-        QVERIFY(isCopyDue(library.location(), first));
+        QVERIFY(isCopyDue(library.location(), first.startOfDay()));
         for (int day = 0; day < 7; ++day)
             QVERIFY(copyLibrary(database, library.location(), first.addDays(day), [] { return true; }));
         QVERIFY(copyLibrary(database, library.location(), first.addDays(8), [] { return false; }));
-        QVERIFY(!isCopyDue(library.location(), first.addDays(6)));
-        QVERIFY2(!isCopyDue(library.location(), first.addDays(9)), "nothing has changed since");
+        const auto isDue = [&](const QTime &savedAt, const QDateTime &now) {
+            const QDateTime copiedAt(first.addDays(6), {10, 0});
+            for (const auto &[file, time] : {std::pair(copiesOf(library.location())[0].file, copiedAt),
+                                             {library.storeFile(), QDateTime(copiedAt.date(), savedAt)}}) {
+                QFile changed(file);
+                if (!changed.open(QIODevice::ReadWrite) ||
+                    !changed.setFileTime(time, QFileDevice::FileModificationTime))
+                    qFatal("cannot set the time of a file");
+            }
+            return isCopyDue(library.location(), now);
+        };
+        const QDateTime noon(first.addDays(6), {12, 0});
+        QVERIFY(isDue({10, 30}, noon));
+        QVERIFY(isDue({10, 30}, noon.addDays(3)));
+        QVERIFY2(!isDue({10, 30}, noon.addSecs(-3660)), "the copy is not an hour old");
+        QVERIFY2(!isDue({9, 0}, noon.addDays(3)), "nothing has changed since");
+        QVERIFY2(!isDue({10, 30}, noon.addDays(-1)), "the clock went back");
 
         const QDir folder(library.location().copyFolder());
         QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden, QDir::Name),
@@ -261,6 +276,40 @@ private slots:
         database.exec("UPDATE asset SET name = 'm'");
         database = SQLite::Database(":memory:");
         QVERIFY(library.openingError().endsWith(u"the table “asset” is not as it was saved."_s));
+    }
+
+    void aCopyTellsWhatCameLater()
+    {
+        TestLibrary library;
+        fill(library);
+        QVERIFY(QDir().mkpath(library.location().copyFolder()));
+        const LibraryCopy copy{.day = {2026, 3, 1},
+                               .file = library.location().copyFolder() + u"/2026-03-01.sqlite"_s};
+        QVERIFY(QFile::copy(library.storeFile(), copy.file));
+        const qsizetype copied = contentsOf(library.store()).size();
+        library.close();
+        const auto spoil = [&] {
+            library.close();
+            QByteArray bytes = readFile(library.storeFile());
+            const qsizetype place = bytes.indexOf("asset 7 of 7");
+            bytes[place] = static_cast<char>(bytes[place] ^ 1);
+            writeFile(library.storeFile(), bytes);
+        };
+        spoil();
+        Result<Recovery> recovery = useCopy(library.location(), copy);
+        QVERIFY(recovery);
+        QCOMPARE(recovery->records, copied);
+        QCOMPARE(recovery->lost, 0);
+
+        library.reopen();
+        for (int i = 0; i < 7; ++i)
+            library.addCollection(u"later %1"_s.arg(i));
+        library.addSlideshow(library.addAsset(u"later"_s), {u"one"_s, u"two"_s}, u"batch"_s);
+        spoil();
+        recovery = useCopy(library.location(), copy);
+        QVERIFY(recovery);
+        QCOMPARE(recovery->lost, 7 + 1 + 3);
+        QCOMPARE(contentsOf(library.reopen()).size(), copied);
     }
 };
 
