@@ -3,7 +3,7 @@
 // their ratios. Usage: export_bench FOLDER [THREADS [ROUNDS]]
 
 #include "render/export/png_encoder.h"
-#include "render/export/png_file.h"
+#include "render/export/slide_file.h"
 #include "render/export/slide_renderer.h"
 #include "render/memory.h"
 #include "render/picture/picture_geometry.h"
@@ -72,7 +72,7 @@ void floorSlide(const QString &picture, const QString &to)
                               .scaled(canvas, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                               .convertToFormat(QImage::Format_RGBA8888);
     const PngBand all = encodePngBand(scaled.constBits(), nullptr, canvas.width(), canvas.height(), true);
-    if (!writePngFile(to, {canvas, {all}, {}}))
+    if (!writeSlideFile(to, {canvas, {all}, {}}))
         std::fprintf(stderr, "could not write %s\n", qPrintable(to));
 }
 
@@ -108,7 +108,7 @@ Figures measureOurs(const QStringList &pictures, TextStyle style, int threads, c
         for (size_t first = 0; first < jobs.size(); first += slideshow) {
             const std::span part = std::span(jobs).subspan(first, std::min(slideshow, jobs.size() - first));
             renderer.render(part, [&](size_t index, const EncodedSlide &slide) {
-                return writePngFile(folder + u"/%1.png"_s.arg(first + index), slide).has_value();
+                return writeSlideFile(folder + u"/%1.png"_s.arg(first + index), slide).has_value();
             });
         }
     });

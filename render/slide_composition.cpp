@@ -59,10 +59,12 @@ std::vector<Layer> drawTexts(const SlideValues &values, const Canvas &canvas)
     return layers;
 }
 
-SlideComposition::SlideComposition(const Canvas &canvas, Background background, std::vector<Layer> texts)
+SlideComposition::SlideComposition(const Canvas &canvas, Background background, std::vector<Layer> texts,
+                                   Corners corners)
     : m_canvas(canvas)
     , m_size(canvas.pixelSize())
     , m_texts(std::move(texts))
+    , m_corners(corners)
 {
     bool opaque = false;
     if (auto *fill = std::get_if<PictureFill>(&background)) {
@@ -72,7 +74,7 @@ SlideComposition::SlideComposition(const Canvas &canvas, Background background, 
         m_color = std::get<RgbaColor>(background);
         opaque = toPixel(m_color)[3] == 255;
     }
-    if (opaque)
+    if (opaque && corners == Corners::rounded)
         m_corner = opaqueCorner();
 }
 
@@ -100,6 +102,10 @@ std::optional<SlideComposition::Corner> SlideComposition::opaqueCorner() const
 
 void SlideComposition::paintRows(int first, int count, uint8_t *out) const
 {
+    if (m_corners == Corners::square) {
+        paintContent(first, count, out);
+        return;
+    }
     if (!m_corner) {
         frameRows(first, count, out);
         return;

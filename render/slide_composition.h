@@ -1,6 +1,7 @@
 #pragma once
 
 #include "render/canvas.h"
+#include "render/corners.h"
 #include "render/pixels/alpha_plane.h"
 #include "render/pixels/resampler.h"
 #include "render/slide_values.h"
@@ -28,12 +29,14 @@ inline constexpr RgbaColor missingPictureColor{142 / 255.0, 142 / 255.0, 147 / 2
 [[nodiscard]] std::vector<Layer> drawTexts(const SlideValues &values, const Canvas &canvas);
 
 /// A whole slide, ready to be painted: background, texts, rounded corners (radius 8 points, continuous) and
-/// the shadow of the canvas (black 33 %, radius 2) in what the corners leave free. The one painter of slides.
-/// Painting only reads: rows may be painted in any grouping, in several threads at once.
+/// the shadow of the canvas (black 33 %, radius 2) in what the corners leave free, if they are not square.
+/// The one painter of slides. Painting only reads: rows may be painted in any grouping, in several threads at
+/// once.
 class SlideComposition
 {
 public:
-    SlideComposition(const Canvas &canvas, Background background, std::vector<Layer> texts);
+    SlideComposition(const Canvas &canvas, Background background, std::vector<Layer> texts,
+                     Corners corners = Corners::rounded);
 
     [[nodiscard]] QSize size() const { return m_size; }
 
@@ -62,6 +65,7 @@ private:
     RgbaColor m_color;
     std::optional<Resampler> m_picture;
     std::vector<Layer> m_texts;
+    Corners m_corners;
     std::optional<Corner> m_corner; // none: the content is not opaque, or too small for four whole corners
 };
 

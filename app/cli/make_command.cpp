@@ -1,5 +1,6 @@
 #include "app/cli/batch_generation.h"
 #include "app/cli/commands.h"
+#include "app/cli/export_options.h"
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
@@ -65,18 +66,21 @@ private:
 };
 
 /// The slides of one content; none when it has no slides or there is no picture.
-std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design, PictureLot &pictures)
+std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design,
+                               const ExportOptions &options, PictureLot &pictures)
 {
     std::vector<SlideJob> jobs;
     for (const SlideText &text : slideTexts(content, mostSlidesOfSlideshow)) {
         if (const std::optional<QString> picture = pictures.draw())
-            jobs.push_back({{text.main, text.subtitle, design.style}, exportCanvas(design.shape), *picture});
+            jobs.push_back(
+                exportJob({text.main, text.subtitle, design.style}, *picture, design.shape, options));
     }
     return jobs;
 }
 
 /// From the original files: nothing is written but the slides, nothing read but what they show.
-int makeSlides(const BatchRequest &request, const PictureFiles &found, const QString &out)
+int makeSlides(const BatchRequest &request, const ExportOptions &options, const PictureFiles &found,
+               const QString &out)
 {
     const Interruption interruption;
     const Result<QStringList> contents = batchContents(request, interruption);
@@ -89,7 +93,7 @@ int makeSlides(const BatchRequest &request, const PictureFiles &found, const QSt
     std::vector<std::vector<SlideJob>> slideshows;
     std::optional<Progress> progress(std::in_place, u"slideshows prepared"_s);
     for (qsizetype i = 0; i < contents->size() && !interruption.isRequested(); ++i) {
-        if (auto jobs = slidesOf(contents->at(i), request.design, pictures); !jobs.empty())
+        if (auto jobs = slidesOf(contents->at(i), request.design, options, pictures); !jobs.empty())
             slideshows.push_back(std::move(jobs));
         progress->show(i + 1, contents->size());
     }
@@ -116,6 +120,7 @@ int make(const Arguments &arguments)
     OptionReader options(arguments);
     const QString images = options.required("images"_L1);
     const QString out = options.required("out"_L1);
+    const ExportOptions exported = readExportOptions(options);
     if (options.problem())
         return wrongUsage(*options.problem());
     const auto request = readBatchRequest(arguments);
@@ -128,7 +133,7 @@ int make(const Arguments &arguments)
         report(problem.message);
     if (found.files.isEmpty())
         return failed;
-    return makeSlides(*request, found, out);
+    return makeSlides(*request, exported, found, out);
 }
 
 std::vector<OptionSpec> makeOptions()
@@ -136,6 +141,7 @@ std::vector<OptionSpec> makeOptions()
     std::vector<OptionSpec> options = batchOptions();
     options.insert(options.begin(), {{"images"_L1, "DIR"_L1, "folder of the pictures"_L1},
                                      {"out"_L1, "DIR"_L1, "where the folder of the batch is made"_L1}});
+    std::ranges::copy(exportOptions(), std::back_inserter(options));
     return options;
 }
 
@@ -146,9 +152,9 @@ std::vector<Command> makeCommands()
     return {{
         .name = "make"_L1,
         .usage = "--images DIR --content FILE|- --out DIR [OPTION...]"_L1,
-        .summary = "pictures and texts to PNG slides in one go"_L1,
+        .summary = "pictures and texts to slides in one go"_L1,
         .details =
-            "Makes slideshows from slide texts and randomly chosen pictures of a folder, writes them as PNG "
+            "Makes slideshows from slide texts and randomly chosen pictures of a folder, writes them as "
             "files and prints the folder of the batch. Nothing else is written, and of the pictures only "
             "those "
             "are read that are drawn; one that cannot be read is reported, and another chosen."_L1,

@@ -118,6 +118,30 @@ std::optional<RgbaColor> OptionReader::color(QLatin1StringView option)
     return read(option, parse, u"RRGGBB or RRGGBBAA in hexadecimal digits"_s);
 }
 
+std::optional<qint64> OptionReader::bytes(QLatin1StringView option)
+{
+    const auto parse = [](const QString &text) -> std::optional<qint64> {
+        const bool hasUnit = text.endsWith(u'K') || text.endsWith(u'M');
+        const double unit = !hasUnit ? 1 : text.endsWith(u'K') ? 1e3 : 1e6;
+        const auto number = finiteNumber(QStringView(text).chopped(hasUnit ? 1 : 0));
+        constexpr double most = 1e15;
+        if (!number || *number * unit < 1 || *number * unit > most)
+            return std::nullopt;
+        return qint64(*number * unit);
+    };
+    return read(option, parse, u"a number of bytes, such as 500K or 8M"_s);
+}
+
+std::optional<SlideFormat> OptionReader::slideFormat(QLatin1StringView option)
+{
+    return read(option, slideFormatFromRawText, choices(allSlideFormats));
+}
+
+std::optional<Corners> OptionReader::corners(QLatin1StringView option)
+{
+    return read(option, cornersFromRawText, choices(allCorners));
+}
+
 QString OptionReader::required(QLatin1StringView option)
 {
     const QString text = m_arguments.value(option).value_or(QString());

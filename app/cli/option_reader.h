@@ -4,6 +4,7 @@
 #include "model/aspect_ratio.h"
 #include "model/rgba_color.h"
 #include "model/text_style.h"
+#include "render/export/slide_format.h"
 
 #include <QtCore/QPointF>
 #include <QtCore/QSizeF>
@@ -34,6 +35,13 @@ public:
     std::optional<AspectRatio> shape(QLatin1StringView option);
     /// Six or eight hexadecimal digits, with or without "#".
     std::optional<RgbaColor> color(QLatin1StringView option);
+
+    /// A number greater than 0, with "K" for thousands or "M" for millions behind it.
+    std::optional<qint64> bytes(QLatin1StringView option);
+    std::optional<SlideFormat> slideFormat(QLatin1StringView option);
+    std::optional<Corners> corners(QLatin1StringView option);
+
+    bool has(QLatin1StringView option) const { return m_arguments.has(option); }
 
     /// Makes it a problem when an option is missing or empty.
     QString required(QLatin1StringView option);

@@ -18,7 +18,8 @@ QString baseName(const QString &picture)
 
 } // namespace
 
-std::vector<RenderTarget> renderTargets(const QStringList &pictures, const QString &folder)
+std::vector<RenderTarget> renderTargets(const QStringList &pictures, const QString &folder,
+                                        const QString &ending)
 {
     const QDir directory(folder);
     QSet<QString> pictureFiles;
@@ -33,10 +34,10 @@ std::vector<RenderTarget> renderTargets(const QStringList &pictures, const QStri
 
     std::vector<RenderTarget> targets;
     for (const QString &picture : pictures) {
-        QString name = baseName(picture) + u".png"_s;
+        QString name = baseName(picture) + ending;
         int number = 1;
         while (isTaken(name))
-            name = u"%1-%2.png"_s.arg(baseName(picture), QString::number(++number));
+            name = u"%1-%2"_s.arg(baseName(picture), QString::number(++number)) + ending;
         taken.insert(name.toCaseFolded());
         targets.push_back({directory.filePath(name), number > 1});
     }

@@ -6,7 +6,7 @@
 
 namespace mosslantern {
 
-/// A PNG file that the slide of a picture is written to.
+/// A file that the slide of a picture is written to.
 struct RenderTarget
 {
     QString file;
@@ -14,9 +14,11 @@ struct RenderTarget
     bool isNumbered = false;
 };
 
-/// The files in `folder` for the slides of `pictures`, in this order: each called like its picture, with a
-/// number behind the name where another of them, or one of the pictures themselves, has that name already
+/// The files in `folder` for the slides of `pictures`, in this order: each called like its picture, with this
+/// ending and a number behind the name where another of them, or one of the pictures themselves, has that
+/// name already
 /// ("photo-2.png"). Names that differ only in case count as the same.
-std::vector<RenderTarget> renderTargets(const QStringList &pictures, const QString &folder);
+std::vector<RenderTarget> renderTargets(const QStringList &pictures, const QString &folder,
+                                        const QString &ending);
 
 } // namespace mosslantern

@@ -68,9 +68,11 @@ QString absolute(const QString &folder)
 
 } // namespace
 
-int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const Interruption &interruption)
+int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const ExportOptions &options,
+                const Interruption &interruption)
 {
     ReportedExport run;
+    run.exporter()->setOptions(options);
     QObject::connect(&interruption, &Interruption::requested, run.exporter(), [&run] { run.giveUp(); });
     const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshows(slideshows, absolute(folder)));
     if (interruption.isRequested())
@@ -81,9 +83,10 @@ int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, con
     return status;
 }
 
-int exportSingle(const Slideshow &slideshow, const QString &folder)
+int exportSingle(const Slideshow &slideshow, const QString &folder, const ExportOptions &options)
 {
     ReportedExport run;
+    run.exporter()->setOptions(options);
     const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshow(slideshow, absolute(folder)));
     const int status = run.finish(exported);
     if (exported)

@@ -14,7 +14,7 @@ class Interruption;
 /// Exports slideshows in this order into folders below `folder`, all with the same batch name, and prints
 /// their folder. Shows progress, reports what went wrong, ends early when there is an interruption. Gives the
 /// exit status.
-int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder,
+int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const ExportOptions &options,
                 const Interruption &interruption);
 
 /// Exports slides that are in no library, a folder of its own for each slideshow, all in `folder`. Tells what
@@ -23,6 +23,6 @@ int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QStri
                const LeftOut &leftOut, const Interruption &interruption);
 
 /// Exports one slideshow straight into `folder` in the same manner.
-int exportSingle(const Slideshow &slideshow, const QString &folder);
+int exportSingle(const Slideshow &slideshow, const QString &folder, const ExportOptions &options);
 
 } // namespace mosslantern

@@ -4,7 +4,7 @@
 #include "model/folder.h"
 #include "model/partial_file.h"
 #include "model/slideshow.h"
-#include "render/export/png_file.h"
+#include "render/export/slide_file.h"
 
 #include <QCoroTimer>
 #include <QtCore/QCoreApplication>
@@ -36,11 +36,12 @@ AspectRatio shapeOf(const Slideshow &slideshow)
     return slideshow.aspectRatio().value_or(AspectRatio::tiktok);
 }
 
-std::vector<SlideJob> jobsOf(const QList<Slide *> &slides, AspectRatio aspectRatio)
+std::vector<SlideJob> jobsOf(const QList<Slide *> &slides, AspectRatio aspectRatio,
+                             const ExportOptions &options)
 {
     std::vector<SlideJob> jobs;
     for (const Slide *slide : slides)
-        jobs.push_back(exportJob(*slide, aspectRatio));
+        jobs.push_back(exportJob(*slide, aspectRatio, options));
     return jobs;
 }
 
@@ -67,9 +68,9 @@ QString slideshowPath(const QString &folder, size_t index)
     return folder + u"/Slideshow_%1"_s.arg(index + 1);
 }
 
-QString slidePath(const QString &folder, size_t index)
+QString slidePath(const QString &folder, size_t index, SlideFormat format)
 {
-    return folder + u"/Slide_%1.png"_s.arg(index + 1);
+    return folder + u"/Slide_%1"_s.arg(index + 1) + fileEnding(format);
 }
 
 } // namespace
@@ -152,7 +153,8 @@ Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slid
 
 void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &folder)
 {
-    writeSlides(jobsOf(slideshow.slidesInOrder(), shapeOf(slideshow)), folder, [] { return true; });
+    writeSlides(jobsOf(slideshow.slidesInOrder(), shapeOf(slideshow), m_options), folder,
+                [] { return true; });
 }
 
 void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
@@ -160,7 +162,8 @@ void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString 
 {
     m_renderer.render(jobs, [&](size_t index, const EncodedSlide &slide) {
         // The others are still worth having.
-        if (const Result<> written = writeSlide(slidePath(folder, index), slide); !written)
+        if (const Result<> written = writeSlide(slidePath(folder, index, jobs[index].encoding.format), slide);
+            !written)
             emit fileLeftOut(written.error().message);
         return goesOn();
     });
@@ -175,20 +178,21 @@ void BulkExporter::begin(int total)
 
 QCoro::Task<Result<>> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
 {
-    return writeInTurn(jobsOf(slideshow.slides(), shapeOf(slideshow)), folder);
+    return writeInTurn(jobsOf(slideshow.slides(), shapeOf(slideshow), m_options), folder);
 }
 
 QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QString folder)
 {
     const QPointer<BulkExporter> self(this);
     begin(static_cast<int>(jobs.size()));
+    const SlideFormat format = m_options.encoding.format;
     Result<> outcome = makeSlideFolder(folder);
     SlideRun run = m_renderer.start(std::move(jobs));
     for (size_t index = 0; outcome && run.hasNext(); ++index) {
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
             co_return givenUp();
-        outcome = writeSlide(slidePath(folder, index), run.next());
+        outcome = writeSlide(slidePath(folder, index, format), run.next());
     }
     if (!outcome)
         printLine(u"Failed to export: "_s + outcome.error().message);
@@ -199,7 +203,7 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QStr
 
 Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide)
 {
-    const Result<> written = writePngFile(file, slide);
+    const Result<> written = writeSlideFile(file, slide);
     if (written && !slide.pictureProblem.isEmpty())
         emit pictureMissing(file, slide.pictureProblem);
     ++(written ? m_written : m_leftOut);

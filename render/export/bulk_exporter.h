@@ -9,7 +9,7 @@ namespace mosslantern {
 
 class Slideshow;
 
-/// Writes slideshows as folders of PNG files, "Slide_1.png" and so on. Everything that touches records, fonts
+/// Writes slideshows as folders of pictures, "Slide_1.png" and so on. Everything that touches records, fonts
 /// and files runs on the thread that calls; only drawing and compressing uses all cores.
 class BulkExporter : public QObject
 {
@@ -21,6 +21,10 @@ public:
 
     /// `openFolder` is called after a finished export; it may be empty.
     explicit BulkExporter(FolderOpener openFolder, int threads = QThread::idealThreadCount());
+
+    /// How the slides of records are written from now on; PNG files of the usual size without it. Jobs say it
+    /// themselves.
+    void setOptions(const ExportOptions &options) { m_options = options; }
 
     /// The batch export: for each slideshow, the folder `base` / batch name ("Unknown Batch" without one, "/"
     /// as "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before
@@ -60,6 +64,7 @@ private:
     Result<> writeSlide(const QString &file, const EncodedSlide &slide);
 
     FolderOpener m_openFolder;
+    ExportOptions m_options;
     SlideRenderer m_renderer;
     int m_written = 0;
     int m_leftOut = 0;

@@ -121,6 +121,19 @@ PngBand encodePngBand(const uint8_t *pixels, const uint8_t *above, int width, in
     return band;
 }
 
+qint64 pngFileSize(const QList<PngBand> &bands)
+{
+    constexpr qint64 chunkFrame = 12; // length, name and checksum
+    constexpr qint64 signature = 8;
+    constexpr qint64 header = chunkFrame + 13;
+    constexpr qint64 colors = chunkFrame + 1;
+    constexpr qint64 zlibFrame = 6;
+    qint64 size = signature + header + colors + zlibFrame + chunkFrame;
+    for (const PngBand &band : bands)
+        size += chunkFrame + band.deflated.size();
+    return size;
+}
+
 Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands)
 {
     ChunkWriter png(device);

@@ -25,6 +25,9 @@ struct PngBand
 [[nodiscard]] PngBand encodePngBand(const uint8_t *pixels, const uint8_t *above, int width, int rows,
                                     bool last);
 
+/// The size of the file that writePng() makes of these bands.
+[[nodiscard]] qint64 pngFileSize(const QList<PngBand> &bands);
+
 /// Writes the PNG picture (PNG specification, third edition) of these bands: 8-bit RGBA, marked as sRGB. The
 /// error is the device's.
 [[nodiscard]] Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands);

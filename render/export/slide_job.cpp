@@ -9,9 +9,15 @@ SlideValues slideValues(const Slide &slide)
     return {.text = slide.text(), .subtitle = slide.subtitle(), .style = slide.style()};
 }
 
-SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio)
+SlideJob exportJob(const SlideValues &values, const QString &picturePath, AspectRatio aspectRatio,
+                   const ExportOptions &options)
 {
-    return {slideValues(slide), exportCanvas(aspectRatio), slide.imageURL().toLocalFile()};
+    return {values, options.canvas(aspectRatio), picturePath, options.drawnCorners(), options.encoding};
+}
+
+SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio, const ExportOptions &options)
+{
+    return exportJob(slideValues(slide), slide.imageURL().toLocalFile(), aspectRatio, options);
 }
 
 } // namespace mosslantern

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/canvas.h"
+#include "render/export/export_options.h"
 #include "render/slide_values.h"
 
 namespace mosslantern {
@@ -13,11 +13,15 @@ struct SlideJob
     SlideValues values;
     Canvas canvas;
     QString picturePath; // empty: the slide has no picture
+    Corners corners = Corners::rounded;
+    SlideEncoding encoding = {};
 };
 
 [[nodiscard]] SlideValues slideValues(const Slide &slide);
 
-/// The job that exports `slide` in its slideshow's shape.
-[[nodiscard]] SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio);
+/// The job that exports a slide of a slideshow of this shape.
+[[nodiscard]] SlideJob exportJob(const SlideValues &values, const QString &picturePath,
+                                 AspectRatio aspectRatio, const ExportOptions &options);
+[[nodiscard]] SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio, const ExportOptions &options);
 
 } // namespace mosslantern

@@ -1,6 +1,7 @@
 #include "render/export/slide_renderer.h"
 
 #include "render/background.h"
+#include "render/export/slide_encoder.h"
 #include "render/picture/decoding_stop.h"
 #include "render/picture/picture_loader.h"
 #include "render/pixels/pixels.h"
@@ -20,7 +21,7 @@ namespace {
 constexpr int bandRows = 64;
 
 // Of the slides that are running together, beside what their decoders hold.
-constexpr qint64 mostPictureBytes = qint64(168) << 20;
+constexpr qint64 mostBytesHeld = qint64(168) << 20;
 
 // So that every core has work to the last slide.
 constexpr auto decoding = WorkCrew::Order::first;
@@ -54,7 +55,9 @@ public:
         m_crew.waitFor(m_isDone);
         if (m_isGivenUp)
             return {};
-        return {m_size, std::move(m_bands), std::move(m_pictureProblem)};
+        keepToLimit();
+        return {m_size, std::move(m_bands), std::move(m_pictureProblem), std::move(m_file),
+                std::move(m_problem)};
     }
 
 private:
@@ -83,13 +86,41 @@ private:
         }
         if (!background)
             m_pictureProblem = background.error().message;
-        m_composition.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts));
+        m_composition.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts),
+                              m_job.corners);
         m_size = m_composition->size();
+        if (m_job.encoding.format != SlideFormat::png) {
+            ++m_remaining;
+            m_crew.start([this] { run([this] { encodeWhole(); }); }, compressing);
+            return;
+        }
         const int count = (m_size.height() + bandRows - 1) / bandRows;
         m_bands.resize(count);
         m_remaining += count;
         for (int i = 0; i < count; ++i)
             m_crew.start([this, i] { run([this, i] { encode(i); }); }, compressing);
+    }
+
+    void encodeWhole()
+    {
+        const auto paint = [this](int first, int count, uint8_t *out) {
+            m_composition->paintRows(first, count, out);
+        };
+        Result<QByteArray> file = encodeSlide(m_size, paint, m_job.encoding);
+        if (file)
+            m_file = std::move(*file);
+        else
+            m_problem = file.error().message;
+    }
+
+    /// A PNG picture has but one size.
+    void keepToLimit()
+    {
+        if (m_bands.isEmpty() || !m_job.encoding.mostBytes ||
+            pngFileSize(m_bands) <= *m_job.encoding.mostBytes)
+            return;
+        m_bands.clear();
+        m_problem = tooLarge(*m_job.encoding.mostBytes).message;
     }
 
     void encode(int band)
@@ -114,7 +145,9 @@ private:
     std::optional<SlideComposition> m_composition;
     QSize m_size;
     QList<PngBand> m_bands;
+    QByteArray m_file;
     QString m_pictureProblem;
+    QString m_problem;
     std::atomic<int> m_remaining = 0;
     std::atomic<bool> m_isGivenUp = false;
     std::atomic<bool> m_isDone = false;
@@ -139,22 +172,23 @@ bool SlideRun::hasRoom()
     if (m_running.size() >= most)
         return false;
     const SlideJob &job = m_jobs[m_next];
-    if (m_nextPictureBytes < 0)
-        m_nextPictureBytes = mostImageBytes(job.picturePath, {job.canvas.pixelSize(), true});
-    const qint64 held = std::reduce(m_pictureBytes.begin(), m_pictureBytes.end());
-    return m_running.empty() || held + m_nextPictureBytes <= mostPictureBytes;
+    if (m_nextBytes < 0)
+        m_nextBytes = mostImageBytes(job.picturePath, {job.canvas.pixelSize(), true}) +
+                      encodingMemory(job.canvas.pixelSize(), job.encoding);
+    const qint64 held = std::reduce(m_bytes.begin(), m_bytes.end());
+    return m_running.empty() || held + m_nextBytes <= mostBytesHeld;
 }
 
 EncodedSlide SlideRun::next()
 {
     for (; m_next < m_jobs.size() && hasRoom(); ++m_next) {
         m_running.push_back(std::make_unique<SlideTask>(m_jobs[m_next], m_crew));
-        m_pictureBytes.push_back(std::exchange(m_nextPictureBytes, -1));
+        m_bytes.push_back(std::exchange(m_nextBytes, -1));
         m_running.back()->start();
     }
     EncodedSlide slide = m_running.front()->wait();
     m_running.pop_front();
-    m_pictureBytes.pop_front();
+    m_bytes.pop_front();
     return slide;
 }
 
@@ -170,7 +204,7 @@ void SlideRenderer::render(std::span<const SlideJob> jobs,
     SlideRun run({jobs.begin(), jobs.end()}, m_crew);
     for (size_t index = 0; run.hasNext(); ++index) {
         const EncodedSlide slide = run.next();
-        const bool isStopped = slide.bands.isEmpty() && isDecodingStopped();
+        const bool isStopped = !slide.isDrawn() && isDecodingStopped();
         if (isStopped || !write(index, slide))
             return;
     }

@@ -18,9 +18,14 @@ namespace mosslantern {
 struct EncodedSlide
 {
     QSize size;           // pixels
-    QList<PngBand> bands; // none: there was not enough memory, or decoding was stopped
+    QList<PngBand> bands; // of a PNG picture
     /// Why the slide stands on the placeholder instead of its picture; empty when it does not.
     QString pictureProblem;
+    QByteArray file = {}; // of a picture in another format
+    /// Why there is neither; empty where there was not enough memory, or decoding was stopped.
+    QString problem = {};
+
+    bool isDrawn() const { return !bands.isEmpty() || !file.isEmpty(); }
 };
 
 class SlideTask;
@@ -47,14 +52,14 @@ private:
     bool hasRoom();
 
     std::deque<std::unique_ptr<SlideTask>> m_running;
-    std::deque<qint64> m_pictureBytes; ///< of each that is running, at most
-    qint64 m_nextPictureBytes = -1;    ///< unknown
+    std::deque<qint64> m_bytes; ///< that each that is running holds, at most
+    qint64 m_nextBytes = -1;    ///< unknown
     size_t m_next = 0;
 };
 
-/// Draws slides into PNG data on all cores. Decoding, painting and compressing run on a crew of threads, band
-/// by band, with a bounded number of slides in memory; texts are laid out on the calling thread, which is the
-/// only one that touches fonts.
+/// Draws slides into files in memory on all cores. Decoding, painting and compressing run on a crew of
+/// threads (of PNG band by band, of other formats slide by slide), with a bounded number of slides in memory;
+/// texts are laid out on the calling thread, which is the only one that touches fonts.
 class SlideRenderer
 {
 public:

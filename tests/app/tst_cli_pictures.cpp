@@ -119,6 +119,30 @@ private slots:
         QVERIFY(m_tool->files(u"out2"_s).isEmpty());
     }
 
+    void otherFormatsAndSizes()
+    {
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        const QString render = u"render --text t pictures/a.png "_s;
+        QVERIFY(m_tool->run(render + u"--width 90 --out a.jpeg"_s).succeeded());
+        QVERIFY(m_tool->read(u"a.jpeg"_s).startsWith("\xFF\xD8"));
+        QCOMPARE(QImage(m_tool->path(u"a.jpeg"_s)).size(), QSize(90, 160));
+        QVERIFY(m_tool->run(render + u"--shape 4:5 --width 100 --format webp --out ."_s).succeeded());
+        QCOMPARE(QImage(m_tool->path(u"a.webp"_s)).size(), QSize(100, 125));
+        for (const auto &[options, problem] :
+             {std::pair(u"--format jpeg --out a.png"_s, u"--out: expected a name that ends with .jpg"_s),
+              {u"--width 90 --pixel-ratio 2 --out a.png"_s, u"either --width or --pixel-ratio"_s},
+              {u"--max-bytes 8G --out a.png"_s, u"--max-bytes: expected a number of bytes"_s}}) {
+            const Outcome misused = m_tool->run(render + options);
+            QVERIFY2(misused.failed(2, problem), misused.all());
+        }
+        const Outcome made = m_tool->run(u"make --images pictures --content - --out . --batch-name B --shape "
+                                         "1:1 --format jpeg --max-bytes 20K"_s,
+                                         "one\ntwo\n");
+        QVERIFY2(made.succeeded(), made.all());
+        QCOMPARE(m_tool->files(u"B"_s),
+                 QStringList({u"Slideshow_1/Slide_1.jpg"_s, u"Slideshow_1/Slide_2.jpg"_s}));
+    }
+
     void onlyWhatIsDrawnIsRead()
     {
         m_tool->writePicture(u"pictures/red.jpg"_s, Qt::red);

@@ -1,4 +1,4 @@
-#include "render/export/png_file.h"
+#include "render/export/slide_file.h"
 
 #include "model/partial_file.h"
 
@@ -36,8 +36,12 @@ Result<> replaceFile(const QString &path, const EncodedSlide &slide)
         return fail(qt_error_string(errno));
     if (!file.open(partial.descriptor(), QIODevice::WriteOnly | QIODevice::Unbuffered))
         return fail(file.errorString());
-    if (const Result<> written = writePng(file, slide.size, slide.bands); !written)
-        return written;
+    if (slide.file.isEmpty()) {
+        if (const Result<> written = writePng(file, slide.size, slide.bands); !written)
+            return written;
+    } else if (file.write(slide.file) != slide.file.size()) {
+        return fail(file.errorString());
+    }
     if (replaces)
         ::fchmod(partial.descriptor(), replaced.st_mode & 0777);
     if (::fdatasync(partial.descriptor()) != 0 || !partial.commit(target.fileName()))
@@ -47,10 +51,12 @@ Result<> replaceFile(const QString &path, const EncodedSlide &slide)
 
 } // namespace
 
-Result<> writePngFile(const QString &path, const EncodedSlide &slide)
+Result<> writeSlideFile(const QString &path, const EncodedSlide &slide)
 {
-    if (slide.bands.isEmpty())
-        return fail(u"“%1” could not be written: there is not enough memory to draw the slide."_s.arg(path));
+    if (!slide.isDrawn())
+        return fail(u"“%1” could not be written: %2"_s.arg(
+            path,
+            slide.problem.isEmpty() ? u"there is not enough memory to draw the slide."_s : slide.problem));
     if (const Result<> written = replaceFile(path, slide); !written)
         return fail(u"“%1” could not be written: %2"_s.arg(path, written.error().message));
     return {};
