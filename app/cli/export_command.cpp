@@ -1,5 +1,4 @@
 #include "app/cli/commands.h"
-#include "app/cli/export_options.h"
 #include "app/cli/interruption.h"
 #include "app/cli/library.h"
 #include "app/cli/option_reader.h"
@@ -17,7 +16,7 @@ int exportSlides(const Arguments &arguments)
 {
     OptionReader options(arguments);
     const QString folder = options.required("to"_L1);
-    const ExportOptions exported = readExportOptions(options);
+    const ExportTarget target = readExportTarget(options);
     if (options.problem())
         return wrongUsage(*options.problem());
     const std::optional<QString> batch = arguments.value("batch"_L1);
@@ -31,13 +30,13 @@ int exportSlides(const Arguments &arguments)
     const Interruption interruption;
     if (slideshow) {
         const Result<Slideshow *> found = findSlideshow(**store, *slideshow);
-        return found ? interruption.exitStatus(exportSingle(**found, folder, exported))
+        return found ? interruption.exitStatus(exportSingle(**found, folder, target))
                      : failedWith(found.error());
     }
     const Result<BatchGroup> found = findBatch(**store, *batch);
     if (!found)
         return failedWith(found.error());
-    return interruption.exitStatus(exportBatch(found->slideshows, folder, exported, interruption));
+    return interruption.exitStatus(exportBatch(found->slideshows, folder, target, interruption));
 }
 
 std::vector<OptionSpec> allOptions()
@@ -47,7 +46,7 @@ std::vector<OptionSpec> allOptions()
         {"slideshow"_L1, "SLIDESHOW"_L1, "the slideshow"_L1},
         {"to"_L1, "DIR"_L1, "where the files go; made when it is not there"_L1},
     };
-    std::ranges::copy(exportOptions(), std::back_inserter(options));
+    std::ranges::copy(exportTargetOptions(), std::back_inserter(options));
     return options;
 }
 

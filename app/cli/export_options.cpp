@@ -7,7 +7,13 @@ using namespace Qt::StringLiterals;
 std::vector<OptionSpec> exportOptions()
 {
     return {
-        {"format"_L1, "FORMAT"_L1, "png (the default), jpeg, webp or webp-lossless"_L1},
+        {"for"_L1, "PLATFORM"_L1,
+         "what this platform takes: tiktok, instagram, stories, threads, facebook or pinterest; the options "
+         "below win over it"_L1},
+        {"fit"_L1,
+         {},
+         "with --for: put slides of other shapes on a blurred ground instead of leaving them out"_L1},
+        {"format"_L1, "FORMAT"_L1, "png (the default without --for), jpeg, webp or webp-lossless"_L1},
         {"width"_L1, "PIXELS"_L1, "width of the pictures, 1 to 8192; by default 2 pixels per point"_L1},
         {"corners"_L1, "CORNERS"_L1, "rounded (the default of PNG) or square (that of the others)"_L1},
         {"quality"_L1, "N"_L1, "of JPEG and WebP, 1 to 100; 90 by default"_L1},
@@ -22,15 +28,32 @@ std::vector<OptionSpec> exportOptions()
 ExportOptions readExportOptions(OptionReader &options)
 {
     ExportOptions read;
+    if (const Platform *platform = options.platform("for"_L1))
+        read = ExportOptions::forPlatform(*platform);
+    read.fits = options.has("fit"_L1);
     SlideEncoding &encoding = read.encoding;
     encoding.format = options.slideFormat("format"_L1).value_or(encoding.format);
     encoding.quality = int(options.integer("quality"_L1, 1, 100).value_or(encoding.quality));
     encoding.progressive = options.has("progressive"_L1);
-    encoding.mostBytes = options.bytes("max-bytes"_L1);
+    if (const auto mostBytes = options.bytes("max-bytes"_L1))
+        encoding.mostBytes = mostBytes;
     if (const auto width = options.integer("width"_L1, 1, ExportOptions::widest))
         read.width = int(*width);
-    read.corners = options.corners("corners"_L1);
+    if (const auto corners = options.corners("corners"_L1))
+        read.corners = corners;
     return read;
+}
+
+std::vector<OptionSpec> exportTargetOptions()
+{
+    std::vector<OptionSpec> options = exportOptions();
+    options.push_back({"zip"_L1, {}, "write one ZIP file, called like the folder, instead of the folder"_L1});
+    return options;
+}
+
+ExportTarget readExportTarget(OptionReader &options)
+{
+    return {readExportOptions(options), options.has("zip"_L1)};
 }
 
 } // namespace mosslantern

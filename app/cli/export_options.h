@@ -13,4 +13,15 @@ std::vector<OptionSpec> exportOptions();
 /// What they tell; look at options.problem() before using it.
 ExportOptions readExportOptions(OptionReader &options);
 
+/// How an export is written, and as what.
+struct ExportTarget
+{
+    ExportOptions options;
+    bool isArchive = false; // one ZIP file instead of a folder
+};
+
+/// The options that tell a target, and what they tell, in the same manner.
+std::vector<OptionSpec> exportTargetOptions();
+ExportTarget readExportTarget(OptionReader &options);
+
 } // namespace mosslantern

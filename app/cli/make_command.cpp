@@ -1,6 +1,5 @@
 #include "app/cli/batch_generation.h"
 #include "app/cli/commands.h"
-#include "app/cli/export_options.h"
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
@@ -79,7 +78,7 @@ std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design
 }
 
 /// From the original files: nothing is written but the slides, nothing read but what they show.
-int makeSlides(const BatchRequest &request, const ExportOptions &options, const PictureFiles &found,
+int makeSlides(const BatchRequest &request, const ExportTarget &target, const PictureFiles &found,
                const QString &out)
 {
     const Interruption interruption;
@@ -93,7 +92,7 @@ int makeSlides(const BatchRequest &request, const ExportOptions &options, const 
     std::vector<std::vector<SlideJob>> slideshows;
     std::optional<Progress> progress(std::in_place, u"slideshows prepared"_s);
     for (qsizetype i = 0; i < contents->size() && !interruption.isRequested(); ++i) {
-        if (auto jobs = slidesOf(contents->at(i), request.design, options, pictures); !jobs.empty())
+        if (auto jobs = slidesOf(contents->at(i), request.design, target.options, pictures); !jobs.empty())
             slideshows.push_back(std::move(jobs));
         progress->show(i + 1, contents->size());
     }
@@ -111,8 +110,9 @@ int makeSlides(const BatchRequest &request, const ExportOptions &options, const 
                  u"variations hold no slides"_s);
     leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
                  u"pictures could not be read"_s);
-    return interruption.exitStatus(exportJobs(
-        slideshows, out + u'/' + batchFolderName(batchNameFor(request.batchName)), leftOut, interruption));
+    return interruption.exitStatus(exportJobs(slideshows,
+                                              out + u'/' + batchFolderName(batchNameFor(request.batchName)),
+                                              target, leftOut, interruption));
 }
 
 int make(const Arguments &arguments)
@@ -120,12 +120,14 @@ int make(const Arguments &arguments)
     OptionReader options(arguments);
     const QString images = options.required("images"_L1);
     const QString out = options.required("out"_L1);
-    const ExportOptions exported = readExportOptions(options);
+    const ExportTarget target = readExportTarget(options);
     if (options.problem())
         return wrongUsage(*options.problem());
     const auto request = readBatchRequest(arguments);
     if (!request)
         return request.error();
+    if (const auto objection = target.options.objection(out, request->design.shape, 0))
+        return failedWith(*objection);
     if (!QFileInfo(images).isDir())
         return failedWith({u"“%1” is not a folder."_s.arg(images)});
     const PictureFiles found = pictureFiles({images});
@@ -133,7 +135,7 @@ int make(const Arguments &arguments)
         report(problem.message);
     if (found.files.isEmpty())
         return failed;
-    return makeSlides(*request, exported, found, out);
+    return makeSlides(*request, target, found, out);
 }
 
 std::vector<OptionSpec> makeOptions()
@@ -141,7 +143,7 @@ std::vector<OptionSpec> makeOptions()
     std::vector<OptionSpec> options = batchOptions();
     options.insert(options.begin(), {{"images"_L1, "DIR"_L1, "folder of the pictures"_L1},
                                      {"out"_L1, "DIR"_L1, "where the folder of the batch is made"_L1}});
-    std::ranges::copy(exportOptions(), std::back_inserter(options));
+    std::ranges::copy(exportTargetOptions(), std::back_inserter(options));
     return options;
 }
 

@@ -137,6 +137,18 @@ std::optional<SlideFormat> OptionReader::slideFormat(QLatin1StringView option)
     return read(option, slideFormatFromRawText, choices(allSlideFormats));
 }
 
+const Platform *OptionReader::platform(QLatin1StringView option)
+{
+    QStringList names;
+    for (const Platform &platform : allPlatforms())
+        names.append(platform.name);
+    const auto parse = [](const QString &text) -> std::optional<const Platform *> {
+        const Platform *platform = platformNamed(text);
+        return platform ? std::optional(platform) : std::nullopt;
+    };
+    return read(option, parse, u"one of "_s + names.join(u", "_s)).value_or(nullptr);
+}
+
 std::optional<Corners> OptionReader::corners(QLatin1StringView option)
 {
     return read(option, cornersFromRawText, choices(allCorners));

@@ -4,7 +4,7 @@
 #include "model/aspect_ratio.h"
 #include "model/rgba_color.h"
 #include "model/text_style.h"
-#include "render/export/slide_format.h"
+#include "render/export/platform.h"
 
 #include <QtCore/QPointF>
 #include <QtCore/QSizeF>
@@ -39,6 +39,8 @@ public:
     /// A number greater than 0, with "K" for thousands or "M" for millions behind it.
     std::optional<qint64> bytes(QLatin1StringView option);
     std::optional<SlideFormat> slideFormat(QLatin1StringView option);
+    /// Null without one.
+    const Platform *platform(QLatin1StringView option);
     std::optional<Corners> corners(QLatin1StringView option);
 
     bool has(QLatin1StringView option) const { return m_arguments.has(option); }

@@ -112,9 +112,11 @@ int render(const Arguments &arguments)
     const SlideDesign design = readDesign(options);
     ExportOptions exported = readExportOptions(options);
     Canvas canvas = exported.canvas(design.shape);
-    canvas.size = options.size("size"_L1).value_or(canvas.size);
-    if (exported.width)
-        canvas.pixelRatio = *exported.width / canvas.size.width();
+    if (const auto size = options.size("size"_L1)) {
+        canvas.size = *size;
+        if (exported.width)
+            canvas.pixelRatio = *exported.width / size->width();
+    }
     canvas.pixelRatio =
         options.real("pixel-ratio"_L1, smallestRatio, largestRatio).value_or(canvas.pixelRatio);
     const QString out = options.required("out"_L1);
@@ -124,13 +126,17 @@ int render(const Arguments &arguments)
         return wrongUsage(u"--text is missing");
     if (arguments.has("size"_L1) && arguments.has("shape"_L1))
         return wrongUsage(u"expected either --shape or --size");
+    if (arguments.has("for"_L1) && (arguments.has("size"_L1) || arguments.has("pixel-ratio"_L1)))
+        return wrongUsage(u"expected either --for or a size in points");
+    if (const auto objection = exported.objection(out, design.shape, 1))
+        return failedWith(*objection);
     if (arguments.has("width"_L1) && arguments.has("pixel-ratio"_L1))
         return wrongUsage(u"expected either --width or --pixel-ratio");
     if (!isDrawable(canvas))
         return wrongUsage(u"--size, --width and --pixel-ratio: expected fewer pixels");
     if (isFile(out)) {
         const SlideFormat named = *slideFormatOfFile(out);
-        if (!arguments.has("format"_L1))
+        if (!arguments.has("format"_L1) && !arguments.has("for"_L1))
             exported.encoding.format = named;
         else if (fileEnding(named) != fileEnding(exported.encoding.format))
             return wrongUsage(u"--out: expected a name that ends with %1, not “%2”"_s.arg(
@@ -150,8 +156,9 @@ int render(const Arguments &arguments)
     const SlideValues values{.text = *arguments.value("text"_L1),
                              .subtitle = arguments.value("subtitle"_L1).value_or(QString()),
                              .style = design.style};
-    return drawAll({values, canvas, {}, exported.drawnCorners(), exported.encoding}, pictures.files, *files,
-                   pictures.problems.size());
+    return drawAll(
+        {values, canvas, {}, exported.drawnCorners(), exported.encoding, exported.frame(design.shape)},
+        pictures.files, *files, pictures.problems.size());
 }
 
 std::vector<OptionSpec> renderOptions()

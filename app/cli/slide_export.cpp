@@ -5,6 +5,7 @@
 #include "app/cli/progress.h"
 #include "model/slideshow.h"
 #include "render/export/bulk_exporter.h"
+#include "render/export/slide_archive.h"
 
 #include <QtCore/QDir>
 
@@ -66,46 +67,57 @@ QString absolute(const QString &folder)
     return QDir::cleanPath(QDir::current().absoluteFilePath(folder));
 }
 
-} // namespace
-
-int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const ExportOptions &options,
-                const Interruption &interruption)
+/// Exports to the folder `root`, or to the archive that stands for it, and prints which. `work` does it.
+int exportTo(const QString &root, const ExportTarget &target, const Interruption *interruption,
+             const LeftOut &leftOut, const std::function<Result<>(ReportedExport &)> &work)
 {
+    std::unique_ptr<SlideArchive> archive;
     ReportedExport run;
-    run.exporter()->setOptions(options);
-    QObject::connect(&interruption, &Interruption::requested, run.exporter(), [&run] { run.giveUp(); });
-    const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshows(slideshows, absolute(folder)));
-    if (interruption.isRequested())
+    run.exporter()->setOptions(target.options);
+    if (target.isArchive) {
+        auto created = SlideArchive::create(root);
+        if (!created)
+            return run.finish(std::unexpected(created.error()), leftOut);
+        archive = std::move(*created);
+        run.exporter()->setDestination(*archive);
+    }
+    Result<> exported = work(run);
+    if (interruption && interruption->isRequested())
         return failed;
-    const int status = run.finish(exported);
+    if (exported && archive)
+        exported = archive->finish();
+    const int status = run.finish(exported, leftOut);
     if (exported)
-        writeRow({absolute(folder) + u'/' + batchFolderName(slideshows.first()->batchName())});
+        writeRow({archive ? archive->path() : root});
     return status;
 }
 
-int exportSingle(const Slideshow &slideshow, const QString &folder, const ExportOptions &options)
+} // namespace
+
+int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, const ExportTarget &target,
+                const Interruption &interruption)
 {
-    ReportedExport run;
-    run.exporter()->setOptions(options);
-    const Result<> exported = QCoro::waitFor(run.exporter()->exportSlideshow(slideshow, absolute(folder)));
-    const int status = run.finish(exported);
-    if (exported)
-        writeRow({absolute(folder)});
-    return status;
+    const QString root = absolute(folder) + u'/' + batchFolderName(slideshows.first()->batchName());
+    return exportTo(root, target, &interruption, {}, [&](ReportedExport &run) {
+        QObject::connect(&interruption, &Interruption::requested, run.exporter(), [&run] { run.giveUp(); });
+        return QCoro::waitFor(run.exporter()->exportSlideshows(slideshows, absolute(folder)));
+    });
+}
+
+int exportSingle(const Slideshow &slideshow, const QString &folder, const ExportTarget &target)
+{
+    return exportTo(absolute(folder), target, nullptr, {}, [&](ReportedExport &run) {
+        return QCoro::waitFor(run.exporter()->exportSlideshow(slideshow, absolute(folder)));
+    });
 }
 
 int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
-               const LeftOut &leftOut, const Interruption &interruption)
+               const ExportTarget &target, const LeftOut &leftOut, const Interruption &interruption)
 {
-    ReportedExport run;
-    const Result<> exported =
-        run.exporter()->exportJobs(slideshows, absolute(folder), [&] { return !interruption.isRequested(); });
-    if (interruption.isRequested())
-        return failed;
-    const int status = run.finish(exported, leftOut);
-    if (exported)
-        writeRow({absolute(folder)});
-    return status;
+    return exportTo(absolute(folder), target, &interruption, leftOut, [&](ReportedExport &run) {
+        return run.exporter()->exportJobs(slideshows, absolute(folder),
+                                          [&] { return !interruption.isRequested(); });
+    });
 }
 
 } // namespace mosslantern

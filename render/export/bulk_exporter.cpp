@@ -1,10 +1,7 @@
 #include "render/export/bulk_exporter.h"
 
 #include "model/console.h"
-#include "model/folder.h"
-#include "model/partial_file.h"
 #include "model/slideshow.h"
-#include "render/export/slide_file.h"
 
 #include <QCoroTimer>
 #include <QtCore/QCoreApplication>
@@ -22,27 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Makes a folder for slides where there is none, and takes away what a killed export has left in it.
-Result<> makeSlideFolder(const QString &path)
-{
-    Result<> made = makeFolder(path);
-    if (made)
-        removeAbandonedFiles(path);
-    return made;
-}
-
 AspectRatio shapeOf(const Slideshow &slideshow)
 {
     return slideshow.aspectRatio().value_or(AspectRatio::tiktok);
-}
-
-std::vector<SlideJob> jobsOf(const QList<Slide *> &slides, AspectRatio aspectRatio,
-                             const ExportOptions &options)
-{
-    std::vector<SlideJob> jobs;
-    for (const Slide *slide : slides)
-        jobs.push_back(exportJob(*slide, aspectRatio, options));
-    return jobs;
 }
 
 bool isThere(const QPointer<Slideshow> &slideshow)
@@ -66,11 +45,6 @@ int slidesOf(const QList<QPointer<Slideshow>> &slideshows)
 QString slideshowPath(const QString &folder, size_t index)
 {
     return folder + u"/Slideshow_%1"_s.arg(index + 1);
-}
-
-QString slidePath(const QString &folder, size_t index, SlideFormat format)
-{
-    return folder + u"/Slide_%1"_s.arg(index + 1) + fileEnding(format);
 }
 
 } // namespace
@@ -120,8 +94,10 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
             continue;
         const QString folder =
             slideshowPath(base + u'/' + batchFolderName(waiting[i]->batchName()), size_t(i));
-        if (const Result<> made = makeSlideFolder(folder); !made)
-            co_return made;
+        if (m_options.takes(shapeOf(*waiting[i]))) {
+            if (const Result<> made = m_destination->prepareFolder(folder); !made)
+                co_return made;
+        }
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
             co_return givenUp();
@@ -144,17 +120,40 @@ Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slid
     begin(total);
     for (size_t i = 0; i < slideshows.size() && goesOn(); ++i) {
         const QString path = slideshowPath(folder, i);
-        if (const Result<> made = makeSlideFolder(path); !made)
+        if (const Result<> made = m_destination->prepareFolder(path); !made)
             return made;
         writeSlides(slideshows[i], path, goesOn);
     }
     return {};
 }
 
+Result<std::vector<SlideJob>> BulkExporter::jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
+                                                   const QString &folder)
+{
+    const AspectRatio shape = shapeOf(slideshow);
+    const std::optional<Error> objection = m_options.objection(folder, shape, slides.size());
+    if (objection && !m_options.takes(shape))
+        return std::unexpected(*objection);
+    if (objection) {
+        emit fileLeftOut(objection->message);
+        m_leftOut += static_cast<int>(slides.size()) - m_options.mostSlides();
+        slides.resize(m_options.mostSlides());
+    }
+    std::vector<SlideJob> jobs;
+    for (const Slide *slide : slides)
+        jobs.push_back(exportJob(*slide, shape, m_options));
+    return jobs;
+}
+
 void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &folder)
 {
-    writeSlides(jobsOf(slideshow.slidesInOrder(), shapeOf(slideshow), m_options), folder,
-                [] { return true; });
+    const auto jobs = jobsOf(slideshow, slideshow.slidesInOrder(), folder);
+    if (jobs) {
+        writeSlides(*jobs, folder, [] { return true; });
+    } else {
+        m_leftOut += static_cast<int>(slideshow.slides().size());
+        emit fileLeftOut(jobs.error().message);
+    }
 }
 
 void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
@@ -162,8 +161,7 @@ void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString 
 {
     m_renderer.render(jobs, [&](size_t index, const EncodedSlide &slide) {
         // The others are still worth having.
-        if (const Result<> written = writeSlide(slidePath(folder, index, jobs[index].encoding.format), slide);
-            !written)
+        if (const Result<> written = writeSlide(folder + u'/' + m_options.fileName(index), slide); !written)
             emit fileLeftOut(written.error().message);
         return goesOn();
     });
@@ -178,21 +176,21 @@ void BulkExporter::begin(int total)
 
 QCoro::Task<Result<>> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
 {
-    return writeInTurn(jobsOf(slideshow.slides(), shapeOf(slideshow), m_options), folder);
+    begin(static_cast<int>(slideshow.slides().size()));
+    return writeInTurn(jobsOf(slideshow, slideshow.slides(), folder), folder);
 }
 
-QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QString folder)
+QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jobs, QString folder)
 {
     const QPointer<BulkExporter> self(this);
-    begin(static_cast<int>(jobs.size()));
-    const SlideFormat format = m_options.encoding.format;
-    Result<> outcome = makeSlideFolder(folder);
-    SlideRun run = m_renderer.start(std::move(jobs));
+    const ExportOptions options = m_options;
+    Result<> outcome = jobs ? m_destination->prepareFolder(folder) : std::unexpected(jobs.error());
+    SlideRun run = m_renderer.start(jobs ? std::move(*jobs) : std::vector<SlideJob>());
     for (size_t index = 0; outcome && run.hasNext(); ++index) {
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
         if (!self)
             co_return givenUp();
-        outcome = writeSlide(slidePath(folder, index, format), run.next());
+        outcome = writeSlide(folder + u'/' + options.fileName(index), run.next());
     }
     if (!outcome)
         printLine(u"Failed to export: "_s + outcome.error().message);
@@ -203,7 +201,7 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(std::vector<SlideJob> jobs, QStr
 
 Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide)
 {
-    const Result<> written = writeSlideFile(file, slide);
+    const Result<> written = m_destination->write(file, slide);
     if (written && !slide.pictureProblem.isEmpty())
         emit pictureMissing(file, slide.pictureProblem);
     ++(written ? m_written : m_leftOut);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "render/export/slide_renderer.h"
+#include "render/export/slide_destination.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>
@@ -22,9 +22,13 @@ public:
     /// `openFolder` is called after a finished export; it may be empty.
     explicit BulkExporter(FolderOpener openFolder, int threads = QThread::idealThreadCount());
 
-    /// How the slides of records are written from now on; PNG files of the usual size without it. Jobs say it
-    /// themselves.
+    /// How slides are written from now on; PNG files of the usual size without it. Jobs say themselves how
+    /// they are drawn. A slideshow that the options do not take is left out, and fileLeftOut() tells so; of a
+    /// single export that is the error.
     void setOptions(const ExportOptions &options) { m_options = options; }
+
+    /// Where the files go from now on; folders of the system without it. Must outlive the exports.
+    void setDestination(SlideDestination &destination) { m_destination = &destination; }
 
     /// The batch export: for each slideshow, the folder `base` / batch name ("Unknown Batch" without one, "/"
     /// as "-") / "Slideshow_" + its place in the list, with its slides by ascending order. Suspends before
@@ -57,7 +61,9 @@ signals:
     void fileLeftOut(const QString &reason);
 
 private:
-    QCoro::Task<Result<>> writeInTurn(std::vector<SlideJob> jobs, QString folder);
+    QCoro::Task<Result<>> writeInTurn(Result<std::vector<SlideJob>> jobs, QString folder);
+    Result<std::vector<SlideJob>> jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
+                                         const QString &folder);
     void begin(int total);
     void writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
                      const std::function<bool()> &goesOn);
@@ -65,6 +71,8 @@ private:
 
     FolderOpener m_openFolder;
     ExportOptions m_options;
+    FolderDestination m_folders;
+    SlideDestination *m_destination = &m_folders;
     SlideRenderer m_renderer;
     int m_written = 0;
     int m_leftOut = 0;

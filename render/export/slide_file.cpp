@@ -54,9 +54,7 @@ Result<> replaceFile(const QString &path, const EncodedSlide &slide)
 Result<> writeSlideFile(const QString &path, const EncodedSlide &slide)
 {
     if (!slide.isDrawn())
-        return fail(u"“%1” could not be written: %2"_s.arg(
-            path,
-            slide.problem.isEmpty() ? u"there is not enough memory to draw the slide."_s : slide.problem));
+        return fail(u"“%1” could not be written: %2"_s.arg(path, slide.reason()));
     if (const Result<> written = replaceFile(path, slide); !written)
         return fail(u"“%1” could not be written: %2"_s.arg(path, written.error().message));
     return {};

@@ -12,7 +12,8 @@ SlideValues slideValues(const Slide &slide)
 SlideJob exportJob(const SlideValues &values, const QString &picturePath, AspectRatio aspectRatio,
                    const ExportOptions &options)
 {
-    return {values, options.canvas(aspectRatio), picturePath, options.drawnCorners(), options.encoding};
+    return {values,           options.canvas(aspectRatio), picturePath, options.drawnCorners(),
+            options.encoding, options.frame(aspectRatio)};
 }
 
 SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio, const ExportOptions &options)

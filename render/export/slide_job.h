@@ -15,6 +15,9 @@ struct SlideJob
     QString picturePath; // empty: the slide has no picture
     Corners corners = Corners::rounded;
     SlideEncoding encoding = {};
+    QSize frame = {}; // pixels of the larger picture that the slide stands in; empty without one
+
+    [[nodiscard]] QSize pixelSize() const { return frame.isEmpty() ? canvas.pixelSize() : frame; }
 };
 
 [[nodiscard]] SlideValues slideValues(const Slide &slide);

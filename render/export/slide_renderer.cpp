@@ -2,10 +2,10 @@
 
 #include "render/background.h"
 #include "render/export/slide_encoder.h"
+#include "render/fitted_slide.h"
 #include "render/picture/decoding_stop.h"
 #include "render/picture/picture_loader.h"
 #include "render/pixels/pixels.h"
-#include "render/slide_composition.h"
 
 #include <atomic>
 #include <new>
@@ -14,6 +14,8 @@
 #include <utility>
 
 namespace mosslantern {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -72,7 +74,7 @@ private:
             m_isGivenUp = true;
         }
         if (--m_remaining == 0) {
-            m_composition.reset();
+            m_slide.reset();
             m_isDone = true;
         }
     }
@@ -86,9 +88,9 @@ private:
         }
         if (!background)
             m_pictureProblem = background.error().message;
-        m_composition.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts),
-                              m_job.corners);
-        m_size = m_composition->size();
+        m_slide.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts),
+                        m_job.corners, m_job.frame);
+        m_size = m_slide->size();
         if (m_job.encoding.format != SlideFormat::png) {
             ++m_remaining;
             m_crew.start([this] { run([this] { encodeWhole(); }); }, compressing);
@@ -104,7 +106,7 @@ private:
     void encodeWhole()
     {
         const auto paint = [this](int first, int count, uint8_t *out) {
-            m_composition->paintRows(first, count, out);
+            m_slide->paintRows(first, count, out);
         };
         Result<QByteArray> file = encodeSlide(m_size, paint, m_job.encoding);
         if (file)
@@ -133,7 +135,7 @@ private:
         const int extra = first > 0 ? 1 : 0;
         std::vector<uint8_t> pixels(static_cast<size_t>(4) * static_cast<size_t>(width) *
                                     static_cast<size_t>(rows + extra));
-        m_composition->paintRows(first - extra, rows + extra, pixels.data());
+        m_slide->paintRows(first - extra, rows + extra, pixels.data());
         unpremultiply(pixels.data(), width * (rows + extra));
         const uint8_t *start = pixels.data() + static_cast<ptrdiff_t>(4) * width * extra;
         m_bands[band] = encodePngBand(start, extra ? pixels.data() : nullptr, width, rows, last);
@@ -142,7 +144,7 @@ private:
     SlideJob m_job;
     std::vector<Layer> m_texts;
     WorkCrew &m_crew;
-    std::optional<SlideComposition> m_composition;
+    std::optional<FittedSlide> m_slide;
     QSize m_size;
     QList<PngBand> m_bands;
     QByteArray m_file;
@@ -152,6 +154,11 @@ private:
     std::atomic<bool> m_isGivenUp = false;
     std::atomic<bool> m_isDone = false;
 };
+
+QString EncodedSlide::reason() const
+{
+    return problem.isEmpty() ? u"there is not enough memory to draw the slide."_s : problem;
+}
 
 SlideRun::SlideRun(std::vector<SlideJob> jobs, WorkCrew &crew)
     : m_jobs(std::move(jobs))
@@ -174,7 +181,7 @@ bool SlideRun::hasRoom()
     const SlideJob &job = m_jobs[m_next];
     if (m_nextBytes < 0)
         m_nextBytes = mostImageBytes(job.picturePath, {job.canvas.pixelSize(), true}) +
-                      encodingMemory(job.canvas.pixelSize(), job.encoding);
+                      encodingMemory(job.pixelSize(), job.encoding);
     const qint64 held = std::reduce(m_bytes.begin(), m_bytes.end());
     return m_running.empty() || held + m_nextBytes <= mostBytesHeld;
 }

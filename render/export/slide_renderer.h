@@ -26,6 +26,8 @@ struct EncodedSlide
     QString problem = {};
 
     bool isDrawn() const { return !bands.isEmpty() || !file.isEmpty(); }
+    /// Why it is not drawn, for people.
+    [[nodiscard]] QString reason() const;
 };
 
 class SlideTask;

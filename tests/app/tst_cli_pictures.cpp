@@ -143,6 +143,28 @@ private slots:
                  QStringList({u"Slideshow_1/Slide_1.jpg"_s, u"Slideshow_1/Slide_2.jpg"_s}));
     }
 
+    void forAPlatform()
+    {
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        const QString make =
+            u"make --images pictures --content - --out . --batch-name B --for pinterest --zip "_s;
+        const QByteArray texts = "1\n2\n";
+        const Outcome unsuitable = m_tool->run(make, texts);
+        QVERIFY2(unsuitable.failed(1, u"Pinterest does not take slides of the shape 9:16."_s),
+                 unsuitable.all());
+        QCOMPARE(m_tool->files(u"."_s), QStringList{u"pictures/a.png"_s});
+
+        const Outcome made = m_tool->run(make + u"--fit"_s, texts);
+        QVERIFY2(made.succeeded(), made.all());
+        QCOMPARE(made.lines(), QStringList{m_tool->path(u"B.zip"_s)});
+        // Read by what is on every system that builds this.
+        const Outcome listed = m_tool->runShell(u"cmake -E tar xf B.zip && rm -r pictures"_s);
+        QVERIFY2(listed.succeeded(), listed.all());
+        QCOMPARE(m_tool->files(u"."_s),
+                 QStringList({u"B.zip"_s, u"Slideshow_1/Slide_01.jpg"_s, u"Slideshow_1/Slide_02.jpg"_s}));
+        QCOMPARE(QImage(m_tool->path(u"Slideshow_1/Slide_02.jpg"_s)).size(), QSize(1000, 1500));
+    }
+
     void onlyWhatIsDrawnIsRead()
     {
         m_tool->writePicture(u"pictures/red.jpg"_s, Qt::red);

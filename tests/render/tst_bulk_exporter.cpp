@@ -78,6 +78,35 @@ private:
 private slots:
     void initTestCase() { QVERIFY(registerFonts()); }
 
+    void onlyWhatAPlatformTakes()
+    {
+        const QList<QColor> many(12, Qt::red);
+        const QList<Slideshow *> slideshows{slideshow({Qt::blue}, AspectRatio::tiktok, u"B"_s),
+                                            slideshow(many, AspectRatio::square, u"B"_s)};
+        BulkExporter bulk = exporter();
+        ExportOptions options = ExportOptions::forPlatform(*platformNamed(u"instagram"));
+        options.width = 40;
+        bulk.setOptions(options);
+        QStringList reasons;
+        connect(&bulk, &BulkExporter::fileLeftOut, this,
+                [&](const QString &reason) { reasons.append(reason); });
+        QList<int> counts;
+        connect(&bulk, &BulkExporter::progressed, this, [&](int written, int leftOut, int total) {
+            counts = {written, leftOut, total};
+        });
+        QVERIFY(QCoro::waitFor(bulk.exportSlideshows(slideshows, m_target->path())));
+        QCOMPARE(QDir(path(u"B"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{u"Slideshow_2"_s});
+        const QStringList files = QDir(path(u"B/Slideshow_2"_s)).entryList(QDir::Files);
+        QCOMPARE(files.size(), 10);
+        QCOMPARE(files.last(), u"Slide_10.jpg"_s);
+        QCOMPARE(counts, QList<int>({10, 3, 13}));
+        QCOMPARE(reasons.size(), 2);
+        QVERIFY(reasons[0].contains(u"9:16") && reasons[1].contains(u"not 12"));
+        QVERIFY(!QCoro::waitFor(bulk.exportSlideshow(*slideshows[0], path(u"single"_s))));
+        QVERIFY(!QFile::exists(path(u"single"_s)));
+    }
+
     void init()
     {
         m_library = std::make_unique<TestLibrary>();

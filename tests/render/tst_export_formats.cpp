@@ -101,6 +101,50 @@ private slots:
         QCOMPARE(qAlpha(image.pixel(0, 0)) < 100, corners == Corners::rounded && image.hasAlphaChannel());
     }
 
+    void platforms_data()
+    {
+        const auto row = table<QString, AspectRatio, bool, QSize>({"platform", "shape", "isTaken", "size"});
+        row("TikTok", u"tiktok"_s, AspectRatio::tiktok, true, {1080, 1920});
+        row("TikTok, another shape", u"tiktok"_s, AspectRatio::instagram, true, {1080, 1350});
+        row("Instagram", u"instagram"_s, AspectRatio::instagram, true, {1080, 1350});
+        row("Instagram, square", u"instagram"_s, AspectRatio::square, true, {1080, 1080});
+        row("Instagram, too high", u"instagram"_s, AspectRatio::tiktok, false, {1080, 1350});
+        row("a story, too wide", u"stories"_s, AspectRatio::square, false, {1080, 1920});
+        row("Pinterest, too high", u"pinterest"_s, AspectRatio::tiktok, false, {1000, 1500});
+        row("Pinterest", u"pinterest"_s, AspectRatio::instagram, true, {1000, 1250});
+    }
+
+    void platforms()
+    {
+        QFETCH(const QString, platform);
+        QFETCH(const AspectRatio, shape);
+        ExportOptions options = ExportOptions::forPlatform(*platformNamed(platform));
+        QTEST(options.takes(shape), "isTaken");
+        options.fits = true;
+        QVERIFY(options.takes(shape));
+        const QImage image = exported(options, shape);
+        QTEST(image.size(), "size");
+        QVERIFY(!image.hasAlphaChannel());
+    }
+
+    /// The slide stands sharp in the middle; on the ground beside it neighbours hardly differ.
+    void theGroundIsOutOfFocus()
+    {
+        ExportOptions options = ExportOptions::forPlatform(*platformNamed(u"instagram"));
+        options.fits = true;
+        options.encoding = {};
+        const QImage whole = exported(options, AspectRatio::tiktok);
+        options = {.width = 759, .corners = Corners::square};
+        const QImage slide = exported(options, AspectRatio::tiktok);
+        const QRect place(160, 0, 759, 1349);
+        QVERIFY(meanDifference(whole.copy(place), slide.copy(0, 0, 759, 1349)) < 1);
+        int most = 0;
+        for (int y = 1; y < whole.height(); ++y)
+            most = std::max(most, std::abs(qGreen(whole.pixel(80, y)) - qGreen(whole.pixel(80, y - 1))));
+        QVERIFY2(most <= 3, qPrintable(QString::number(most)));
+        QVERIFY(qGreen(whole.pixel(80, 1300)) > qGreen(whole.pixel(80, 50)) + 50);
+    }
+
     void aLimitOfBytes()
     {
         const auto sizeOf = [this](const SlideEncoding &encoding) {
@@ -144,17 +188,16 @@ private slots:
 private:
     QString path() const { return m_folder.filePath(u"slide"_s); }
 
-    EncodedSlide drawn(const ExportOptions &options) const
+    EncodedSlide drawn(const ExportOptions &options, AspectRatio shape = AspectRatio::tiktok) const
     {
         const SlideValues values{.text = u"Text"_s, .subtitle = u"below"_s};
-        const SlideJob job =
-            exportJob(values, m_folder.filePath(u"photo.png"_s), AspectRatio::tiktok, options);
+        const SlideJob job = exportJob(values, m_folder.filePath(u"photo.png"_s), shape, options);
         return SlideRenderer(2).start({job}).next();
     }
 
-    QImage exported(const ExportOptions &options) const
+    QImage exported(const ExportOptions &options, AspectRatio shape = AspectRatio::tiktok) const
     {
-        return writeSlideFile(path(), drawn(options)) ? QImage(path()) : QImage();
+        return writeSlideFile(path(), drawn(options, shape)) ? QImage(path()) : QImage();
     }
 
     QTemporaryDir m_folder;
