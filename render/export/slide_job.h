@@ -24,7 +24,8 @@ struct SlideJob
 
 /// The job that exports a slide of a slideshow of this shape.
 [[nodiscard]] SlideJob exportJob(const SlideValues &values, const QString &picturePath,
-                                 AspectRatio aspectRatio, const ExportOptions &options);
-[[nodiscard]] SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio, const ExportOptions &options);
+                                 AspectRatio aspectRatio, const ExportOptions &options = {});
+[[nodiscard]] SlideJob exportJob(const Slide &slide, AspectRatio aspectRatio,
+                                 const ExportOptions &options = {});
 
 } // namespace mosslantern
