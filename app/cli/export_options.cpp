@@ -8,7 +8,8 @@ std::vector<OptionSpec> exportOptions()
 {
     return {
         {"for"_L1, "PLATFORM"_L1,
-         "what this platform takes: tiktok, instagram, stories, threads, facebook or pinterest; the options "
+         "what this platform takes: tiktok, instagram, stories, threads, facebook, linkedin or pinterest; "
+         "the options "
          "below win over it"_L1},
         {"fit"_L1,
          {},
@@ -48,12 +49,23 @@ std::vector<OptionSpec> exportTargetOptions()
 {
     std::vector<OptionSpec> options = exportOptions();
     options.push_back({"zip"_L1, {}, "write one ZIP file, called like the folder, instead of the folder"_L1});
+    options.push_back({"pdf"_L1,
+                       {},
+                       "write each slideshow as a PDF document, a JPEG picture on each page; --for linkedin "
+                       "does, too"_L1});
     return options;
 }
 
 ExportTarget readExportTarget(OptionReader &options)
 {
-    return {readExportOptions(options), options.has("zip"_L1)};
+    ExportTarget target{.options = readExportOptions(options), .isArchive = options.has("zip"_L1)};
+    const Platform *platform = target.options.platform;
+    target.isDocument = options.has("pdf"_L1) || (platform && platform->isDocument);
+    if (target.isDocument && !options.has("format"_L1))
+        target.options.encoding.format = SlideFormat::jpeg;
+    if (target.isDocument && target.options.encoding.format != SlideFormat::jpeg)
+        options.note(u"expected --format jpeg for a PDF document"_s);
+    return target;
 }
 
 } // namespace mosslantern

@@ -17,7 +17,8 @@ ExportOptions readExportOptions(OptionReader &options);
 struct ExportTarget
 {
     ExportOptions options;
-    bool isArchive = false; // one ZIP file instead of a folder
+    bool isArchive = false;  // one ZIP file instead of a folder
+    bool isDocument = false; // a PDF document instead of each slideshow's folder
 };
 
 /// The options that tell a target, and what they tell, in the same manner.

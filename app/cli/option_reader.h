@@ -48,6 +48,9 @@ public:
     /// Makes it a problem when an option is missing or empty.
     QString required(QLatin1StringView option);
 
+    /// Makes this the problem, unless there is one.
+    void note(const QString &problem) { m_problem = m_problem.value_or(problem); }
+
     const std::optional<QString> &problem() const { return m_problem; }
 
 private:

@@ -5,6 +5,7 @@
 #include "app/cli/progress.h"
 #include "model/slideshow.h"
 #include "render/export/bulk_exporter.h"
+#include "render/export/pdf_documents.h"
 #include "render/export/slide_archive.h"
 
 #include <QtCore/QDir>
@@ -67,7 +68,8 @@ QString absolute(const QString &folder)
     return QDir::cleanPath(QDir::current().absoluteFilePath(folder));
 }
 
-/// Exports to the folder `root`, or to the archive that stands for it, and prints which. `work` does it.
+/// Exports to the folder `root`, or to the file that stands for it, and prints which. `work` does it, without
+/// an interruption for a single slideshow.
 int exportTo(const QString &root, const ExportTarget &target, const Interruption *interruption,
              const LeftOut &leftOut, const std::function<Result<>(ReportedExport &)> &work)
 {
@@ -79,16 +81,18 @@ int exportTo(const QString &root, const ExportTarget &target, const Interruption
         if (!created)
             return run.finish(std::unexpected(created.error()), leftOut);
         archive = std::move(*created);
-        run.exporter()->setDestination(*archive);
     }
-    Result<> exported = work(run);
+    FolderDestination folders;
+    SlideDestination &files = archive ? static_cast<SlideDestination &>(*archive) : folders;
+    PdfDocuments documents(files);
+    run.exporter()->setDestination(target.isDocument ? static_cast<SlideDestination &>(documents) : files);
+    const Result<> exported = work(run);
     if (interruption && interruption->isRequested())
         return failed;
-    if (exported && archive)
-        exported = archive->finish();
     const int status = run.finish(exported, leftOut);
+    const bool isOneDocument = target.isDocument && !interruption;
     if (exported)
-        writeRow({archive ? archive->path() : root});
+        writeRow({archive ? archive->path() : isOneDocument ? root + u".pdf"_s : root});
     return status;
 }
 

@@ -106,6 +106,8 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
             writeSlideImages(*waiting[i], folder);
         }
     }
+    if (const Result<> finished = m_destination->finish(); !finished)
+        co_return finished;
     if (m_openFolder)
         m_openFolder(base);
     co_return Result<>();
@@ -124,7 +126,7 @@ Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slid
             return made;
         writeSlides(slideshows[i], path, goesOn);
     }
-    return {};
+    return goesOn() ? m_destination->finish() : Result<>();
 }
 
 Result<std::vector<SlideJob>> BulkExporter::jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
@@ -192,6 +194,8 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jo
             co_return givenUp();
         outcome = writeSlide(folder + u'/' + options.fileName(index), run.next());
     }
+    if (outcome)
+        outcome = m_destination->finish();
     if (!outcome)
         printLine(u"Failed to export: "_s + outcome.error().message);
     else if (m_openFolder)

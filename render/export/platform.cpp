@@ -21,6 +21,7 @@ constexpr Platform platforms[] = {
     {"stories"_L1, "Stories"_L1, fullScreen, fullScreenShape, fullScreenShape, jpeg, 8 * megabyte, 100},
     {"threads"_L1, "Threads"_L1, portrait, 0.1, 10, jpeg, 8 * megabyte, 20},
     {"facebook"_L1, "Facebook"_L1, portrait, fullScreenShape, 1.91, jpeg, 4 * megabyte, 10},
+    {"linkedin"_L1, "LinkedIn"_L1, portrait, fullScreenShape, 1.91, jpeg, 2 * megabyte, 50, true},
     {"pinterest"_L1, "Pinterest"_L1, {1000, 1500}, 2.0 / 3, 1, jpeg, 10 * megabyte, 5},
 };
 

@@ -21,6 +21,7 @@ struct Platform
     SlideFormat format = SlideFormat::jpeg;
     qint64 mostBytes = 0;
     int mostSlides = 0;
+    bool isDocument = false; // one PDF document of all slides
 
     [[nodiscard]] bool takes(AspectRatio aspectRatio) const;
 };

@@ -1,9 +1,10 @@
 #include "render/export/slide_archive.h"
 
 #include "model/folder.h"
+#include "render/export/slide_file.h"
 
 #include <QtCore/QBuffer>
-#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QtEndian>
 
 #include <isa-l.h>
@@ -96,8 +97,10 @@ Result<> SlideArchive::prepareFolder(const QString &)
 Result<> SlideArchive::write(const QString &path, const EncodedSlide &slide)
 {
     if (!slide.isDrawn())
-        return fail(u"“%1” could not be written: %2"_s.arg(path, slide.reason()));
-    const QByteArray name = QDir(m_root).relativeFilePath(path).toUtf8();
+        return notDrawn(path, slide);
+    // The document of a single slideshow stands beside its folder.
+    const bool isInside = path.startsWith(m_root + u'/');
+    const QByteArray name = (isInside ? path.sliced(m_root.size() + 1) : QFileInfo(path).fileName()).toUtf8();
     const QByteArray data = fileOf(slide);
     constexpr qint64 most = std::numeric_limits<uint32_t>::max() - (qint64(1) << 24); // the directory's room
     if (m_count == mostFiles || m_size + data.size() > most)

@@ -21,7 +21,7 @@ public:
     [[nodiscard]] Result<> write(const QString &path, const EncodedSlide &slide) override;
 
     /// Ends the archive; in place of any file of its name.
-    [[nodiscard]] Result<> finish();
+    [[nodiscard]] Result<> finish() override;
 
     QString path() const { return m_root + QStringLiteral(".zip"); }
 

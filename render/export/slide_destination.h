@@ -16,6 +16,8 @@ public:
     [[nodiscard]] virtual Result<> prepareFolder(const QString &path) = 0;
     /// Writes the file of a slide, in place of any of that path.
     [[nodiscard]] virtual Result<> write(const QString &path, const EncodedSlide &slide) = 0;
+    /// Ends a whole export.
+    [[nodiscard]] virtual Result<> finish() { return {}; }
 };
 
 /// The folders and files of the system.

@@ -51,10 +51,15 @@ Result<> replaceFile(const QString &path, const EncodedSlide &slide)
 
 } // namespace
 
+std::unexpected<Error> notDrawn(const QString &path, const EncodedSlide &slide)
+{
+    return fail(u"“%1” could not be written: %2"_s.arg(path, slide.reason()));
+}
+
 Result<> writeSlideFile(const QString &path, const EncodedSlide &slide)
 {
     if (!slide.isDrawn())
-        return fail(u"“%1” could not be written: %2"_s.arg(path, slide.reason()));
+        return notDrawn(path, slide);
     if (const Result<> written = replaceFile(path, slide); !written)
         return fail(u"“%1” could not be written: %2"_s.arg(path, written.error().message));
     return {};

@@ -8,4 +8,7 @@ namespace mosslantern {
 /// drawn is an error, too.
 [[nodiscard]] Result<> writeSlideFile(const QString &path, const EncodedSlide &slide);
 
+/// That the file of a slide is not there to be written.
+[[nodiscard]] std::unexpected<Error> notDrawn(const QString &path, const EncodedSlide &slide);
+
 } // namespace mosslantern

@@ -165,6 +165,32 @@ private slots:
         QCOMPARE(QImage(m_tool->path(u"Slideshow_1/Slide_02.jpg"_s)).size(), QSize(1000, 1500));
     }
 
+    void documents()
+    {
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        const QString make = u"make --images pictures --content - --out . --batch-name B --shape 4:5 "_s;
+        const Outcome refused = m_tool->run(make + u"--pdf --format webp"_s, "1\n2");
+        QVERIFY2(refused.failed(2, u"expected --format jpeg"_s), refused.all());
+        QVERIFY(m_tool->run(make + u"--for linkedin --count 2"_s, "1\n2").succeeded());
+        QCOMPARE(m_tool->files(u"B"_s), QStringList({u"Slideshow_1.pdf"_s, u"Slideshow_2.pdf"_s}));
+        // The pictures are in it as they are.
+        QVERIFY(m_tool->run(make + u"--for linkedin --format jpeg --zip"_s, "1\n2").succeeded());
+        const QByteArray pdf = m_tool->read(u"B/Slideshow_1.pdf"_s);
+        QVERIFY(m_tool->read(u"B.zip"_s).contains(pdf));
+        QCOMPARE(pdf.count("/Type /Page "), 2);
+        QCOMPARE(pdf.count("/MediaBox [ 0 0 1080 1350 ]"), 2);
+        const qsizetype table = pdf.lastIndexOf("xref\n0 10\n", pdf.lastIndexOf("startxref") - 1);
+        QCOMPARE(pdf.mid(pdf.lastIndexOf("startxref\n") + 10).split('\n').first().toLongLong(), table);
+        for (int number = 1; number < 10; ++number) {
+            const qsizetype entry = table + 10 + 20 * number;
+            const qsizetype at = pdf.mid(entry, 10).toLongLong();
+            QVERIFY(pdf.mid(at).startsWith(QByteArray::number(number) + " 0 obj\n"));
+        }
+        const qsizetype picture = pdf.indexOf("\xFF\xD8\xFF");
+        const QImage page = QImage::fromData(pdf.mid(picture, pdf.indexOf("\nendstream", picture) - picture));
+        QCOMPARE(page.size(), QSize(1080, 1350));
+    }
+
     void onlyWhatIsDrawnIsRead()
     {
         m_tool->writePicture(u"pictures/red.jpg"_s, Qt::red);
