@@ -25,7 +25,7 @@ them as folders of PNG files, without a display.")
 # the fonts of emoji and of most scripts.
 set(CPACK_DEBIAN_CLI_PACKAGE_DEPENDS
   "qt6-image-formats-plugins, libheif-plugin-libde265 | libheif1 (<< 1.16), libheif-plugin-dav1d | libheif1 (<< 1.16), fonts-noto-color-emoji, fonts-noto-core, fonts-noto-cjk")
-set(CPACK_DEBIAN_CLI_PACKAGE_SUGGESTS "bash-completion")
+set(CPACK_DEBIAN_CLI_PACKAGE_SUGGESTS "bash-completion, ffmpeg")
 
 set(CPACK_DEBIAN_WINDOW_PACKAGE_NAME mosslantern)
 set(CPACK_DEBIAN_WINDOW_PACKAGE_SECTION graphics)

@@ -1,5 +1,9 @@
 #include "app/cli/export_options.h"
 
+#include "app/cli/film_options.h"
+
+#include <algorithm>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -8,7 +12,8 @@ std::vector<OptionSpec> exportOptions()
 {
     return {
         {"for"_L1, "PLATFORM"_L1,
-         "what this platform takes: tiktok, instagram, stories, threads, facebook, linkedin or pinterest; "
+         "what this platform takes: tiktok, instagram, reels, stories, shorts, threads, facebook, linkedin "
+         "or pinterest; "
          "the options "
          "below win over it"_L1},
         {"fit"_L1,
@@ -53,6 +58,7 @@ std::vector<OptionSpec> exportTargetOptions()
                        {},
                        "write each slideshow as a PDF document, a JPEG picture on each page; --for linkedin "
                        "does, too"_L1});
+    std::ranges::copy(filmOptions(), std::back_inserter(options));
     return options;
 }
 
@@ -61,6 +67,9 @@ ExportTarget readExportTarget(OptionReader &options)
     ExportTarget target{.options = readExportOptions(options), .isArchive = options.has("zip"_L1)};
     const Platform *platform = target.options.platform;
     target.isDocument = options.has("pdf"_L1) || (platform && platform->isDocument);
+    target.options.film = readFilmOptions(options, target.options.film);
+    if (target.options.film && (target.isArchive || target.isDocument))
+        options.note(u"expected one of --film, --zip and --pdf"_s);
     if (target.isDocument && !options.has("format"_L1))
         target.options.encoding.format = SlideFormat::jpeg;
     if (target.isDocument && target.options.encoding.format != SlideFormat::jpeg)

@@ -154,6 +154,16 @@ std::optional<Corners> OptionReader::corners(QLatin1StringView option)
     return read(option, cornersFromRawText, choices(allCorners));
 }
 
+std::optional<FilmFormat> OptionReader::filmFormat(QLatin1StringView option)
+{
+    return read(option, filmFormatFromRawText, choices(allFilmFormats));
+}
+
+std::optional<Transition> OptionReader::transition(QLatin1StringView option)
+{
+    return read(option, transitionFromRawText, choices(allTransitions));
+}
+
 QString OptionReader::required(QLatin1StringView option)
 {
     const QString text = m_arguments.value(option).value_or(QString());

@@ -5,6 +5,7 @@
 #include "model/rgba_color.h"
 #include "model/text_style.h"
 #include "render/export/platform.h"
+#include "render/film/film_options.h"
 
 #include <QtCore/QPointF>
 #include <QtCore/QSizeF>
@@ -42,6 +43,9 @@ public:
     /// Null without one.
     const Platform *platform(QLatin1StringView option);
     std::optional<Corners> corners(QLatin1StringView option);
+
+    std::optional<FilmFormat> filmFormat(QLatin1StringView option);
+    std::optional<Transition> transition(QLatin1StringView option);
 
     bool has(QLatin1StringView option) const { return m_arguments.has(option); }
 

@@ -68,6 +68,14 @@ QString absolute(const QString &folder)
     return QDir::cleanPath(QDir::current().absoluteFilePath(folder));
 }
 
+/// What is behind the name of a folder that is but one file.
+QString endingOfOne(const ExportTarget &target)
+{
+    if (target.options.film)
+        return u'.' + rawText(target.options.film->format);
+    return target.isDocument ? u".pdf"_s : QString();
+}
+
 /// Exports to the folder `root`, or to the file that stands for it, and prints which. `work` does it, without
 /// an interruption for a single slideshow.
 int exportTo(const QString &root, const ExportTarget &target, const Interruption *interruption,
@@ -90,9 +98,8 @@ int exportTo(const QString &root, const ExportTarget &target, const Interruption
     if (interruption && interruption->isRequested())
         return failed;
     const int status = run.finish(exported, leftOut);
-    const bool isOneDocument = target.isDocument && !interruption;
     if (exported)
-        writeRow({archive ? archive->path() : isOneDocument ? root + u".pdf"_s : root});
+        writeRow({archive ? archive->path() : interruption ? root : root + endingOfOne(target)});
     return status;
 }
 

@@ -2,16 +2,20 @@
 
 #include "model/console.h"
 #include "model/slideshow.h"
+#include "render/film/film_maker.h"
+#include "render/picture/decoding_stop.h"
 
 #include <QCoroTimer>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QPointer>
 
 #include <chrono>
 #include <climits>
+#include <utility>
 
 namespace mosslantern {
 
@@ -95,7 +99,7 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
         const QString folder =
             slideshowPath(base + u'/' + batchFolderName(waiting[i]->batchName()), size_t(i));
         if (m_options.takes(shapeOf(*waiting[i]))) {
-            if (const Result<> made = m_destination->prepareFolder(folder); !made)
+            if (const Result<> made = prepare(folder); !made)
                 co_return made;
         }
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));
@@ -122,7 +126,7 @@ Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slid
     begin(total);
     for (size_t i = 0; i < slideshows.size() && goesOn(); ++i) {
         const QString path = slideshowPath(folder, i);
-        if (const Result<> made = m_destination->prepareFolder(path); !made)
+        if (const Result<> made = prepare(path); !made)
             return made;
         writeSlides(slideshows[i], path, goesOn);
     }
@@ -161,12 +165,43 @@ void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &f
 void BulkExporter::writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
                                const std::function<bool()> &goesOn)
 {
+    if (m_options.film) {
+        if (const Result<> made = writeFilm(jobs, folder); !made && !isDecodingStopped())
+            emit fileLeftOut(made.error().message);
+        return;
+    }
     m_renderer.render(jobs, [&](size_t index, const EncodedSlide &slide) {
         // The others are still worth having.
         if (const Result<> written = writeSlide(folder + u'/' + m_options.fileName(index), slide); !written)
             emit fileLeftOut(written.error().message);
         return goesOn();
     });
+}
+
+/// A film is called like the folder that its slides would be in.
+Result<> BulkExporter::prepare(const QString &folder)
+{
+    return m_destination->prepareFolder(m_options.film ? QFileInfo(folder).path() : folder);
+}
+
+Result<> BulkExporter::writeFilm(const std::vector<SlideJob> &jobs, const QString &folder)
+{
+    if (jobs.empty())
+        return {};
+    const QString file = folder + u'.' + rawText(m_options.film->format);
+    const int before = m_written;
+    const Result<MadeFilm> film = makeFilm(jobs, *m_options.film, file, m_renderer.crew(), [&](int slides) {
+        emit progressed(before + slides, m_leftOut, m_total);
+    });
+    (film ? m_written : m_leftOut) += static_cast<int>(jobs.size());
+    emit progressed(m_written, m_leftOut, m_total);
+    if (!film)
+        return std::unexpected(film.error());
+    for (const QString &problem : film->pictureProblems) {
+        if (!problem.isEmpty())
+            emit pictureMissing(file, problem);
+    }
+    return {};
 }
 
 void BulkExporter::begin(int total)
@@ -186,7 +221,9 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jo
 {
     const QPointer<BulkExporter> self(this);
     const ExportOptions options = m_options;
-    Result<> outcome = jobs ? m_destination->prepareFolder(folder) : std::unexpected(jobs.error());
+    Result<> outcome = jobs ? prepare(folder) : std::unexpected(jobs.error());
+    if (outcome && options.film)
+        outcome = writeFilm(std::exchange(*jobs, {}), folder);
     SlideRun run = m_renderer.start(jobs ? std::move(*jobs) : std::vector<SlideJob>());
     for (size_t index = 0; outcome && run.hasNext(); ++index) {
         co_await QCoro::sleepFor(std::chrono::milliseconds(0));

@@ -64,6 +64,8 @@ private:
     QCoro::Task<Result<>> writeInTurn(Result<std::vector<SlideJob>> jobs, QString folder);
     Result<std::vector<SlideJob>> jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
                                          const QString &folder);
+    Result<> prepare(const QString &folder);
+    Result<> writeFilm(const std::vector<SlideJob> &jobs, const QString &folder);
     void begin(int total);
     void writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
                      const std::function<bool()> &goesOn);

@@ -9,11 +9,14 @@ using namespace Qt::StringLiterals;
 
 ExportOptions ExportOptions::forPlatform(const Platform &platform)
 {
-    return {.encoding = {.format = platform.format, .mostBytes = platform.mostBytes},
-            .width = platform.frame.width(),
-            .corners = Corners::square,
-            .platform = &platform,
-            .digits = 2};
+    ExportOptions options{.encoding = {.format = platform.format, .mostBytes = platform.mostBytes},
+                          .width = platform.frame.width(),
+                          .corners = Corners::square,
+                          .platform = &platform,
+                          .digits = 2};
+    if (platform.isFilm)
+        options.film.emplace();
+    return options;
 }
 
 bool ExportOptions::takes(AspectRatio aspectRatio) const
@@ -53,14 +56,15 @@ Canvas ExportOptions::canvas(AspectRatio aspectRatio) const
     if (const QSize outer = frame(aspectRatio); !outer.isEmpty())
         canvas.pixelRatio =
             std::min(outer.width() / canvas.size.width(), outer.height() / canvas.size.height());
-    else if (width)
-        canvas.pixelRatio = *width / canvas.size.width();
+    else if (width || film)
+        canvas.pixelRatio = width.value_or(usualFilmWidth) / canvas.size.width();
     return canvas;
 }
 
 Corners ExportOptions::drawnCorners() const
 {
-    return corners.value_or(encoding.format == SlideFormat::png ? Corners::rounded : Corners::square);
+    return corners.value_or(encoding.format == SlideFormat::png && !film ? Corners::rounded
+                                                                         : Corners::square);
 }
 
 QString ExportOptions::fileName(size_t index) const

@@ -3,6 +3,7 @@
 #include "model/error.h"
 #include "render/canvas.h"
 #include "render/export/platform.h"
+#include "render/film/film_options.h"
 
 namespace mosslantern {
 
@@ -10,11 +11,13 @@ namespace mosslantern {
 struct ExportOptions
 {
     static constexpr int widest = 8192;
+    static constexpr int usualFilmWidth = 1080;
 
     SlideEncoding encoding = {};
-    std::optional<int> width = {};       // pixels, 1 to `widest`; none: 2 pixels per point
-    std::optional<Corners> corners = {}; // none: rounded in PNG files, square in others
-    const Platform *platform = nullptr;  // whose shapes and number of slides bind
+    std::optional<int> width = {};        // pixels, 1 to `widest`; none: 2 pixels per point; 1080 of a film
+    std::optional<Corners> corners = {};  // none: rounded in PNG files, square in others and films
+    std::optional<FilmOptions> film = {}; // of each slideshow, instead of its files; none: files
+    const Platform *platform = nullptr;   // whose shapes and number of slides bind
     bool fits = false; // slides of other shapes than the platform's stand in a picture of its size
     int digits = 1;    // of the numbers of files, at least
 

@@ -18,7 +18,10 @@ constexpr auto jpeg = SlideFormat::jpeg;
 constexpr Platform platforms[] = {
     {"tiktok"_L1, "TikTok"_L1, fullScreen, fullScreenShape, 1, jpeg, 20 * megabyte, 35},
     {"instagram"_L1, "Instagram"_L1, portrait, portraitShape, 1.91, jpeg, 8 * megabyte, 10},
+    {"reels"_L1, "Reels"_L1, fullScreen, fullScreenShape, fullScreenShape, jpeg, 8 * megabyte, 100, false,
+     true},
     {"stories"_L1, "Stories"_L1, fullScreen, fullScreenShape, fullScreenShape, jpeg, 8 * megabyte, 100},
+    {"shorts"_L1, "Shorts"_L1, fullScreen, fullScreenShape, 1, jpeg, 2 * megabyte, 60, false, true},
     {"threads"_L1, "Threads"_L1, portrait, 0.1, 10, jpeg, 8 * megabyte, 20},
     {"facebook"_L1, "Facebook"_L1, portrait, fullScreenShape, 1.91, jpeg, 4 * megabyte, 10},
     {"linkedin"_L1, "LinkedIn"_L1, portrait, fullScreenShape, 1.91, jpeg, 2 * megabyte, 50, true},

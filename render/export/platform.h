@@ -22,6 +22,7 @@ struct Platform
     qint64 mostBytes = 0;
     int mostSlides = 0;
     bool isDocument = false; // one PDF document of all slides
+    bool isFilm = false;     // an MP4 film
 
     [[nodiscard]] bool takes(AspectRatio aspectRatio) const;
 };

@@ -4,6 +4,7 @@
 #include "render/export/jpeg_encoder.h"
 #include "render/export/webp_encoder.h"
 #include "render/pixels/new_image.h"
+#include "render/pixels/pixels.h"
 
 namespace mosslantern {
 
@@ -14,16 +15,6 @@ namespace {
 bool hasQuality(SlideFormat format)
 {
     return format == SlideFormat::jpeg || format == SlideFormat::webp;
-}
-
-/// What lies below the transparent parts of premultiplied pixels.
-void putOnWhite(uint8_t *pixels, int count)
-{
-    for (int i = 0; i < 4 * count; i += 4) {
-        const int missing = 255 - pixels[i + 3];
-        for (int channel = i; channel < i + 4; ++channel)
-            pixels[channel] = uint8_t(pixels[channel] + missing);
-    }
 }
 
 Result<QByteArray> checked(Result<QByteArray> file, const SlideEncoding &encoding)

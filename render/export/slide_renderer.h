@@ -78,6 +78,9 @@ public:
     /// Begins to draw the jobs for a caller that takes them one by one, before the renderer goes.
     [[nodiscard]] SlideRun start(std::vector<SlideJob> jobs) { return {std::move(jobs), m_crew}; }
 
+    /// The threads, for other work between two runs.
+    WorkCrew &crew() { return m_crew; }
+
     /// Waits until nothing is running any more.
     void waitForDone() { m_crew.waitForAll(); }
 

@@ -124,6 +124,15 @@ void swapRedAndBlue(QImage &image)
         swapRow(reinterpret_cast<uint32_t *>(image.scanLine(y)), image.width());
 }
 
+void putOnWhite(uint8_t *pixels, int count)
+{
+    for (int i = 0; i < 4 * count; i += 4) {
+        const int missing = 255 - pixels[i + 3];
+        for (int channel = i; channel < i + 4; ++channel)
+            pixels[channel] = static_cast<uint8_t>(pixels[channel] + missing);
+    }
+}
+
 void unpremultiply(uint8_t *pixels, int count)
 {
     for (int i = 0; i < 4 * count; i += 4) {

@@ -37,6 +37,9 @@ void fillUp(uint32_t *pixels, const uint8_t *alpha, int count, const Pixel &colo
 /// Turns ARGB32 pixels into RGBA8888 ones, or back, where they are; the image keeps its format.
 void swapRedAndBlue(QImage &image);
 
+/// Puts `count` premultiplied RGBA pixels on white; all are opaque afterwards.
+void putOnWhite(uint8_t *pixels, int count);
+
 /// From premultiplied to plain RGBA, as files hold it.
 void unpremultiply(uint8_t *pixels, int count);
 

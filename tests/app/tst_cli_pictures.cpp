@@ -165,6 +165,31 @@ private slots:
         QCOMPARE(QImage(m_tool->path(u"Slideshow_1/Slide_02.jpg"_s)).size(), QSize(1000, 1500));
     }
 
+    void films()
+    {
+        m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
+        m_tool->write(u"bin/ffmpeg"_s, "#!/bin/sh\nfor last; do :; done\necho \"$@\" > arguments\n"
+                                       "cat > /dev/null; echo film > \"${last#file:}\"\n");
+        QVERIFY(QFile::setPermissions(m_tool->path(u"bin/ffmpeg"_s), QFile::ReadOwner | QFile::ExeOwner));
+        m_tool->setVariable(u"PATH"_s, m_tool->path(u"bin"_s) + u":/usr/bin:/bin"_s);
+        const QString make = u"make --images pictures --content - --out . --batch-name B --for reels "_s;
+        const Outcome made = m_tool->run(make + u"--seconds 0.5 --fps 20 --music bin/ffmpeg"_s, "1\n2");
+        QVERIFY2(made.succeeded(), made.all());
+        QCOMPARE(m_tool->files(u"B"_s), QStringList{u"Slideshow_1.mp4"_s});
+        const QByteArray arguments = m_tool->read(u"arguments"_s);
+        for (const char *const part :
+             {"-s 1080x1920 -r 20 ", "-stream_loop -1 -i file:", "libx264", "-t 1.000 "})
+            QVERIFY2(arguments.contains(part), arguments.constData());
+        for (const auto &[options, problem] :
+             {std::pair(u"--zip"_s, u"expected one of --film, --zip and --pdf"_s),
+              {u"--music none.mp3"_s, u"is no file"_s}}) {
+            const Outcome misused = m_tool->run(make + options, "1");
+            QVERIFY2(misused.failed(2, problem), misused.all());
+        }
+        const Outcome unasked = m_tool->run(u"make --images pictures --content - --out . --seconds 2"_s, "1");
+        QVERIFY2(unasked.failed(2, u"expected --film with --seconds"_s), unasked.all());
+    }
+
     void documents()
     {
         m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
