@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/export/folder_names.h"
 #include "render/export/slide_destination.h"
 
 #include <QCoroTask>
@@ -80,12 +81,5 @@ private:
     int m_leftOut = 0;
     int m_total = 0;
 };
-
-/// The name of the folder of a batch: its name with "-" for "/", and where no folder can have that name, one
-/// like it.
-[[nodiscard]] QString batchFolderName(const std::optional<QString> &batchName);
-
-/// The name proposed for the folder of a single export at `time`: "Slideshow_2025-03-03_14-05-09".
-[[nodiscard]] QString suggestedFolderName(const QDateTime &time);
 
 } // namespace mosslantern
