@@ -5,9 +5,10 @@ namespace mosslantern {
 std::vector<Command> allCommands()
 {
     std::vector<Command> all;
-    for (const auto &commands : {makeCommands, renderCommands, importCommands, collectionCommands,
-                                 generateCommands, listCommands, exportCommands, deleteCommands,
-                                 contentCommands, variationsCommands, preferencesCommands, recoverCommands}) {
+    for (const auto &commands :
+         {makeCommands, renderCommands, importCommands, collectionCommands, generateCommands, listCommands,
+          exportCommands, sheetCommands, deleteCommands, contentCommands, variationsCommands,
+          preferencesCommands, recoverCommands}) {
         for (Command &command : commands())
             all.push_back(std::move(command));
     }

@@ -13,6 +13,7 @@ std::vector<Command> collectionCommands();
 std::vector<Command> listCommands();
 std::vector<Command> generateCommands();
 std::vector<Command> exportCommands();
+std::vector<Command> sheetCommands();
 std::vector<Command> deleteCommands();
 std::vector<Command> contentCommands();
 std::vector<Command> variationsCommands();

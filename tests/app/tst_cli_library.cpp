@@ -63,6 +63,18 @@ private slots:
         const QString start = made[0][u"id"_s].toString().left(13).toLower();
         QCOMPARE(run(u"export --to single --slideshow "_s + start).status, 0);
         QCOMPARE(m_tool->files(u"single"_s).size(), 3);
+
+        QCOMPARE(run(u"sheet --batch Cats/Dogs --out sheet.png --cell 60"_s).lines(),
+                 QStringList{u"sheet.png"_s});
+        const QImage sheet(m_tool->path(u"sheet.png"_s));
+        QCOMPARE(sheet.size(), QSize(24 + 3 * 60 + 2 * 12 + 24, 24 + 2 * (30 + 60) + 12 + 24));
+        for (int k = 0; k < 6; ++k) {
+            const QPoint upperLeft(24 + (60 + 12) * (k % 3), 24 + 30 + (30 + 60 + 12) * (k / 3));
+            QCOMPARE(sheet.pixelColor(upperLeft + QPoint(57, 30)), QColor(Qt::green));
+            QCOMPARE(sheet.pixelColor(upperLeft + QPoint(66, 30)), QColor(Qt::white));
+        }
+        QCOMPARE(run(u"sheet --batch Cats/Dogs --out sheet.pdf"_s).status, 0);
+        QVERIFY(m_tool->read(u"sheet.pdf"_s).contains("/Count 1 "));
     }
 
     void importingKeepsWhatCanBeRead()
