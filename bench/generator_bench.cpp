@@ -65,10 +65,10 @@ double generate(const QStringList &photographs, const QString &folder, int round
         qFatal("%s", qPrintable(store.error().message));
     for (const QString &photograph : photographs)
         static_cast<void>(importAsset(QUrl::fromLocalFile(photograph), **store));
-    const QStringList contents(slideshows, QStringList(slides, u"text"_s).join(u'\n'));
+    const std::vector<SlideshowPlan> plans(slideshows, {QStringList(slides, u"text"_s).join(u'\n'), {}});
     const PictureSource pictures{(*store)->all<Asset>()};
     return milliseconds([&] {
-        makeBatch(u"batch"_s, contents, {}, pictures, **store, [](qsizetype, qsizetype) { return true; });
+        makeBatch(u"batch"_s, plans, pictures, **store, [](qsizetype, qsizetype) { return true; });
         static_cast<void>((*store)->flush());
     });
 }

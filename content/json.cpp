@@ -6,6 +6,8 @@
 
 namespace mosslantern {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Notes the kind of the outermost value.
@@ -27,7 +29,54 @@ private:
     std::optional<JsonKind> m_kind;
 };
 
+/// Writes each element of the array at the top out by itself.
+class ElementReader final : public JsonHandler
+{
+public:
+    std::vector<QByteArray> elements;
+
+    Result<> scalar(JsonKind kind, const std::string &text) override
+    {
+        return m_printer ? m_printer->scalar(kind, text) : unexpectedValue();
+    }
+    Result<> begin(JsonKind kind) override
+    {
+        if (++m_depth == 1)
+            return kind == JsonKind::array ? Result<>() : unexpectedValue();
+        if (m_depth == 2)
+            m_printer.emplace(mostBytes);
+        return m_printer->begin(kind);
+    }
+    Result<> end(JsonKind kind) override
+    {
+        --m_depth;
+        const Result<> ended = m_printer ? m_printer->end(kind) : Result<>();
+        if (m_depth == 1) {
+            elements.push_back(m_printer->text());
+            m_printer.reset();
+        }
+        return ended;
+    }
+    Result<> key(const std::string &name) override { return m_printer->key(name); }
+
+private:
+    static constexpr qsizetype mostBytes = 64 << 20;
+
+    static Result<> unexpectedValue() { return fail(u"this is no array of documents"_s); }
+
+    std::optional<JsonPrinter> m_printer; // within an element
+    int m_depth = 0;
+};
+
 } // namespace
+
+Result<std::vector<QByteArray>> jsonElements(QByteArrayView utf8)
+{
+    ElementReader reader;
+    if (const Result<> read = readJson(utf8, reader); !read)
+        return std::unexpected(read.error());
+    return std::move(reader.elements);
+}
 
 Result<JsonValue> JsonValue::parse(QByteArrayView utf8)
 {

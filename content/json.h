@@ -2,6 +2,8 @@
 
 #include "content/json_handler.h"
 
+#include <vector>
+
 namespace mosslantern {
 
 /// A JSON text that readJson() takes. It must outlive this view of it.
@@ -28,6 +30,10 @@ private:
     Kind m_kind;
     QByteArrayView m_source;
 };
+
+/// The elements of an array of objects and arrays, each as prettyJson() writes it. Fails where readJson()
+/// does, and on anything but such an array.
+Result<std::vector<QByteArray>> jsonElements(QByteArrayView utf8);
 
 /// `value` written out again with one member or element per line, two spaces of indentation per level, and
 /// in strings only the escapes that JSON asks for; order and repeated members stay as they are. Fails when

@@ -32,7 +32,14 @@ QStringView trimmedHorizontally(QStringView text)
     return QStringView(first, last.base());
 }
 
-Result<QList<SlideText>> parsePlainText(QStringView text)
+} // namespace
+
+QString tooManySlides()
+{
+    return u"the content has more than %1 slides"_s.arg(mostSlides);
+}
+
+Result<QList<SlideText>> readSlideLines(QStringView text)
 {
     QList<SlideText> entries;
     qsizetype start = 0;
@@ -50,18 +57,11 @@ Result<QList<SlideText>> parsePlainText(QStringView text)
     return entries;
 }
 
-} // namespace
-
-QString tooManySlides()
-{
-    return u"the content has more than %1 slides"_s.arg(mostSlides);
-}
-
 Result<QList<SlideText>> readSlideContent(const QString &content)
 {
     const QStringView json = jsonPart(content);
     if (json.isEmpty())
-        return parsePlainText(content);
+        return readSlideLines(content);
     Result<SlideContentJSON> document = SlideContentJSON::decode(json);
     if (!document)
         return std::unexpected(document.error());

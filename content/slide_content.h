@@ -58,6 +58,9 @@ inline constexpr qsizetype mostSlides = 100'000;
 /// What is said of such a content.
 QString tooManySlides();
 
+/// The lines of `text` that are not blank, each an entry. Fails on more than mostSlides.
+Result<QList<SlideText>> readSlideLines(QStringView text);
+
 /// The entries of `content`: of a JSON document when it begins with "{" after white space, else one per line
 /// that is not blank. Fails on a document that does not decode, and on more than mostSlides entries.
 Result<QList<SlideText>> readSlideContent(const QString &content);

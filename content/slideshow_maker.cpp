@@ -40,7 +40,9 @@ Slideshow *makeSlideshow(const QString &content, const SlideshowSettings &settin
     std::vector<std::unique_ptr<Slide>> slides;
     for (const SlideText &text : texts) {
         const auto order = static_cast<qint64>(slides.size());
-        auto slide = std::make_unique<Slide>(pictures.draw(), text.main, text.subtitle,
+        Asset *const chosen =
+            slides.size() < settings.pictures.size() ? settings.pictures[slides.size()] : nullptr;
+        auto slide = std::make_unique<Slide>(chosen ? chosen : pictures.draw(), text.main, text.subtitle,
                                              settings.style.textStyle, order);
         slide->setStyle(settings.style);
         slides.push_back(std::move(slide));
@@ -49,15 +51,16 @@ Slideshow *makeSlideshow(const QString &content, const SlideshowSettings &settin
         std::make_unique<Slideshow>(std::move(slides), settings.aspectRatio, batchId, batchName));
 }
 
-GeneratedBatch makeBatch(const QString &name, const QStringList &contents, const SlideshowSettings &settings,
+GeneratedBatch makeBatch(const QString &name, const std::vector<SlideshowPlan> &plans,
                          const PictureSource &pictures, Store &store, const GenerationProgress &goesOn)
 {
     GeneratedBatch batch{.name = name, .slideshows = {}};
-    for (qsizetype i = 0; i < contents.size(); ++i) {
+    qsizetype done = 0;
+    for (const SlideshowPlan &plan : plans) {
         if (Slideshow *const made =
-                makeSlideshow(contents[i], settings, pictures, batch.id, batch.name, store))
+                makeSlideshow(plan.content, plan.settings, pictures, batch.id, batch.name, store))
             batch.slideshows.append(made);
-        if (!goesOn(i + 1, contents.size()))
+        if (!goesOn(++done, qsizetype(plans.size())))
             break;
     }
     return batch;

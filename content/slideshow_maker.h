@@ -26,6 +26,15 @@ struct SlideshowSettings
     double slideCount = mostSlidesOfSlideshow;
     SlideStyle style{.boxColorHex = QStringLiteral("000000")};
     AspectRatio aspectRatio = AspectRatio::tiktok;
+    /// The pictures of the first slides; null for one that is drawn by lot, as are those of all others.
+    std::vector<Asset *> pictures = {};
+};
+
+/// A slideshow that is to be made.
+struct SlideshowPlan
+{
+    QString content;
+    SlideshowSettings settings;
 };
 
 /// Where the slides' pictures come from: each is drawn by lot, one as likely as another.
@@ -62,8 +71,8 @@ Slideshow *makeSlideshow(const QString &content, const SlideshowSettings &settin
                          const PictureSource &pictures, const QUuid &batchId, const QString &batchName,
                          Store &store);
 
-/// Makes one batch, a slideshow from each content; one without entries is skipped.
-GeneratedBatch makeBatch(const QString &name, const QStringList &contents, const SlideshowSettings &settings,
+/// Makes one batch of what is planned; a slideshow without entries is skipped.
+GeneratedBatch makeBatch(const QString &name, const std::vector<SlideshowPlan> &plans,
                          const PictureSource &pictures, Store &store, const GenerationProgress &goesOn);
 
 } // namespace mosslantern

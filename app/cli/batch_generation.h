@@ -13,11 +13,26 @@ class Interruption;
 class Slideshow;
 class Store;
 
+/// One slideshow of a batch.
+struct RequestedSlideshow
+{
+    QString content;
+    SlideDesign design;
+    /// For the first slides; empty for one that is drawn by lot.
+    QStringList pictures = {};
+    /// "row 7", for messages.
+    QString name = {};
+};
+
 /// What a batch of slideshows is to be made of.
 struct BatchRequest
 {
     QString content;
     qint64 count = 1;
+    /// What was prepared elsewhere, by a table or as variations; then content and count mean nothing.
+    std::optional<std::vector<RequestedSlideshow>> prepared;
+    /// How many rows of a table had to be left out; they are reported already.
+    qsizetype rowsLeftOut = 0;
     SlideDesign design;
     QString batchName; // empty: date and time
     std::optional<quint64> seed;
@@ -31,11 +46,18 @@ std::vector<OptionSpec> batchOptions();
 /// Understands them and reads the content. Reports what is wrong; the error is the exit status.
 std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments);
 
-/// The slide contents of the slideshows: the request's, or what the AI service writes.
-Result<QStringList> batchContents(const BatchRequest &request, const Interruption &interruption);
+/// The slideshows of the request, with what the AI service writes where it is asked.
+Result<std::vector<RequestedSlideshow>> requestedSlideshows(const BatchRequest &request,
+                                                            const Interruption &interruption);
 
 /// Where the pictures are drawn by lot from.
 QRandomGenerator randomSource(std::optional<quint64> seed);
+
+/// Why nothing came of a request.
+QString nothingMade(const BatchRequest &request);
+
+/// What is said of rows that were left out.
+QString rowsNotUsed();
 
 /// What came of a request.
 struct MadeBatch

@@ -17,6 +17,7 @@ std::vector<Command> sheetCommands();
 std::vector<Command> deleteCommands();
 std::vector<Command> contentCommands();
 std::vector<Command> variationsCommands();
+std::vector<Command> tableCommands();
 std::vector<Command> renderCommands();
 std::vector<Command> makeCommands();
 std::vector<Command> preferencesCommands();

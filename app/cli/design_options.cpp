@@ -24,19 +24,28 @@ std::vector<OptionSpec> designOptions()
     };
 }
 
+void SlideDesign::setTextStyle(TextStyle textStyle)
+{
+    style.textStyle = textStyle;
+    if (!hasOwnBoxColor)
+        style.setBoxColor(textStyle == TextStyle::boxed ? opaqueWhite : opaqueBlack);
+}
+
 SlideDesign readDesign(OptionReader &options)
 {
     SlideDesign design;
     SlideStyle &style = design.style;
-    style.textStyle = options.style("style"_L1).value_or(style.textStyle);
+    if (const std::optional<RgbaColor> color = options.color("box-color"_L1)) {
+        style.setBoxColor(*color);
+        design.hasOwnBoxColor = true;
+    }
+    design.setTextStyle(options.style("style"_L1).value_or(style.textStyle));
     design.shape = options.shape("shape"_L1).value_or(design.shape);
     style.setTextPos(options.position("text-pos"_L1).value_or(style.textPos()));
     style.textScale = options.real("text-scale"_L1, smallestScale, largestScale).value_or(style.textScale);
     style.setSubtitlePos(options.position("subtitle-pos"_L1).value_or(style.subtitlePos()));
     style.subtitleScale =
         options.real("subtitle-scale"_L1, smallestScale, largestScale).value_or(style.subtitleScale);
-    style.setBoxColor(options.color("box-color"_L1)
-                          .value_or(style.textStyle == TextStyle::boxed ? opaqueWhite : opaqueBlack));
     return design;
 }
 

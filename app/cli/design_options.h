@@ -13,7 +13,10 @@ struct SlideDesign
 {
     /// The box is white for "boxed" and black for the other looks where the command line does not say.
     SlideStyle style;
+    bool hasOwnBoxColor = false;
     AspectRatio shape = AspectRatio::tiktok;
+
+    void setTextStyle(TextStyle textStyle);
 };
 
 /// The options that tell a design.

@@ -68,7 +68,7 @@ std::vector<Command> generateCommands()
 {
     return {{
         .name = "generate"_L1,
-        .usage = "--content FILE|- [OPTION...]"_L1,
+        .usage = "(--content FILE|- | --table FILE|- | --variations FILE|-) [OPTION...]"_L1,
         .summary = "make a batch of slideshows from slide texts"_L1,
         .details =
             "Makes slideshows from slide texts and randomly chosen pictures of the library, and prints the "

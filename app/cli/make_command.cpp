@@ -64,15 +64,41 @@ private:
     qsizetype m_unreadable = 0;
 };
 
+/// Puts the paths of `files` in the place of their names, with or without suffix. What asks for another
+/// picture is reported and taken out; the result is how many.
+qsizetype choosePictures(std::vector<RequestedSlideshow> &slideshows, const QStringList &files)
+{
+    QHash<QString, QString> byName;
+    for (const QString &file : files) {
+        const QFileInfo info(file);
+        byName.insert(info.completeBaseName(), file);
+        byName.insert(info.fileName(), file);
+    }
+    return qsizetype(std::erase_if(slideshows, [&](RequestedSlideshow &slideshow) {
+        for (QString &picture : slideshow.pictures) {
+            if (!picture.isEmpty() && !byName.contains(picture)) {
+                report(u"%1: there is no picture “%2”"_s.arg(slideshow.name, picture));
+                return true;
+            }
+            picture = byName.value(picture);
+        }
+        return false;
+    }));
+}
+
 /// The slides of one content; none when it has no slides or there is no picture.
-std::vector<SlideJob> slidesOf(const QString &content, const SlideDesign &design,
-                               const ExportOptions &options, PictureLot &pictures)
+std::vector<SlideJob> slidesOf(const RequestedSlideshow &slideshow, const ExportOptions &options,
+                               PictureLot &pictures)
 {
     std::vector<SlideJob> jobs;
-    for (const SlideText &text : slideTexts(content, mostSlidesOfSlideshow)) {
-        if (const std::optional<QString> picture = pictures.draw())
+    const SlideDesign &design = slideshow.design;
+    const QList<SlideText> texts = slideTexts(slideshow.content, mostSlidesOfSlideshow);
+    for (qsizetype i = 0; i < texts.size(); ++i) {
+        const QString chosen = slideshow.pictures.value(i);
+        if (const auto picture = chosen.isEmpty() ? pictures.draw() : chosen) {
             jobs.push_back(
-                exportJob({text.main, text.subtitle, design.style}, *picture, design.shape, options));
+                exportJob({texts[i].main, texts[i].subtitle, design.style}, *picture, design.shape, options));
+        }
     }
     return jobs;
 }
@@ -82,19 +108,21 @@ int makeSlides(const BatchRequest &request, const ExportTarget &target, const Pi
                const QString &out)
 {
     const Interruption interruption;
-    const Result<QStringList> contents = batchContents(request, interruption);
+    auto requested = requestedSlideshows(request, interruption);
     if (interruption.isRequested())
         return interruption.exitStatus(failed);
-    if (!contents)
-        return failedWith(contents.error());
+    if (!requested)
+        return failedWith(requested.error());
+    const qsizetype rowsLeftOut = request.rowsLeftOut + choosePictures(*requested, found.files);
+    const qsizetype count = qsizetype(requested->size());
 
     PictureLot pictures(found.files, request.seed);
     std::vector<std::vector<SlideJob>> slideshows;
     std::optional<Progress> progress(std::in_place, u"slideshows prepared"_s);
-    for (qsizetype i = 0; i < contents->size() && !interruption.isRequested(); ++i) {
-        if (auto jobs = slidesOf(contents->at(i), request.design, target.options, pictures); !jobs.empty())
+    for (qsizetype i = 0; i < count && !interruption.isRequested(); ++i) {
+        if (auto jobs = slidesOf(requested->at(size_t(i)), target.options, pictures); !jobs.empty())
             slideshows.push_back(std::move(jobs));
-        progress->show(i + 1, contents->size());
+        progress->show(i + 1, count);
     }
     progress.reset();
     if (interruption.isRequested())
@@ -102,12 +130,12 @@ int makeSlides(const BatchRequest &request, const ExportTarget &target, const Pi
     if (slideshows.empty())
         return failedWith({pictures.unreadable() == found.files.size()
                                ? u"None of the pictures can be read."_s
-                               : u"No slideshow could be made of what the AI service wrote."_s});
+                               : nothingMade(request)});
     // As everywhere, the first is the newest.
     std::ranges::reverse(slideshows);
     LeftOut leftOut;
-    leftOut.note(contents->size() - qsizetype(slideshows.size()), contents->size(),
-                 u"variations hold no slides"_s);
+    leftOut.note(count - qsizetype(slideshows.size()), count, u"variations hold no slides"_s);
+    leftOut.note(rowsLeftOut, count + rowsLeftOut, rowsNotUsed());
     leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
                  u"pictures could not be read"_s);
     return interruption.exitStatus(exportJobs(slideshows,
@@ -153,7 +181,7 @@ std::vector<Command> makeCommands()
 {
     return {{
         .name = "make"_L1,
-        .usage = "--images DIR --content FILE|- --out DIR [OPTION...]"_L1,
+        .usage = "--images DIR (--content FILE|- | --table FILE|-) --out DIR [OPTION...]"_L1,
         .summary = "pictures and texts to slides in one go"_L1,
         .details =
             "Makes slideshows from slide texts and randomly chosen pictures of a folder, writes them as "

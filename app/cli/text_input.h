@@ -8,4 +8,7 @@ namespace mosslantern {
 /// or longer than 64 MiB.
 Result<QString> readText(const QString &file);
 
+/// The bytes of a file, or of standard input for "-". Fails when there are more than 128 MiB.
+Result<QByteArray> readBytes(const QString &file);
+
 } // namespace mosslantern

@@ -15,6 +15,28 @@ class CliLibraryTest : public QObject
 private slots:
     void init() { m_tool = std::make_unique<Tool>(); }
 
+    void preparedSlideshows()
+    {
+        importPictures({u"red.png"_s, u"green.png"_s});
+        const QByteArray variations =
+            R"([{"slides":[{"main":"A"},{"main":"B"}]}, {"slides":[{"main":"C"}]}])";
+        const Outcome refused = run(u"generate --content -"_s, variations);
+        QVERIFY2(refused.failed(1, u"--variations"_s), refused.all());
+        const QJsonArray made = run(u"generate --json --variations -"_s, variations).json().array();
+        QCOMPARE(made.size(), 2);
+        QCOMPARE(made[0][u"slides"_s].toArray().size(), 2);
+        QCOMPARE(made[1][u"slides"_s][0][u"text"_s], u"C"_s);
+        QVERIFY(run(u"generate --content -"_s, "[1] is a line").succeeded());
+
+        const Outcome table =
+            run(u"generate --json --table -"_s, "main,image,style\nx,green.png,boxed\ny,none,\n");
+        QVERIFY2(table.status == 1 && table.error().contains(u"row 2: "_s), table.all());
+        const QJsonArray rows = table.json().array();
+        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows[0][u"slides"_s][0][u"boxColorHex"_s], u"FFFFFF"_s);
+        QCOMPARE(rows[0][u"slides"_s][0][u"asset"_s], array(u"list assets --json"_s)[1][u"id"_s]);
+    }
+
     void fromPicturesToFiles()
     {
         m_tool->write(u"content.json"_s,

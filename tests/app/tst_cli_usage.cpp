@@ -47,6 +47,8 @@ private slots:
         add("generate --content - --box-color GG0000", u"--box-color: expected RRGGBB or RRGGBBAA"_s);
         add("generate --content - --seed -1", u"--seed: expected a whole number from 0"_s);
         add("generate --content - --prompt p", u"--prompt needs --ai"_s);
+        add("generate --table t --count 2", u"--table and --count exclude each other"_s);
+        add("generate --content - --rows 2", u"--rows needs --table"_s);
         add("make --images . --content - --out o --collection c", u"unknown option --collection"_s);
         add("render --out o p.png", u"--text is missing"_s);
         add("render --text t --out o --shape 1:1 --size 9x9 p.png", u"either --shape or --size"_s);
