@@ -11,6 +11,7 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(ISAL REQUIRED IMPORTED_TARGET libisal)
 pkg_check_modules(HARFBUZZ REQUIRED IMPORTED_TARGET harfbuzz)
 pkg_check_modules(LCMS REQUIRED IMPORTED_TARGET lcms2)
+pkg_check_modules(DEFLATE REQUIRED IMPORTED_TARGET libdeflate)
 pkg_check_modules(WEBP REQUIRED IMPORTED_TARGET libwebp libwebpmux)
 pkg_check_modules(HEIF REQUIRED IMPORTED_TARGET libheif)
 

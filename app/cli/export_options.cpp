@@ -26,6 +26,7 @@ std::vector<OptionSpec> exportOptions()
         {"progressive"_L1,
          {},
          "write JPEG files that show coarsely at first; smaller, and slower to write"_L1},
+        {"small"_L1, {}, "make PNG files smaller, which takes longer"_L1},
         {"max-bytes"_L1, "BYTES"_L1,
          "no file larger than this, such as 500K or 8M; the quality is lowered to keep to it"_L1},
     };
@@ -40,6 +41,7 @@ ExportOptions readExportOptions(OptionReader &options)
     SlideEncoding &encoding = read.encoding;
     encoding.format = options.slideFormat("format"_L1).value_or(encoding.format);
     encoding.quality = int(options.integer("quality"_L1, 1, 100).value_or(encoding.quality));
+    encoding.isSmall = options.has("small"_L1);
     encoding.progressive = options.has("progressive"_L1);
     if (const auto mostBytes = options.bytes("max-bytes"_L1))
         encoding.mostBytes = mostBytes;

@@ -134,7 +134,7 @@ qint64 pngFileSize(const QList<PngBand> &bands)
     return size;
 }
 
-Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands)
+Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands, bool isOpaque)
 {
     ChunkWriter png(device);
     png.write(QByteArray("\x89PNG\r\n\x1a\n", 8));
@@ -142,7 +142,8 @@ Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands)
     QByteArray header;
     appendBigEndian(header, static_cast<uint32_t>(size.width()));
     appendBigEndian(header, static_cast<uint32_t>(size.height()));
-    header.append("\x08\x06\x00\x00\x00", 5); // 8 bits, RGBA, deflate, adaptive filters, not interlaced
+    // 8 bits, RGB or RGBA, deflate, adaptive filters, not interlaced
+    header.append(isOpaque ? "\x08\x02\x00\x00\x00" : "\x08\x06\x00\x00\x00", 5);
     png.chunk("IHDR", {header});
     png.chunk("sRGB", {QByteArray(1, '\0')}); // rendering intent: perceptual
 

@@ -28,8 +28,10 @@ struct PngBand
 /// The size of the file that writePng() makes of these bands.
 [[nodiscard]] qint64 pngFileSize(const QList<PngBand> &bands);
 
-/// Writes the PNG picture (PNG specification, third edition) of these bands: 8-bit RGBA, marked as sRGB. The
+/// Writes the PNG picture (PNG specification, third edition) of these bands: 8-bit RGBA, or RGB of an
+/// opaque one, marked as sRGB. The
 /// error is the device's.
-[[nodiscard]] Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands);
+[[nodiscard]] Result<> writePng(QIODevice &device, QSize size, const QList<PngBand> &bands,
+                                bool isOpaque = false);
 
 } // namespace mosslantern

@@ -2,6 +2,7 @@
 
 #include "render/export/fitting_quality.h"
 #include "render/export/jpeg_encoder.h"
+#include "render/export/small_png.h"
 #include "render/export/webp_encoder.h"
 #include "render/pixels/new_image.h"
 #include "render/pixels/pixels.h"
@@ -55,7 +56,9 @@ Result<QByteArray> encodeAsWebp(QSize size, const RowPainter &paint, const Slide
 
 Result<QByteArray> encodeSlide(QSize size, const RowPainter &paint, const SlideEncoding &encoding)
 {
-    Q_ASSERT(encoding.format != SlideFormat::png);
+    Q_ASSERT(!encoding.isByBands());
+    if (encoding.format == SlideFormat::png)
+        return checked(encodeSmallPng(size, paint), encoding);
     return checked(encoding.format == SlideFormat::jpeg ? encodeAsJpeg(size, paint, encoding)
                                                         : encodeAsWebp(size, paint, encoding),
                    encoding);
@@ -66,7 +69,7 @@ qint64 encodingMemory(QSize size, const SlideEncoding &encoding)
     const qint64 pixels = qint64(size.width()) * size.height();
     switch (encoding.format) {
     case SlideFormat::png:
-        return 0;
+        return encoding.isSmall ? pixels * smallPngBytesPerPixel : 0;
     case SlideFormat::jpeg:
         // A progressive picture is held as the coefficients of its three channels.
         return pixels * ((encoding.mostBytes ? 4 : 0) + (encoding.progressive ? 6 : 0));

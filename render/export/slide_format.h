@@ -37,8 +37,12 @@ struct SlideEncoding
     SlideFormat format = SlideFormat::png;
     int quality = usualQuality; // 1 to 100, of JPEG and lossy WebP
     bool progressive = false;   // of JPEG
+    bool isSmall = false;       // of PNG: made more slowly
     /// The file must not be larger: the quality is lowered until it is not.
     std::optional<qint64> mostBytes = {};
+
+    /// Whether bands are compressed on their own.
+    [[nodiscard]] bool isByBands() const { return format == SlideFormat::png && !isSmall; }
 
     friend bool operator==(const SlideEncoding &, const SlideEncoding &) = default;
 };

@@ -91,7 +91,7 @@ private:
         m_slide.emplace(m_job.canvas, background.value_or(missingPictureColor), std::move(m_texts),
                         m_job.corners, m_job.frame);
         m_size = m_slide->size();
-        if (m_job.encoding.format != SlideFormat::png) {
+        if (!m_job.encoding.isByBands()) {
             ++m_remaining;
             m_crew.start([this] { run([this] { encodeWhole(); }); }, compressing);
             return;

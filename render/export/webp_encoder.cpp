@@ -81,8 +81,10 @@ Result<QByteArray> WebpEncoder::encodeLossless()
 {
     WebPConfig config;
     WebPConfigInit(&config);
-    constexpr int fast = 2;
-    WebPConfigLosslessPreset(&config, fast);
+    // The next level makes files a sixth smaller, in two and a half times the time and half as much memory
+    // again.
+    constexpr int fastest = 0;
+    WebPConfigLosslessPreset(&config, fastest);
     return encode(config);
 }
 

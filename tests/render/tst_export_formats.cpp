@@ -60,6 +60,8 @@ private slots:
     {
         const auto row =
             table<SlideFormat, bool, Corners, double>({"format", "isProgressive", "corners", "farthest"});
+        row("small PNG", SlideFormat::png, false, Corners::rounded, 0);
+        row("small opaque PNG", SlideFormat::png, false, Corners::square, 0);
         row("JPEG", SlideFormat::jpeg, false, Corners::square, 2);
         row("progressive JPEG", SlideFormat::jpeg, true, Corners::square, 2);
         row("JPEG on white", SlideFormat::jpeg, false, Corners::rounded, 2);
@@ -74,7 +76,7 @@ private slots:
         ExportOptions options{.width = 300, .corners = corners};
         const QImage png = exported(options);
         QFETCH(const bool, isProgressive);
-        options.encoding = {.format = format, .quality = 95, .progressive = isProgressive};
+        options.encoding = {.format = format, .quality = 95, .progressive = isProgressive, .isSmall = true};
         const QImage image = exported(options);
         QCOMPARE(image.size(), QSize(300, 533));
         QCOMPARE(image.colorSpace().primaries(), QColorSpace::Primaries::SRgb);
