@@ -3,8 +3,8 @@
 #include "app/cli/ai_request.h"
 #include "app/cli/interruption.h"
 #include "app/cli/output.h"
+#include "app/cli/picture_choice.h"
 #include "app/cli/progress.h"
-#include "app/cli/record_lookup.h"
 #include "app/cli/table_input.h"
 #include "app/cli/text_input.h"
 #include "content/batch_name.h"
@@ -33,19 +33,6 @@ std::vector<Asset *> assetsOf(const Collection *collection, Store &store)
     if (collection)
         std::erase_if(assets, [&](const Asset *asset) { return asset->collection() != collection; });
     return assets;
-}
-
-/// The pictures that a slideshow asks for, null where it asks for none.
-Result<std::vector<Asset *>> chosenPictures(const RequestedSlideshow &slideshow, const Store &store)
-{
-    std::vector<Asset *> chosen;
-    for (const QString &name : slideshow.pictures) {
-        const Result<Asset *> asset = name.isEmpty() ? Result<Asset *>(nullptr) : findAsset(store, name);
-        if (!asset)
-            return fail(u"%1: %2"_s.arg(slideshow.name, asset.error().message));
-        chosen.push_back(*asset);
-    }
-    return chosen;
 }
 
 MadeBatch counted(const QList<Slideshow *> &slideshows, qsizetype contents)
@@ -204,10 +191,11 @@ Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection,
     const auto requested = requestedSlideshows(request, interruption);
     if (!requested)
         return std::unexpected(requested.error());
+    PictureChoice choice(store, interruption);
     std::vector<SlideshowPlan> plans;
     qsizetype leftOut = request.rowsLeftOut;
     for (const RequestedSlideshow &slideshow : *requested) {
-        auto chosen = chosenPictures(slideshow, store);
+        auto chosen = choice.of(slideshow);
         if (chosen) {
             plans.push_back({slideshow.content,
                              {.style = slideshow.design.style,

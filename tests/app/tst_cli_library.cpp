@@ -28,13 +28,18 @@ private slots:
         QCOMPARE(made[1][u"slides"_s][0][u"text"_s], u"C"_s);
         QVERIFY(run(u"generate --content -"_s, "[1] is a line").succeeded());
 
+        m_tool->writePicture(u"new.png"_s, Qt::blue);
         const Outcome table =
-            run(u"generate --json --table -"_s, "main,image,style\nx,green.png,boxed\ny,none,\n");
+            run(u"generate --json --table -"_s,
+                "main 1,image 1,main 2,image 2,style\nx,green.png,z,new.png,boxed\ny,none\nv,new.png\n");
         QVERIFY2(table.status == 1 && table.error().contains(u"row 2: "_s), table.all());
         const QJsonArray rows = table.json().array();
-        QCOMPARE(rows.size(), 1);
+        QCOMPARE(rows.size(), 2);
+        const QJsonArray assets = array(u"list assets --json"_s);
+        QCOMPARE(assets.size(), 3); // a file is imported once
+        QCOMPARE(rows[0][u"slides"_s][1][u"asset"_s], rows[1][u"slides"_s][0][u"asset"_s]);
         QCOMPARE(rows[0][u"slides"_s][0][u"boxColorHex"_s], u"FFFFFF"_s);
-        QCOMPARE(rows[0][u"slides"_s][0][u"asset"_s], array(u"list assets --json"_s)[1][u"id"_s]);
+        QCOMPARE(rows[0][u"slides"_s][0][u"asset"_s], assets[1][u"id"_s]);
     }
 
     void fromPicturesToFiles()
