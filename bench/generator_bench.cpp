@@ -3,6 +3,7 @@
 // temporary folder)
 
 #include "content/slideshow_maker.h"
+#include "model/asset.h"
 #include "model/image_files.h"
 #include "model/store.h"
 
