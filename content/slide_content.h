@@ -71,6 +71,9 @@ QList<SlideText> parseSlideContent(const QString &content);
 /// Whether `content` is a JSON document that parseSlideContent() reads without complaint.
 bool isValidSlideContent(const QString &content);
 
+/// What the member "caption" of a JSON document says, to be posted beside the slides; empty for none.
+QString captionOf(const QString &content);
+
 /// Any JSON object or array written out again in the layout of prettyJson(); another text is returned as is.
 QString prettifySlideContent(const QString &text);
 

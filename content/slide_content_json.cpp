@@ -12,6 +12,8 @@ namespace {
 
 const auto loneSurrogate = u"the text holds half of a surrogate pair"_s;
 
+constexpr JsonShape captionMember[]{{.name = "caption"_L1, .kind = JsonKind::string, .isOptional = true}};
+constexpr JsonShape captioned{.name = "document"_L1, .kind = JsonKind::object, .parts = captionMember};
 constexpr JsonShape slideMembers[]{
     {.name = "main"_L1, .kind = JsonKind::string},
     {.name = "subtitle"_L1, .kind = JsonKind::string, .isOptional = true},
@@ -48,6 +50,18 @@ Result<SlideContentJSON> SlideContentJSON::decode(QStringView text)
     if (count > mostSlides)
         return fail(tooManySlides());
     return content;
+}
+
+QString captionOf(const QString &content)
+{
+    const std::optional<QByteArray> utf8 = encodeUtf8(content.trimmed());
+    QString caption;
+    const auto found = [&caption](const JsonShape &place, std::optional<QString> text) {
+        if (place.name == "caption"_L1)
+            caption = std::move(text).value_or(QString());
+    };
+    const bool isDocument = utf8 && utf8->startsWith('{') && decodeJson(*utf8, captioned, found);
+    return isDocument ? caption : QString();
 }
 
 Result<QString> SlideContentJSON::encode() const

@@ -28,6 +28,8 @@ struct SlideshowSettings
     AspectRatio aspectRatio = AspectRatio::tiktok;
     /// The pictures of the first slides; null for one that is drawn by lot, as are those of all others.
     std::vector<Asset *> pictures = {};
+    /// Empty for that of the content, if it has one.
+    QString caption = {};
 };
 
 /// A slideshow that is to be made.
@@ -35,6 +37,8 @@ struct SlideshowPlan
 {
     QString content;
     SlideshowSettings settings;
+    /// Empty for that of the run.
+    QString batchName = {};
 };
 
 /// Where the slides' pictures come from: each is drawn by lot, one as likely as another.
@@ -48,7 +52,7 @@ struct PictureSource
     Asset *draw() const;
 };
 
-/// What one run has made: slideshows of one id and name.
+/// What one run has made: slideshows of one id and name, but for those that were planned for other batches.
 struct GeneratedBatch
 {
     QUuid id = QUuid::createUuid();
@@ -66,12 +70,13 @@ qint64 truncatedCount(double count);
 /// The texts of the slides that a slideshow gets from `content`, as parseSlideContent() reads it.
 QList<SlideText> slideTexts(const QString &content, double slideCount);
 
-/// Makes a slideshow from `content` and inserts it. Null when there are no entries or no pictures.
+/// Makes a slideshow from `content` and inserts it. Null when there are no entries, or when pictures have to
+/// be drawn and there are none.
 Slideshow *makeSlideshow(const QString &content, const SlideshowSettings &settings,
                          const PictureSource &pictures, const QUuid &batchId, const QString &batchName,
                          Store &store);
 
-/// Makes one batch of what is planned; a slideshow without entries is skipped.
+/// Makes what is planned, a batch for each name; a slideshow without entries is skipped.
 GeneratedBatch makeBatch(const QString &name, const std::vector<SlideshowPlan> &plans,
                          const PictureSource &pictures, Store &store, const GenerationProgress &goesOn);
 

@@ -120,6 +120,16 @@ public:
         return std::nullopt;
     }
 
+    /// Of a column that came later: where there is none, it is as in files that had no such column, in the
+    /// hash, too.
+    QString laterText()
+    {
+        if (!isNull())
+            return text();
+        ++m_column;
+        return {};
+    }
+
     QString filename() { return checkedFilename(text()); }
 
     std::optional<QString> optionalFilename()
@@ -466,8 +476,10 @@ private:
         const std::optional<AspectRatio> aspectRatio = row.optionalAspectRatio();
         auto *const collection = optionallyRelated<Collection>(row, m_found.collections);
         const QUuid batchId = row.optionalUuid();
-        return keep(m_found.slideshows, std::make_unique<Slideshow>(identity, createdAt, aspectRatio,
-                                                                    collection, batchId, row.optionalText()));
+        auto slideshow = std::make_unique<Slideshow>(identity, createdAt, aspectRatio, collection, batchId,
+                                                     row.optionalText());
+        slideshow->m_caption = row.laterText();
+        return keep(m_found.slideshows, std::move(slideshow));
     }
 
     Record *readSlide(Row &row, const StoredIdentity &identity)

@@ -27,7 +27,7 @@ const Table &table(RecordKind kind)
     static const std::array<Table, recordKindCount> tables{{
         {"collection", {"name", "createdAt"}},
         {"asset", {"filename", "name", "collection"}},
-        {"slideshow", {"createdAt", "aspectRatio", "collection", "batchId", "batchName"}},
+        {"slideshow", {"createdAt", "aspectRatio", "collection", "batchId", "batchName", "caption"}},
         {"slide", withStyle({"slideshow", "asset", "imageFilename", "text", "subtitle", "\"order\""})},
         {"slidePreset", withStyle({"name", "createdAt"})},
         {"contentTemplate", {"name", "content", "createdAt"}},

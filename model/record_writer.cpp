@@ -77,6 +77,16 @@ public:
         return record && record->store() == m_store ? *this << record->row() : null();
     }
 
+    /// Of a column that came later, as RecordReader hashes it. Empty counts as none.
+    Parameters &later(const QString &value)
+    {
+        if (!value.isEmpty())
+            return *this << value;
+        if (m_statement)
+            m_statement->bind(++m_index);
+        return *this;
+    }
+
     quint64 hash() const { return m_hash.value(); }
 
 private:
@@ -91,9 +101,7 @@ private:
     Parameters &null()
     {
         m_hash.addNull();
-        if (m_statement)
-            m_statement->bind(++m_index);
-        return *this;
+        return later({});
     }
 
     SQLite::Statement *m_statement;
@@ -120,6 +128,7 @@ void bindFields(Parameters &parameters, const Record &record)
         const std::optional<AspectRatio> ratio = slideshow.aspectRatio();
         parameters << slideshow.createdAt() << (ratio ? std::optional(rawText(*ratio)) : std::nullopt)
                    << slideshow.collection() << slideshow.batchId() << slideshow.batchName();
+        parameters.later(slideshow.caption());
         break;
     }
     case RecordKind::slide: {

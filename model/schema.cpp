@@ -100,6 +100,7 @@ CREATE TABLE tally (
 INSERT INTO tally VALUES ('collection', NULL, NULL), ('asset', NULL, NULL), ('slideshow', NULL, NULL),
     ('slide', NULL, NULL), ('slidePreset', NULL, NULL), ('contentTemplate', NULL, NULL);
 )",
+    "ALTER TABLE slideshow ADD COLUMN caption TEXT",
 };
 
 using SchemaObject = std::pair<std::string, std::string>; // kind and name

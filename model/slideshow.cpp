@@ -56,6 +56,15 @@ void Slideshow::setCollection(Collection *collection)
         collection->noteSlideshowsChanged();
 }
 
+void Slideshow::setCaption(const QString &caption)
+{
+    if (m_caption == caption)
+        return;
+    m_caption = caption;
+    emit captionChanged();
+    noteFieldChanged();
+}
+
 QList<Slide *> Slideshow::slidesInOrder() const
 {
     QList<Slide *> slides = m_slides;

@@ -25,6 +25,7 @@ class Slideshow : public Record
         mosslantern::Collection *collection READ collection WRITE setCollection NOTIFY collectionChanged)
     Q_PROPERTY(QUuid batchId READ batchId CONSTANT)
     Q_PROPERTY(QVariant batchName READ batchNameOrUndefined CONSTANT)
+    Q_PROPERTY(QString caption READ caption WRITE setCaption NOTIFY captionChanged)
 
 public:
     static constexpr RecordKind recordKind = RecordKind::slideshow;
@@ -57,6 +58,10 @@ public:
     /// The empty text is a name like any other; none is the absence of a name.
     std::optional<QString> batchName() const { return m_batchName; }
 
+    /// What is posted beside the slides; empty for none.
+    QString caption() const { return m_caption; }
+    void setCaption(const QString &caption);
+
     /// The slides by ascending `order`; slides of equal order as they are stored.
     QList<Slide *> slidesInOrder() const;
 
@@ -66,6 +71,7 @@ public:
 signals:
     void slidesChanged();
     void collectionChanged();
+    void captionChanged();
 
 private:
     friend class Collection;
@@ -85,6 +91,7 @@ private:
     Collection *m_collection = nullptr;
     QUuid m_batchId;
     std::optional<QString> m_batchName;
+    QString m_caption;
 };
 
 } // namespace mosslantern

@@ -5,10 +5,7 @@
 #include "app/cli/output.h"
 #include "app/cli/picture_choice.h"
 #include "app/cli/progress.h"
-#include "app/cli/table_input.h"
-#include "app/cli/text_input.h"
 #include "content/batch_name.h"
-#include "content/json.h"
 #include "content/slide_documents.h"
 #include "content/slideshow_maker.h"
 #include "model/asset.h"
@@ -24,8 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 mostSlideshows = 1000;
-
 /// The pictures of `collection`, or all when it is null, in the library's order.
 std::vector<Asset *> assetsOf(const Collection *collection, Store &store)
 {
@@ -33,6 +28,22 @@ std::vector<Asset *> assetsOf(const Collection *collection, Store &store)
     if (collection)
         std::erase_if(assets, [&](const Asset *asset) { return asset->collection() != collection; });
     return assets;
+}
+
+/// What pictures are drawn from. Fails when there are none and what is requested names none either.
+Result<std::vector<Asset *>> picturesFor(const BatchRequest &request, const Collection *collection,
+                                         Store &store)
+{
+    std::vector<Asset *> assets = assetsOf(collection, store);
+    const bool namesPictures =
+        request.prepared && std::ranges::any_of(*request.prepared, [](const RequestedSlideshow &slideshow) {
+            return std::ranges::any_of(slideshow.pictures,
+                                       [](const QString &name) { return !name.isEmpty(); });
+        });
+    if (!assets.empty() || namesPictures)
+        return assets;
+    return fail(collection ? u"There are no pictures in the collection “%1”."_s.arg(collection->name())
+                           : u"There are no pictures in the library."_s);
 }
 
 MadeBatch counted(const QList<Slideshow *> &slideshows, qsizetype contents)
@@ -48,61 +59,6 @@ MadeBatch counted(const QList<Slideshow *> &slideshows, qsizetype contents)
     made.leftOut.note(contents - slideshows.size(), contents, u"variations hold no slides"_s);
     made.leftOut.note(withoutPicture, slides, u"slides have no picture of their own"_s);
     return made;
-}
-
-/// What speaks against these options together.
-std::optional<QString> conflictOf(const Arguments &arguments)
-{
-    static constexpr std::pair<QLatin1StringView, QLatin1StringView> conflicts[] = {
-        {"table"_L1, "ai"_L1},           {"table"_L1, "count"_L1},      {"table"_L1, "variations"_L1},
-        {"variations"_L1, "content"_L1}, {"variations"_L1, "count"_L1}, {"variations"_L1, "ai"_L1}};
-    for (const auto &[one, other] : conflicts) {
-        if (arguments.has(one) && arguments.has(other))
-            return u"--%1 and --%2 exclude each other"_s.arg(one, other);
-    }
-    if (arguments.has("prompt"_L1) && !arguments.has("ai"_L1))
-        return u"--prompt needs --ai"_s;
-    if (arguments.has("rows"_L1) && !arguments.has("table"_L1))
-        return u"--rows needs --table"_s;
-    return {};
-}
-
-Result<> readContent(const Arguments &arguments, BatchRequest &request)
-{
-    Result<QString> content = readText(*arguments.value("content"_L1));
-    if (!content)
-        return std::unexpected(content.error());
-    request.content = *std::move(content);
-    // The AI service takes any example.
-    if (request.usesAi)
-        return {};
-    const QByteArray utf8 = request.content.trimmed().toUtf8();
-    if (utf8.startsWith('[') && JsonValue::parse(utf8))
-        return fail(u"The content is an array: what “variations” writes is read by --variations."_s);
-    const Result<QList<SlideText>> slides = readSlideContent(request.content);
-    if (!slides)
-        return fail(u"The content cannot be used: "_s + slides.error().message);
-    if (slides->isEmpty())
-        return fail(u"The content has no slides."_s);
-    return {};
-}
-
-Result<> readVariations(const Arguments &arguments, BatchRequest &request)
-{
-    const Result<QString> text = readText(*arguments.value("variations"_L1));
-    if (!text)
-        return std::unexpected(text.error());
-    const auto documents = jsonElements(text->toUtf8());
-    if (!documents)
-        return fail(u"The variations cannot be used: "_s + documents.error().message);
-    if (documents->empty())
-        return fail(u"There are no variations."_s);
-    if (qint64(documents->size()) > mostSlideshows)
-        return fail(u"There are more than %1 variations."_s.arg(mostSlideshows));
-    request.prepared.emplace();
-    for (const QByteArray &document : *documents)
-        request.prepared->push_back({QString::fromUtf8(document), request.design});
-    return {};
 }
 
 } // namespace
@@ -133,65 +89,38 @@ QRandomGenerator randomSource(std::optional<quint64> seed)
     return QRandomGenerator(halves);
 }
 
-std::vector<OptionSpec> batchOptions()
+Result<BatchForecast> forecast(const BatchRequest &request, Collection *collection, Store &store)
 {
-    std::vector<OptionSpec> options{
-        {"content"_L1, "FILE|-"_L1,
-         "slide texts: a JSON document, or plain text with a slide on each line"_L1},
-        {"table"_L1, "FILE|-"_L1,
-         "a table (CSV, TSV): a slideshow for each row, whose columns are slides or fill {{fields}} of the "
-         "content"_L1},
-        {"rows"_L1, "ROWS"_L1, "with --table: only these rows below the headings, such as 1-20,35"_L1},
-        {"variations"_L1, "FILE|-"_L1, "what the command “variations” wrote: a slideshow for each"_L1},
-        {"count"_L1, "N"_L1, "how many slideshows to make, 1 to 1000; 1 by default"_L1},
-        {"batch-name"_L1, "NAME"_L1, "name of the batch; date and time by default"_L1},
-        {"seed"_L1, "N"_L1, "choose the same pictures in every run with the same seed and pictures"_L1},
-        {"ai"_L1, {}, "let the AI service write variations of the content, one for each slideshow"_L1},
-        {"prompt"_L1, "TEXT"_L1, "with --ai: what the variations are to be about"_L1},
-    };
-    std::ranges::copy(designOptions(), std::back_inserter(options));
-    return options;
-}
-
-std::expected<BatchRequest, int> readBatchRequest(const Arguments &arguments)
-{
-    OptionReader options(arguments);
-    BatchRequest request;
-    const bool isPrepared = arguments.has("table"_L1) || arguments.has("variations"_L1);
-    if (!isPrepared)
-        static_cast<void>(options.required("content"_L1));
-    request.count = options.integer("count"_L1, 1, mostSlideshows).value_or(request.count);
-    request.design = readDesign(options);
-    request.batchName = arguments.value("batch-name"_L1).value_or(QString());
-    request.seed = options.seed("seed"_L1);
-    request.usesAi = arguments.has("ai"_L1);
-    request.prompt = arguments.value("prompt"_L1);
-    if (options.problem())
-        return std::unexpected(wrongUsage(*options.problem()));
-    if (const std::optional<QString> conflict = conflictOf(arguments))
-        return std::unexpected(wrongUsage(*conflict));
-
-    const Result<> read = arguments.has("table"_L1)        ? readTableRequest(arguments, request)
-                          : arguments.has("variations"_L1) ? readVariations(arguments, request)
-                                                           : readContent(arguments, request);
-    if (!read)
-        return std::unexpected(failedWith(read.error()));
-    return request;
+    const auto assets = picturesFor(request, collection, store);
+    if (!assets)
+        return std::unexpected(assets.error());
+    BatchForecast forecast{.slideshows = request.count, .rowsLeftOut = request.rowsLeftOut};
+    if (!request.prepared)
+        return forecast;
+    const Interruption interruption;
+    PictureChoice choice(store, request.tableFolder, !assets->empty(), interruption);
+    forecast.slideshows = 0;
+    for (const RequestedSlideshow &slideshow : *request.prepared) {
+        const Result<> checked = choice.check(slideshow);
+        if (!checked)
+            report(checked.error().message);
+        ++(checked ? forecast.slideshows : forecast.rowsLeftOut);
+    }
+    return forecast;
 }
 
 Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection, Store &store,
                             const Interruption &interruption)
 {
     QRandomGenerator random = randomSource(request.seed);
-    const PictureSource pictures{assetsOf(collection, store), &random};
-    if (pictures.isEmpty()) {
-        return fail(collection ? u"There are no pictures in the collection “%1”."_s.arg(collection->name())
-                               : u"There are no pictures in the library."_s);
-    }
+    auto assets = picturesFor(request, collection, store);
+    if (!assets)
+        return std::unexpected(assets.error());
+    const PictureSource pictures{*std::move(assets), &random};
     const auto requested = requestedSlideshows(request, interruption);
     if (!requested)
         return std::unexpected(requested.error());
-    PictureChoice choice(store, interruption);
+    PictureChoice choice(store, request.tableFolder, !pictures.isEmpty(), interruption);
     std::vector<SlideshowPlan> plans;
     qsizetype leftOut = request.rowsLeftOut;
     for (const RequestedSlideshow &slideshow : *requested) {
@@ -200,7 +129,9 @@ Result<MadeBatch> makeBatch(const BatchRequest &request, Collection *collection,
             plans.push_back({slideshow.content,
                              {.style = slideshow.design.style,
                               .aspectRatio = slideshow.design.shape,
-                              .pictures = *std::move(chosen)}});
+                              .pictures = *std::move(chosen),
+                              .caption = slideshow.caption},
+                             slideshow.batchName});
         } else {
             report(chosen.error().message);
             ++leftOut;

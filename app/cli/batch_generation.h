@@ -22,6 +22,10 @@ struct RequestedSlideshow
     QStringList pictures = {};
     /// "row 7", for messages.
     QString name = {};
+    /// Empty for that of the run.
+    QString batchName = {};
+    /// Empty for that of the content.
+    QString caption = {};
 };
 
 /// What a batch of slideshows is to be made of.
@@ -33,6 +37,8 @@ struct BatchRequest
     std::optional<std::vector<RequestedSlideshow>> prepared;
     /// How many rows of a table had to be left out; they are reported already.
     qsizetype rowsLeftOut = 0;
+    /// Where the table is.
+    QString tableFolder;
     SlideDesign design;
     QString batchName; // empty: date and time
     std::optional<quint64> seed;
@@ -65,6 +71,15 @@ struct MadeBatch
     QList<Slideshow *> slideshows;
     LeftOut leftOut;
 };
+
+/// How many slideshows would be made, and how many rows left out, which are reported: without the AI service,
+/// and with pictures of files as far as can be told without opening them.
+struct BatchForecast
+{
+    qsizetype slideshows = 0;
+    qsizetype rowsLeftOut = 0;
+};
+Result<BatchForecast> forecast(const BatchRequest &request, Collection *collection, Store &store);
 
 /// Makes the slideshows, from the pictures of `collection` or, when it is null, from all. Shows progress,
 /// stops when there is an interruption. Fails when nothing could be made, but for an interruption.

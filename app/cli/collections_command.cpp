@@ -3,8 +3,8 @@
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/record_json.h"
-#include "app/cli/record_lookup.h"
 #include "model/collection.h"
+#include "model/record_lookup.h"
 
 namespace mosslantern {
 

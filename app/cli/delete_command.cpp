@@ -2,10 +2,10 @@
 #include "app/cli/left_out.h"
 #include "app/cli/library.h"
 #include "app/cli/output.h"
-#include "app/cli/record_lookup.h"
 #include "model/collection.h"
 #include "model/content_template.h"
 #include "model/delete_asset.h"
+#include "model/record_lookup.h"
 #include "model/slide_preset.h"
 
 namespace mosslantern {

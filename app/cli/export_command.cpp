@@ -3,8 +3,8 @@
 #include "app/cli/library.h"
 #include "app/cli/option_reader.h"
 #include "app/cli/output.h"
-#include "app/cli/record_lookup.h"
 #include "app/cli/slide_export.h"
+#include "model/record_lookup.h"
 
 namespace mosslantern {
 
@@ -23,6 +23,8 @@ int exportSlides(const Arguments &arguments)
     const std::optional<QString> slideshow = arguments.value("slideshow"_L1);
     if (batch.has_value() == slideshow.has_value())
         return wrongUsage(u"expected either --batch or --slideshow");
+    if (slideshow && target.hasIndex)
+        return wrongUsage(u"--index needs --batch");
 
     const auto store = openLibrary(arguments);
     if (!store)

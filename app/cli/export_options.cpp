@@ -60,6 +60,8 @@ std::vector<OptionSpec> exportTargetOptions()
                        {},
                        "write each slideshow as a PDF document, a JPEG picture on each page; --for linkedin "
                        "does, too"_L1});
+    options.push_back(
+        {"index"_L1, {}, "write index.csv, a table of what was exported, into the batch's folder"_L1});
     std::ranges::copy(filmOptions(), std::back_inserter(options));
     return options;
 }
@@ -67,6 +69,7 @@ std::vector<OptionSpec> exportTargetOptions()
 ExportTarget readExportTarget(OptionReader &options)
 {
     ExportTarget target{.options = readExportOptions(options), .isArchive = options.has("zip"_L1)};
+    target.hasIndex = options.has("index"_L1);
     const Platform *platform = target.options.platform;
     target.isDocument = options.has("pdf"_L1) || (platform && platform->isDocument);
     target.options.film = readFilmOptions(options, target.options.film);

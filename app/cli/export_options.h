@@ -19,6 +19,7 @@ struct ExportTarget
     ExportOptions options;
     bool isArchive = false;  // one ZIP file instead of a folder
     bool isDocument = false; // a PDF document instead of each slideshow's folder
+    bool hasIndex = false;   // of a batch
 };
 
 /// The options that tell a target, and what they tell, in the same manner.

@@ -4,7 +4,8 @@
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/record_json.h"
-#include "app/cli/record_lookup.h"
+#include "content/table/table_contents.h"
+#include "model/record_lookup.h"
 #include "model/slideshow.h"
 
 namespace mosslantern {
@@ -28,13 +29,27 @@ void print(const QList<Slideshow *> &slideshows, bool asJson)
         writeJson(json);
 }
 
+/// Makes nothing.
+int tell(const BatchRequest &request, Collection *collection, Store &store, bool asJson)
+{
+    const auto told = forecast(request, collection, store);
+    if (!told)
+        return failedWith(told.error());
+    if (asJson)
+        writeJson({{"slideshows", told->slideshows}, {"rowsLeftOut", told->rowsLeftOut}});
+    else
+        writeRow({countText(told->slideshows, told->rowsLeftOut)});
+    return told->rowsLeftOut == 0 && told->slideshows > 0 ? done : failed;
+}
+
 int generate(const Arguments &arguments)
 {
     const bool wantsJson = arguments.has("json"_L1);
     const auto request = readBatchRequest(arguments);
     if (!request)
         return request.error();
-    const auto store = openLibraryToChange(arguments);
+    const bool isForecast = arguments.has("dry-run"_L1);
+    const auto store = isForecast ? openLibrary(arguments) : openLibraryToChange(arguments);
     if (!store)
         return failedWith(store.error());
     Collection *collection = nullptr;
@@ -44,6 +59,8 @@ int generate(const Arguments &arguments)
             return failedWith(found.error());
         collection = *found;
     }
+    if (isForecast)
+        return tell(*request, collection, **store, wantsJson);
     const Interruption interruption;
     const auto made = makeBatch(*request, collection, **store, interruption);
     if (!made)
@@ -58,6 +75,8 @@ std::vector<OptionSpec> generateOptions()
 {
     std::vector<OptionSpec> options = batchOptions();
     options.push_back({"collection"_L1, "COLLECTION"_L1, "use the pictures of this collection only"_L1});
+    options.push_back(
+        {"dry-run"_L1, {}, "only tell how many slideshows there would be, and what is wrong"_L1});
     options.push_back({"json"_L1, {}, "print the new slideshows as a JSON array"_L1});
     return options;
 }

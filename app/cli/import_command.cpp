@@ -5,8 +5,8 @@
 #include "app/cli/output.h"
 #include "app/cli/picture_import.h"
 #include "app/cli/record_json.h"
-#include "app/cli/record_lookup.h"
 #include "model/asset.h"
+#include "model/record_lookup.h"
 
 namespace mosslantern {
 

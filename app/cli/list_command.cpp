@@ -2,10 +2,10 @@
 #include "app/cli/library.h"
 #include "app/cli/output.h"
 #include "app/cli/record_json.h"
-#include "app/cli/record_lookup.h"
 #include "model/collection.h"
 #include "model/content_template.h"
 #include "model/live_query.h"
+#include "model/record_lookup.h"
 #include "model/slide_preset.h"
 
 #include <algorithm>

@@ -86,6 +86,48 @@ qsizetype choosePictures(std::vector<RequestedSlideshow> &slideshows, const QStr
     }));
 }
 
+/// The slideshows of each batch, in the order of the batches.
+class Batches
+{
+public:
+    void add(const QString &batch, JobsOfSlideshow slideshow)
+    {
+        auto found = std::ranges::find(m_batches, batch, &Batch::name);
+        if (found == m_batches.end())
+            found = m_batches.insert(found, {batch, {}});
+        found->slideshows.push_back(std::move(slideshow));
+        ++m_count;
+    }
+
+    qsizetype count() const { return m_count; }
+
+    /// Exports each into a folder of its own. Gives the exit status.
+    int exportTo(const QString &folder, const ExportTarget &target, const LeftOut &leftOut,
+                 const Interruption &interruption)
+    {
+        int status = done;
+        for (Batch &batch : m_batches) {
+            std::ranges::reverse(batch.slideshows); // As everywhere, the first is the newest.
+            const bool isLast = &batch == &m_batches.back();
+            status =
+                std::max(status, exportJobs(batch.slideshows, folder + u'/' + batchFolderName(batch.name),
+                                            target, isLast ? leftOut : LeftOut(), interruption));
+            if (interruption.isRequested())
+                break;
+        }
+        return status;
+    }
+
+private:
+    struct Batch
+    {
+        QString name;
+        std::vector<JobsOfSlideshow> slideshows;
+    };
+    std::vector<Batch> m_batches;
+    qsizetype m_count = 0;
+};
+
 /// The slides of one content; none when it has no slides or there is no picture.
 std::vector<SlideJob> slidesOf(const RequestedSlideshow &slideshow, const ExportOptions &options,
                                PictureLot &pictures)
@@ -117,30 +159,31 @@ int makeSlides(const BatchRequest &request, const ExportTarget &target, const Pi
     const qsizetype count = qsizetype(requested->size());
 
     PictureLot pictures(found.files, request.seed);
-    std::vector<std::vector<SlideJob>> slideshows;
+    Batches batches;
+    const QString batchName = batchNameFor(request.batchName);
     std::optional<Progress> progress(std::in_place, u"slideshows prepared"_s);
     for (qsizetype i = 0; i < count && !interruption.isRequested(); ++i) {
-        if (auto jobs = slidesOf(requested->at(size_t(i)), target.options, pictures); !jobs.empty())
-            slideshows.push_back(std::move(jobs));
+        const RequestedSlideshow &slideshow = requested->at(size_t(i));
+        const QString caption =
+            slideshow.caption.isEmpty() ? captionOf(slideshow.content) : slideshow.caption;
+        if (auto jobs = slidesOf(slideshow, target.options, pictures); !jobs.empty())
+            batches.add(slideshow.batchName.isEmpty() ? batchName : slideshow.batchName,
+                        {std::move(jobs), caption});
         progress->show(i + 1, count);
     }
     progress.reset();
     if (interruption.isRequested())
         return interruption.exitStatus(failed);
-    if (slideshows.empty())
+    if (batches.count() == 0)
         return failedWith({pictures.unreadable() == found.files.size()
                                ? u"None of the pictures can be read."_s
                                : nothingMade(request)});
-    // As everywhere, the first is the newest.
-    std::ranges::reverse(slideshows);
     LeftOut leftOut;
-    leftOut.note(count - qsizetype(slideshows.size()), count, u"variations hold no slides"_s);
+    leftOut.note(count - batches.count(), count, u"variations hold no slides"_s);
     leftOut.note(rowsLeftOut, count + rowsLeftOut, rowsNotUsed());
     leftOut.note(pictures.unreadable() + found.problems.size(), found.files.size() + found.problems.size(),
                  u"pictures could not be read"_s);
-    return interruption.exitStatus(exportJobs(slideshows,
-                                              out + u'/' + batchFolderName(batchNameFor(request.batchName)),
-                                              target, leftOut, interruption));
+    return interruption.exitStatus(batches.exportTo(out, target, leftOut, interruption));
 }
 
 int make(const Arguments &arguments)

@@ -1,16 +1,22 @@
 #include "app/cli/picture_choice.h"
 
 #include "app/cli/picture_import.h"
-#include "app/cli/record_lookup.h"
-
-#include <QtCore/QFileInfo>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
+Result<> PictureChoice::check(const RequestedSlideshow &slideshow)
+{
+    // Without a row there are no names, and pictures were found to be there.
+    const auto objection = slideshow.name.isEmpty() ? std::nullopt : m_pictures.objection(slideshow.pictures);
+    return objection ? Result<>(fail(u"%1: %2"_s.arg(slideshow.name, *objection))) : Result<>();
+}
+
 Result<std::vector<Asset *>> PictureChoice::of(const RequestedSlideshow &slideshow)
 {
+    if (const Result<> checked = check(slideshow); !checked)
+        return std::unexpected(checked.error());
     std::vector<Asset *> chosen;
     for (const QString &name : slideshow.pictures) {
         const Result<Asset *> asset = name.isEmpty() ? Result<Asset *>(nullptr) : find(name);
@@ -23,15 +29,17 @@ Result<std::vector<Asset *>> PictureChoice::of(const RequestedSlideshow &slidesh
 
 Result<Asset *> PictureChoice::find(const QString &name)
 {
-    if (Asset *const known = m_imported.value(name))
-        return known;
-    Result<Asset *> asset = findAsset(m_store, name);
-    if (asset || !QFileInfo(name).isFile())
-        return asset;
-    const PictureImport import = importPictures({name}, m_store, m_interruption);
-    if (import.assets.empty())
-        return fail(u"“%1” could not be imported"_s.arg(name));
-    return m_imported[name] = import.assets.front();
+    const TablePictures::Found found = m_pictures.find(name).value();
+    if (found.asset)
+        return found.asset;
+    Asset *&imported = m_imported[found.file];
+    if (!imported) {
+        const PictureImport import = importPictures({found.file}, m_store, m_interruption);
+        if (import.assets.empty())
+            return fail(u"“%1” could not be imported"_s.arg(name));
+        imported = import.assets.front();
+    }
+    return imported;
 }
 
 } // namespace mosslantern

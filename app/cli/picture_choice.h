@@ -1,24 +1,28 @@
 #pragma once
 
 #include "app/cli/batch_generation.h"
-
-#include <QtCore/QHash>
+#include "content/table/table_pictures.h"
 
 namespace mosslantern {
 
-class Asset;
-
-/// Finds the pictures that slideshows ask for: those of the library by their names, files by their paths,
-/// which are imported, each once.
+/// The pictures that the slideshows of a table ask for: those of the library by their names, files by their
+/// paths, which are imported, each once.
 class PictureChoice
 {
 public:
-    PictureChoice(Store &store, const Interruption &interruption)
+    /// As TablePictures has them.
+    PictureChoice(Store &store, const QString &folder, bool canDraw, const Interruption &interruption)
         : m_store(store)
         , m_interruption(interruption)
+        , m_pictures(store, folder, canDraw)
     {}
 
-    /// Null where the slideshow asks for none. Fails on a picture that is neither.
+    /// Whether the slideshow has all its pictures, as far as can be told without opening files. The error
+    /// says which one not.
+    Result<> check(const RequestedSlideshow &slideshow);
+
+    /// Null where the slideshow asks for none. Fails where check() does, and on a file that cannot be
+    /// imported.
     Result<std::vector<Asset *>> of(const RequestedSlideshow &slideshow);
 
 private:
@@ -26,6 +30,7 @@ private:
 
     Store &m_store;
     const Interruption &m_interruption;
+    TablePictures m_pictures;
     QHash<QString, Asset *> m_imported; // by path
 };
 

@@ -1,9 +1,9 @@
 #include "app/cli/record_json.h"
 
 #include "app/cli/output.h"
-#include "app/cli/record_lookup.h"
 #include "model/collection.h"
 #include "model/content_template.h"
+#include "model/record_lookup.h"
 #include "model/slide_preset.h"
 
 namespace mosslantern {
@@ -111,6 +111,7 @@ Json toJson(const Slideshow &slideshow)
             {"aspectRatio", shape ? toJson(rawText(*shape)) : Json()},
             {"batchId", toJson(slideshow.batchId())},
             {"batchName", batchName ? toJson(*batchName) : Json()},
+            {"caption", slideshow.caption().isEmpty() ? Json() : toJson(slideshow.caption())},
             {"collection", idOf(slideshow.collection())},
             {"slides", slides}};
 }

@@ -25,7 +25,7 @@ Json toJson(const Asset &asset);
 Json toJson(const Collection &collection);
 /// name, createdAt (of the newest), batchIds, slideshows (ids, in the order of an export)
 Json toJson(const BatchGroup &group);
-/// id, createdAt, aspectRatio, batchId, batchName, collection, slides (in order)
+/// id, createdAt, aspectRatio, batchId, batchName, caption, collection, slides (in order)
 Json toJson(const Slideshow &slideshow);
 /// id, text, subtitle, the values of the style by their names, order, image (the file that is drawn),
 /// asset

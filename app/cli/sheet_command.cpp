@@ -3,7 +3,7 @@
 #include "app/cli/library.h"
 #include "app/cli/option_reader.h"
 #include "app/cli/output.h"
-#include "app/cli/record_lookup.h"
+#include "model/record_lookup.h"
 #include "model/slideshow.h"
 #include "render/export/contact_sheet.h"
 #include "render/export/slide_file.h"

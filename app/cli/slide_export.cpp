@@ -4,7 +4,6 @@
 #include "app/cli/output.h"
 #include "app/cli/progress.h"
 #include "model/slideshow.h"
-#include "render/export/bulk_exporter.h"
 #include "render/export/pdf_documents.h"
 #include "render/export/slide_archive.h"
 
@@ -84,6 +83,7 @@ int exportTo(const QString &root, const ExportTarget &target, const Interruption
     std::unique_ptr<SlideArchive> archive;
     ReportedExport run;
     run.exporter()->setOptions(target.options);
+    run.exporter()->setWritesIndex(target.hasIndex);
     if (target.isArchive) {
         auto created = SlideArchive::create(root);
         if (!created)
@@ -122,7 +122,7 @@ int exportSingle(const Slideshow &slideshow, const QString &folder, const Export
     });
 }
 
-int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+int exportJobs(const std::vector<JobsOfSlideshow> &slideshows, const QString &folder,
                const ExportTarget &target, const LeftOut &leftOut, const Interruption &interruption)
 {
     return exportTo(absolute(folder), target, &interruption, leftOut, [&](ReportedExport &run) {

@@ -4,7 +4,7 @@
 #include "app/cli/left_out.h"
 #include "model/batch_groups.h"
 #include "model/error.h"
-#include "render/export/slide_job.h"
+#include "render/export/bulk_exporter.h"
 
 #include <vector>
 
@@ -20,7 +20,7 @@ int exportBatch(const QList<Slideshow *> &slideshows, const QString &folder, con
 
 /// Exports slides that are in no library, a folder of its own for each slideshow, all in `folder`. Tells what
 /// the command has left out, too.
-int exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+int exportJobs(const std::vector<JobsOfSlideshow> &slideshows, const QString &folder,
                const ExportTarget &target, const LeftOut &leftOut, const Interruption &interruption);
 
 /// Exports one slideshow straight into `folder` in the same manner.

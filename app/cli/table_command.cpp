@@ -12,12 +12,12 @@ namespace {
 void printJson(const TableContents &contents)
 {
     Json problems = Json::array();
-    for (const RowProblem &problem : contents.problems)
+    for (const RowProblem &problem : contents.problems())
         problems.push_back({{"row", problem.number}, {"reason", toJson(problem.reason)}});
     Json unused = Json::array();
-    for (const QString &column : contents.unusedColumns)
+    for (const QString &column : contents.unusedColumns())
         unused.push_back(toJson(column));
-    writeJson({{"slideshows", contents.rows.size()}, {"problems", problems}, {"unusedColumns", unused}});
+    writeJson({{"slideshows", contents.count()}, {"problems", problems}, {"unusedColumns", unused}});
 }
 
 int check(const Arguments &arguments)
@@ -28,14 +28,13 @@ int check(const Arguments &arguments)
     if (arguments.has("json"_L1)) {
         printJson(*contents);
     } else {
-        writeRow(
-            {u"%1 slideshows, %2 rows left out"_s.arg(contents->rows.size()).arg(contents->problems.size())});
-        for (const RowProblem &problem : contents->problems)
+        writeRow({countText(contents->count(), contents->problems().size())});
+        for (const RowProblem &problem : contents->problems())
             writeRow({rowName(problem.number), problem.reason});
-        for (const QString &column : contents->unusedColumns)
+        for (const QString &column : contents->unusedColumns())
             writeRow({u"unused column"_s, column});
     }
-    return contents->problems.isEmpty() && !contents->rows.empty() ? done : failed;
+    return contents->problems().isEmpty() && contents->count() > 0 ? done : failed;
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "app/cli/text_input.h"
 #include "content/table/delimited_text.h"
 
+#include <QtCore/QFileInfo>
+
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
@@ -28,26 +30,30 @@ Result<TableContents> readTable(const QString &file, const Arguments &arguments)
     const Result<Table> table = readDelimitedText(*bytes);
     if (!table)
         return std::unexpected(table.error());
-    return tableContents(*table, content, *rows);
+    return TableContents::read(*table, meaningsOf(*table), content, *rows);
 }
 
 Result<> readTableRequest(const Arguments &arguments, BatchRequest &request)
 {
-    const Result<TableContents> contents = readTable(*arguments.value("table"_L1), arguments);
+    const QString file = *arguments.value("table"_L1);
+    const Result<TableContents> contents = readTable(file, arguments);
     if (!contents)
         return std::unexpected(contents.error());
-    for (const RowProblem &problem : contents->problems)
+    for (const RowProblem &problem : contents->problems())
         report(rowName(problem.number) + u": "_s + problem.reason);
-    if (contents->rows.empty())
+    if (contents->count() == 0)
         return fail(u"No row of the table can be used."_s);
-    request.rowsLeftOut = contents->problems.size();
+    request.rowsLeftOut = contents->problems().size();
+    request.tableFolder = file == "-"_L1 ? QString() : QFileInfo(file).absolutePath();
     request.prepared.emplace();
-    for (const TableRow &row : contents->rows) {
+    for (qsizetype place = 0; place < contents->count(); ++place) {
+        const TableRow row = contents->row(place);
         SlideDesign design = request.design;
         if (row.style)
             design.setTextStyle(*row.style);
         design.shape = row.shape.value_or(design.shape);
-        request.prepared->push_back({row.content, design, row.pictures, rowName(row.number)});
+        request.prepared->push_back(
+            {row.content(), design, row.pictures, rowName(row.number), row.batch, row.caption});
     }
     return {};
 }

@@ -1,17 +1,12 @@
 #include "content/table/field_text.h"
 
+#include "content/table/column_meaning.h"
+
 #include <QtCore/QRegularExpression>
 
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
-
-QString foldedHeading(QStringView heading)
-{
-    QString name = heading.toString().toCaseFolded();
-    name.removeIf([](QChar c) { return c.isSpace() || c == u'_'; });
-    return name;
-}
 
 Result<FieldText> FieldText::parse(const QString &text, const QHash<QString, qsizetype> &columns,
                                    std::set<qsizetype> &used)

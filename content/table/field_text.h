@@ -8,9 +8,6 @@
 
 namespace mosslantern {
 
-/// A heading, or the name of a field, without what does not matter in it: case, spaces and underscores.
-QString foldedHeading(QStringView heading);
-
 /// A text with fields, which the cells of a row fill: `{{city}}`, or `{{city|Berlin}}` for what stands where
 /// the cell is empty.
 class FieldText

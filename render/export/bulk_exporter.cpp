@@ -82,27 +82,32 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
             writeSlideImages(*waiting[i], folder);
         }
     }
-    if (const Result<> finished = m_destination->finish(); !finished)
+    if (const Result<> finished = finishBatches(); !finished)
         co_return finished;
     if (m_openFolder)
         m_openFolder(base);
     co_return Result<>();
 }
 
-Result<> BulkExporter::exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+Result<> BulkExporter::exportJobs(const std::vector<JobsOfSlideshow> &slideshows, const QString &folder,
                                   const std::function<bool()> &goesOn)
 {
     int total = 0;
-    for (const std::vector<SlideJob> &jobs : slideshows)
-        total += static_cast<int>(jobs.size());
+    for (const JobsOfSlideshow &slideshow : slideshows)
+        total += static_cast<int>(slideshow.slides.size());
     begin(total);
     for (size_t i = 0; i < slideshows.size() && goesOn(); ++i) {
         const QString path = slideshowPath(folder, i);
         if (const Result<> made = prepare(path); !made)
             return made;
-        writeSlides(slideshows[i], path, goesOn);
+        const JobsOfSlideshow &slideshow = slideshows[i];
+        writeSlides(slideshow.slides, path, goesOn);
+        if (const Result<> written = writeCaption(slideshow.caption, path); !written)
+            emit fileLeftOut(written.error().message);
+        if (m_indexes)
+            m_indexes->add(path, indexEntry(slideshow.slides, slideshow.caption));
     }
-    return goesOn() ? m_destination->finish() : Result<>();
+    return goesOn() ? finishBatches() : Result<>();
 }
 
 Result<std::vector<SlideJob>> BulkExporter::jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
@@ -128,6 +133,10 @@ void BulkExporter::writeSlideImages(const Slideshow &slideshow, const QString &f
     const auto jobs = jobsOf(slideshow, slideshow.slidesInOrder(), folder);
     if (jobs) {
         writeSlides(*jobs, folder, [] { return true; });
+        if (const Result<> written = writeCaption(slideshow.caption(), folder); !written)
+            emit fileLeftOut(written.error().message);
+        if (m_indexes)
+            m_indexes->add(folder, indexEntry(slideshow));
     } else {
         m_leftOut += static_cast<int>(slideshow.slides().size());
         emit fileLeftOut(jobs.error().message);
@@ -186,10 +195,11 @@ void BulkExporter::begin(int total)
 QCoro::Task<Result<>> BulkExporter::exportSlideshow(const Slideshow &slideshow, const QString &folder)
 {
     begin(static_cast<int>(slideshow.slides().size()));
-    return writeInTurn(jobsOf(slideshow, slideshow.slides(), folder), folder);
+    return writeInTurn(jobsOf(slideshow, slideshow.slides(), folder), slideshow.caption(), folder);
 }
 
-QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jobs, QString folder)
+QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jobs, QString caption,
+                                                QString folder)
 {
     const QPointer<BulkExporter> self(this);
     const ExportOptions options = m_options;
@@ -204,12 +214,28 @@ QCoro::Task<Result<>> BulkExporter::writeInTurn(Result<std::vector<SlideJob>> jo
         outcome = writeSlide(folder + u'/' + options.fileName(index), run.next());
     }
     if (outcome)
+        outcome = writeCaption(caption, folder);
+    if (outcome)
         outcome = m_destination->finish();
     if (!outcome)
         printLine(u"Failed to export: "_s + outcome.error().message);
     else if (m_openFolder)
         m_openFolder(folder);
     co_return outcome;
+}
+
+Result<> BulkExporter::writeCaption(const QString &caption, const QString &folder)
+{
+    if (caption.isEmpty())
+        return {};
+    return m_destination->writeBeside(m_options.film ? folder + u".txt"_s : folder + u"/caption.txt"_s,
+                                      caption.toUtf8() + '\n');
+}
+
+Result<> BulkExporter::finishBatches()
+{
+    const Result<> indexed = m_indexes ? m_indexes->write(*m_destination) : Result<>();
+    return indexed ? m_destination->finish() : indexed;
 }
 
 Result<> BulkExporter::writeSlide(const QString &file, const EncodedSlide &slide)

@@ -1,16 +1,27 @@
 #pragma once
 
+#include "render/export/batch_index.h"
 #include "render/export/folder_names.h"
 #include "render/export/slide_destination.h"
 
 #include <QCoroTask>
 #include <QtCore/QObject>
 
+#include <optional>
+
 namespace mosslantern {
 
 class Slideshow;
 
-/// Writes slideshows as folders of pictures, "Slide_1.png" and so on. Everything that touches records, fonts
+/// A slideshow that is in no library.
+struct JobsOfSlideshow
+{
+    std::vector<SlideJob> slides;
+    QString caption = {}; // empty for none
+};
+
+/// Writes slideshows as folders of pictures, "Slide_1.png" and so on, with "caption.txt" where there is one
+/// (beside a film, called like it). Everything that touches records, fonts
 /// and files runs on the thread that calls; only drawing and compressing uses all cores.
 class BulkExporter : public QObject
 {
@@ -28,6 +39,12 @@ public:
     /// single export that is the error.
     void setOptions(const ExportOptions &options) { m_options = options; }
 
+    /// Whether a batch export writes an index of it into its folder, "index.csv".
+    void setWritesIndex(bool writes)
+    {
+        m_indexes = writes ? std::optional<BatchIndexes>(std::in_place) : std::nullopt;
+    }
+
     /// Where the files go from now on; folders of the system without it. Must outlive the exports.
     void setDestination(SlideDestination &destination) { m_destination = &destination; }
 
@@ -43,12 +60,12 @@ public:
     /// written, prints "Failed to export: " and the reason, and stops.
     QCoro::Task<Result<>> exportSlideshow(const Slideshow &slideshow, const QString &folder);
 
-    /// Writes the slides of one slideshow, by ascending order, into a folder that exists.
+    /// Writes the slides of one slideshow, by ascending order, and its caption into a folder that exists.
     void writeSlideImages(const Slideshow &slideshow, const QString &folder);
 
     /// The batch export of slides that are in no library: a folder of its own for each slideshow, as above,
     /// and all in `folder`. Asks before each slide whether to go on.
-    Result<> exportJobs(const std::vector<std::vector<SlideJob>> &slideshows, const QString &folder,
+    Result<> exportJobs(const std::vector<JobsOfSlideshow> &slideshows, const QString &folder,
                         const std::function<bool()> &goesOn);
 
 signals:
@@ -62,7 +79,7 @@ signals:
     void fileLeftOut(const QString &reason);
 
 private:
-    QCoro::Task<Result<>> writeInTurn(Result<std::vector<SlideJob>> jobs, QString folder);
+    QCoro::Task<Result<>> writeInTurn(Result<std::vector<SlideJob>> jobs, QString caption, QString folder);
     Result<std::vector<SlideJob>> jobsOf(const Slideshow &slideshow, QList<Slide *> slides,
                                          const QString &folder);
     Result<> prepare(const QString &folder);
@@ -71,9 +88,12 @@ private:
     void writeSlides(const std::vector<SlideJob> &jobs, const QString &folder,
                      const std::function<bool()> &goesOn);
     Result<> writeSlide(const QString &file, const EncodedSlide &slide);
+    Result<> finishBatches();
+    Result<> writeCaption(const QString &caption, const QString &folder);
 
     FolderOpener m_openFolder;
     ExportOptions m_options;
+    std::optional<BatchIndexes> m_indexes; // of the running export, when they are wanted
     FolderDestination m_folders;
     SlideDestination *m_destination = &m_folders;
     SlideRenderer m_renderer;

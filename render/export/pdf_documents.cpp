@@ -106,6 +106,12 @@ Result<> PdfDocuments::write(const QString &path, const EncodedSlide &slide)
     return {};
 }
 
+Result<> PdfDocuments::writeBeside(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo file(path);
+    return m_destination.writeBeside(file.path() == m_folder ? m_folder + u'.' + file.suffix() : path, bytes);
+}
+
 Result<> PdfDocuments::finish()
 {
     const Result<> written = writeDocument();

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] Result<> prepareFolder(const QString &path) override;
     /// `slide` has to be a JPEG picture.
     [[nodiscard]] Result<> write(const QString &path, const EncodedSlide &slide) override;
+    /// What would be in the folder is called like the document.
+    [[nodiscard]] Result<> writeBeside(const QString &path, const QByteArray &bytes) override;
     [[nodiscard]] Result<> finish() override;
 
 private:

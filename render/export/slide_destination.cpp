@@ -6,6 +6,13 @@
 
 namespace mosslantern {
 
+Result<> SlideDestination::writeBeside(const QString &path, const QByteArray &bytes)
+{
+    EncodedSlide file;
+    file.file = bytes;
+    return write(path, file);
+}
+
 Result<> FolderDestination::prepareFolder(const QString &path)
 {
     Result<> made = makeFolder(path);

@@ -16,6 +16,8 @@ public:
     [[nodiscard]] virtual Result<> prepareFolder(const QString &path) = 0;
     /// Writes the file of a slide, in place of any of that path.
     [[nodiscard]] virtual Result<> write(const QString &path, const EncodedSlide &slide) = 0;
+    /// Writes another file, such as a caption, in place of any of that path.
+    [[nodiscard]] virtual Result<> writeBeside(const QString &path, const QByteArray &bytes);
     /// Ends a whole export.
     [[nodiscard]] virtual Result<> finish() { return {}; }
 };

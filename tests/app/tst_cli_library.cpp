@@ -42,6 +42,44 @@ private slots:
         QCOMPARE(rows[0][u"slides"_s][0][u"asset"_s], assets[1][u"id"_s]);
     }
 
+    void tablesBringTheirPictures()
+    {
+        // Next to the table, whatever the working directory; and the library has none of its own.
+        m_tool->writePicture(u"far/own.png"_s, Qt::blue);
+        m_tool->write(u"far/t.csv"_s, "main 1,image 1,main 2,batch,caption\nA,own.png,,Mon,\"#a \"\"b\"\"\"\n"
+                                      "B,own.png,x,,\nC,gone.png,,,\nD,own.png,,Mon,\n");
+        const QString generate = u"generate --table far/t.csv --batch-name Rest"_s;
+        QVERIFY(run(u"collections create None"_s).succeeded());
+        const Outcome told = run(generate + u" --dry-run"_s);
+        QVERIFY2(told.status == 1 && told.out == "2 slideshows, 2 rows left out\n", told.all());
+        QVERIFY2(told.error().contains(u"row 2: slide 2 names no picture"_s) &&
+                     told.error().contains(u"row 3: There is no picture “gone.png”."_s),
+                 told.all());
+        QVERIFY(array(u"list assets --json"_s).isEmpty());
+        const QJsonArray made = run(generate + u" --json"_s).json().array();
+        QCOMPARE(made.size(), 2);
+        QCOMPARE(made[0][u"caption"_s], u"#a \"b\""_s);
+        QVERIFY(made[1][u"caption"_s].isNull());
+        QCOMPARE(made[0][u"batchId"_s], made[1][u"batchId"_s]);
+        QCOMPARE(made[0][u"batchName"_s], u"Mon"_s);
+        QCOMPARE(array(u"list assets --json"_s).size(), 1);
+        QCOMPARE(run(u"generate --content - --dry-run"_s, "a").out, "1 slideshow, 0 rows left out\n");
+
+        // Captions go out, and the index is a table of the same slideshows.
+        QVERIFY(run(u"export --batch Mon --to out --index"_s).succeeded());
+        QCOMPARE(m_tool->read(u"out/Mon/Slideshow_2/caption.txt"_s), "#a \"b\"\n");
+        QVERIFY(!m_tool->files(u"out/Mon/Slideshow_1"_s).contains(u"caption.txt"_s));
+        QCOMPARE(m_tool->read(u"out/Mon/index.csv"_s),
+                 "\xEF\xBB\xBF"
+                 "folder,slides,main 1,subtitle 1,image 1,caption\r\n"
+                 "Slideshow_1,1,D,,own.png,\r\nSlideshow_2,1,A,,own.png,\"#a \"\"b\"\"\"\r\n");
+        const QJsonArray again = run(u"generate --table out/Mon/index.csv --json"_s).json().array();
+        QCOMPARE(again[1][u"caption"_s], made[0][u"caption"_s]);
+        QCOMPARE(again[1][u"slides"_s][0][u"asset"_s], made[0][u"slides"_s][0][u"asset"_s]);
+        QVERIFY(run(u"export --batch Mon --to out --pdf"_s).succeeded());
+        QCOMPARE(m_tool->read(u"out/Mon/Slideshow_2.txt"_s), "#a \"b\"\n");
+    }
+
     void fromPicturesToFiles()
     {
         m_tool->write(u"content.json"_s,

@@ -123,15 +123,18 @@ private slots:
     {
         m_tool->writePicture(u"pictures/a.png"_s, Qt::red);
         m_tool->writePicture(u"pictures/b.png"_s, Qt::green);
-        m_tool->write(u"t.csv"_s, "text 1;text 2;image 1;shape\n1;;b;\n2;x;a.png;1:1\n;;;\n3;;c;\n;;a;\n");
+        m_tool->write(u"t.csv"_s,
+                      "text 1;text 2;image "
+                      "1;shape;caption;batch\n1;;b;;;\n2;x;a.png;1:1;;\n;;;\n3;;c;\n;;a;\n4;;a;;Four;C\n");
         const Outcome made =
             m_tool->run(u"make --images pictures --table t.csv --out . --batch-name B --shape 4:5"_s);
         QCOMPARE(made.status, 1);
         QVERIFY2(made.error().contains(u"row 4: there is no picture “c”"_s) &&
                      made.error().contains(u"row 5: no text\n"_s) &&
-                     made.error().contains(u"2 of 4 rows could not be used"_s),
+                     made.error().contains(u"2 of 5 rows could not be used"_s),
                  made.all());
         QCOMPARE(m_tool->files(u"B"_s).size(), 3);
+        QCOMPARE(m_tool->read(u"C/Slideshow_1/caption.txt"_s), "Four\n");
         // The first row is the newest's turn: the last of the folders.
         const QImage second(m_tool->path(u"B/Slideshow_1/Slide_1.png"_s));
         const QImage first(m_tool->path(u"B/Slideshow_2/Slide_1.png"_s));
@@ -146,7 +149,7 @@ private slots:
         QCOMPARE(checked.json()[u"problems"_s].toArray().size(), 1);
         const Outcome filled = m_tool->run(u"table check t.csv --content -"_s, "{{image 1}} {{shape|9:16}}");
         QVERIFY2(filled.succeeded(), filled.all());
-        QVERIFY(filled.out.startsWith("4 slideshows, 0 rows left out\n"));
+        QVERIFY(filled.out.startsWith("5 slideshows, 0 rows left out\n"));
         QVERIFY(m_tool->run(u"table check t.csv --content -"_s, "{{city}}").failed(1, u"“{{city}}”"_s));
     }
 

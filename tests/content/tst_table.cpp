@@ -13,6 +13,7 @@ namespace {
 
 const QString documentWithFields =
     uR"({"slides":[{"main":"{{city|Berlin}}!"},{"main":"{{}","subtitle":"{{the_price}}"}]})"_s;
+const QString captioned = uR"({"caption": "about {{text 1}}", "slides": [{"main": "{{text1}}"}]})"_s;
 constexpr QByteArrayView twoDocuments = R"([{"slides":[{"main":"a","n":1.50}]},{}])";
 
 /// All cells of a table: rows by "/", cells by ";".
@@ -28,13 +29,28 @@ QString cells(const Table &table)
     return rows.join(u'/');
 }
 
+Result<TableContents> tableContents(const Table &table, const std::optional<QString> &content,
+                                    const RowNumbers &rows = {})
+{
+    return TableContents::read(table, meaningsOf(table), content, rows);
+}
+
+QStringList problems(const TableContents &contents)
+{
+    QStringList lines;
+    for (const RowProblem &problem : contents.problems())
+        lines.append(u"%1: %2"_s.arg(problem.number).arg(problem.reason));
+    return lines;
+}
+
 /// The number and slides of each row: "1: main+subtitle, main".
 QStringList slideshows(const TableContents &contents)
 {
     QStringList rows;
-    for (const TableRow &row : contents.rows) {
+    for (qsizetype place = 0; place < contents.count(); ++place) {
+        const TableRow row = contents.row(place);
         QStringList slides;
-        for (const SlideText &slide : parseSlideContent(row.content))
+        for (const SlideText &slide : parseSlideContent(row.content()))
             slides.append(slide.subtitle.isEmpty() ? slide.main : slide.main + u'+' + slide.subtitle);
         rows.append(u"%1: %2"_s.arg(row.number).arg(slides.join(u", ")));
     }
@@ -97,18 +113,14 @@ private slots:
         const auto contents = tableContents(read.value(), {}, {});
         QVERIFY(contents);
         QCOMPARE(slideshows(*contents), (QStringList{u"1: A+a, C"_s, u"5: +s, {\"slides\":[]}"_s}));
-        QCOMPARE(contents->rows[0].pictures, (QStringList{QString(), u"green"_s}));
-        QCOMPARE(contents->rows[0].style, TextStyle::neon);
-        QCOMPARE(contents->rows[0].shape, AspectRatio::square);
-        QCOMPARE(contents->unusedColumns, QStringList{u"note"_s});
-        QCOMPARE(contents->problems.size(), 2);
-        QCOMPARE(contents->problems[0].number, 3);
-        QCOMPARE(contents->problems[0].reason, u"no text"_s);
-        QCOMPARE(contents->problems[1].number, 4);
-        QCOMPARE(contents->problems[1].reason, u"“fancy” is no style"_s);
+        QCOMPARE(contents->row(0).pictures, (QStringList{QString(), u"green"_s}));
+        QCOMPARE(contents->row(0).style, TextStyle::neon);
+        QCOMPARE(contents->row(0).shape, AspectRatio::square);
+        QCOMPARE(contents->unusedColumns(), QStringList{u"note"_s});
+        QCOMPARE(problems(*contents), (QStringList{u"3: no text"_s, u"4: “fancy” is no style"_s}));
         const auto some = tableContents(*read, {}, RowNumbers::parse(u"4-5,9"_s).value());
-        QCOMPARE(some->rows.size(), 1U);
-        QCOMPARE(some->problems.size(), 1);
+        QCOMPARE(some->count(), 1);
+        QCOMPARE(some->problems().size(), 1);
         QVERIFY(!tableContents(readDelimitedText("city,price\nA,1\n").value(), {}, {}));
         for (const QString &wrong : {u"0"_s, u"5-4"_s, u"1-2-3"_s, u"1,"_s, u"a"_s})
             QVERIFY2(!RowNumbers::parse(wrong), qPrintable(wrong));
@@ -125,7 +137,38 @@ private slots:
         const auto unknown = tableContents(*read, u"{{city}} {{town|x}}"_s, {});
         QVERIFY(!unknown);
         QCOMPARE(unknown.error().message, u"The table has no column for the field “{{town|x}}”."_s);
-        QCOMPARE(tableContents(*read, u"{{city}}"_s, {})->problems.size(), 1); // an empty cell
+        QCOMPARE(tableContents(*read, u"{{city}}"_s, {})->problems().size(), 1); // an empty cell
+    }
+
+    void batchesAndCaptions()
+    {
+        const Result<Table> read =
+            readDelimitedText("text 1,Batch,caption,text 2,text 3,text 4,text 5,text 6\n"
+                              "A,x,\"#a\n#b\"\nB,,,1,2,3,4\nC,,,1,2,3,4,5\n");
+        auto contents = tableContents(read.value(), {});
+        QVERIFY(contents);
+        QCOMPARE(problems(*contents), QStringList{u"3: 6 slides; a slideshow has at most 5"_s});
+        QCOMPARE(contents->row(0).batch, u"x"_s);
+        QCOMPARE(contents->row(0).caption, u"#a\n#b"_s);
+        QCOMPARE(contents->row(1).slides.size(), 5);
+        QVERIFY(contents->unusedColumns().isEmpty());
+        contents->exclude([](const TableRow &row) {
+            return row.number == 1 ? std::optional(u"unwanted"_s) : std::nullopt;
+        });
+        QCOMPARE(problems(*contents).first(), u"1: unwanted"_s);
+        QCOMPARE(contents->count(), 1);
+        QVERIFY(!contents->placeOf(1));
+        QCOMPARE(contents->placeOf(2), 0);
+
+        // A caption in the document is filled; a cell wins over it, and anything but a text is none.
+        const auto filled = tableContents(*read, captioned);
+        QVERIFY(filled);
+        QCOMPARE(filled->row(0).caption, u"#a\n#b"_s);
+        QCOMPARE(filled->row(1).caption, u"about B"_s);
+        QCOMPARE(captionOf(captioned), u"about {{text 1}}"_s);
+        QCOMPARE(captionOf(u"{\"caption\": 7, \"slides\": []}"_s), QString());
+        const auto tooMany = tableContents(*read, u"1\n2\n3\n4\n5\n6"_s);
+        QCOMPARE(tooMany.error().message, u"The content has 6 slides; a slideshow has at most 5."_s);
     }
 
     void elementsOfAnArray()

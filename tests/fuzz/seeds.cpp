@@ -88,6 +88,19 @@ void makeFeeds(Seeds seeds)
         "<!DOCTYPE rss [<!ENTITY a \"b\">]><rss><channel><item><link>&a;</link></item></channel></rss>");
 }
 
+void makeTables(Seeds seeds)
+{
+    const QString table =
+        u"main 1,a,Sub_1,image 2,text 2,style,shape,batch,caption\n"
+        "Hook,\"x\n\"\"{{a}}\",s,p.png,two,Boxed,4:5,b,#c\n,,,,,,,,\n🎉,}},,,,,,,\nn,,,,,no,,,\n"_s;
+    seeds.add(table.toUtf8());
+    seeds.add("\xEF\xBB\xBF" + QString(table).replace(u',', u';').replace(u'\n', u"\r\n"_s).toUtf8());
+    for (const QString &text : {QChar(0xFEFF) + QString(table).replace(u',', u'\t'), table.left(40)})
+        seeds.add(QByteArray(reinterpret_cast<const char *>(text.utf16()), text.size() * 2));
+    seeds.add("sep=|\rmain|a\r\x80\xE4|\"q\"r\r\r");
+    seeds.add("main 1,main 2,main 3,main 4,main 5,main 6\n1,2,3,4,5,6\n,,,,,6\n");
+}
+
 void makeLibraries(Seeds seeds)
 {
     TestLibrary library;
@@ -160,6 +173,7 @@ int main(int count, char **arguments)
     makeContents(Seeds(folder + u"/content"_s));
     makeAnswers(Seeds(folder + u"/answer"_s));
     makeFeeds(Seeds(folder + u"/feed"_s));
+    makeTables(Seeds(folder + u"/table"_s));
     makeLibraries(Seeds(folder + u"/library"_s));
     makePictures(folder);
     return 0;

@@ -278,6 +278,26 @@ private slots:
         QVERIFY(library.openingError().endsWith(u"the table “asset” is not as it was saved."_s));
     }
 
+    void captionsCameLater()
+    {
+        TestLibrary library;
+        fill(library);
+        const QStringList before = contentsOf(library.store());
+        library.close();
+        {
+            // As a library was before there were captions, with the tallies of its last save.
+            SQLite::Database database(QFile::encodeName(library.storeFile()).toStdString(),
+                                      SQLite::OPEN_READWRITE);
+            database.exec("ALTER TABLE slideshow DROP COLUMN caption; PRAGMA user_version = 2");
+        }
+        QCOMPARE(contentsOf(library.store()), before);
+        library.store().all<Slideshow>()[0]->setCaption(u"Hello 🎉"_s);
+        QCOMPARE(library.reopen().all<Slideshow>()[0]->caption(), u"Hello 🎉"_s);
+        library.store().all<Slideshow>()[0]->setCaption({});
+        library.reopen();
+        QCOMPARE(contentsOf(library.store()), before);
+    }
+
     void aCopyTellsWhatCameLater()
     {
         TestLibrary library;

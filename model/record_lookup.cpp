@@ -1,4 +1,4 @@
-#include "app/cli/record_lookup.h"
+#include "model/record_lookup.h"
 
 #include "model/collection.h"
 #include "model/content_template.h"
