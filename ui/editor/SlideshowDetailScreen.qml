@@ -17,7 +17,7 @@ FocusScope {
 
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Edit Slideshow")
-    Keys.onEscapePressed: if (!detail.isExporting) dismissed()
+    Keys.onEscapePressed: if (!overlay.visible) dismissed()
 
     SlideshowDetailView {
         id: detail
@@ -43,7 +43,7 @@ FocusScope {
         width: parent.width
         // The toolbar is level with the close button.
         height: 2 * Theme.widePadding + close.height
-        enabled: !detail.isExporting
+        enabled: !overlay.visible
         title: qsTr("Edit Slideshow")
 
         PushButton {
@@ -52,6 +52,7 @@ FocusScope {
             onClicked: root.dismissed()
         }
         PushButton {
+            id: exportButton
             objectName: "export"
             text: qsTr("Export")
             symbol: "square.and.arrow.up"
@@ -71,7 +72,7 @@ FocusScope {
     T.SplitView {
         anchors.fill: parent
         anchors.topMargin: header.height
-        enabled: !detail.isExporting
+        enabled: !overlay.visible
         orientation: Qt.Horizontal
         handle: SplitHandle {}
 
@@ -151,7 +152,7 @@ FocusScope {
         anchors.margins: Theme.widePadding
         implicitWidth: Theme.title2
         implicitHeight: Theme.title2
-        enabled: !detail.isExporting
+        enabled: !overlay.visible
         focusPolicy: Qt.TabFocus
         text: qsTr("Close")
         Accessible.name: text
@@ -167,49 +168,10 @@ FocusScope {
         }
     }
 
-    Rectangle {
+    ExportOverlay {
+        id: overlay
         anchors.fill: parent
-        visible: detail.isExporting
-        color: Theme.scrim
-
-        Rectangle {
-            anchors.centerIn: parent
-            width: 260
-            height: progress.height + 2 * Theme.widePadding
-            color: Theme.windowBackground
-            border.color: Theme.separator
-            radius: Theme.sheetRadius
-
-            Column {
-                id: progress
-                anchors.centerIn: parent
-                width: parent.width - 2 * Theme.widePadding
-                spacing: Theme.wideSpacing
-
-                Text {
-                    objectName: "exportProgress"
-                    text: qsTr("Exporting slide %1 of %2…").arg(Math.min(detail.exportedSlides + 1, detail.slides.length))
-                                                           .arg(detail.slides.length)
-                    color: Theme.primary
-                    font.family: Theme.family
-                    font.pixelSize: Theme.body
-                    Accessible.role: Accessible.AlertMessage
-                    Accessible.name: text
-                }
-                Rectangle {
-                    width: parent.width
-                    height: 4
-                    radius: height / 2
-                    color: Theme.separator
-
-                    Rectangle {
-                        width: parent.width * detail.exportedSlides / Math.max(1, detail.slides.length)
-                        height: parent.height
-                        radius: parent.radius
-                        color: Theme.accent
-                    }
-                }
-            }
-        }
+        run: detail.exportRun
+        returnsTo: exportButton
     }
 }

@@ -103,33 +103,19 @@ void SlideshowDetailView::exportSlideshow()
     };
     m_context->filePanels().saveFolder(request, [self = QPointer(this)](const QString &folder) {
         if (self && !folder.isEmpty())
-            runExport(self, folder);
+            self->exportTo(folder);
     });
 }
 
-QCoro::Task<> SlideshowDetailView::runExport(QPointer<SlideshowDetailView> self, QString folder)
+void SlideshowDetailView::exportTo(const QString &folder)
 {
-    if (!self->m_slideshow || self->m_isExporting)
-        co_return;
-    const RunningWork::Piece piece(self->m_context->work(), RunningWork::Kind::exporting);
-    BulkExporter exporter([context = QPointer(self->m_context)](const QString &path) {
-        if (context)
-            context->filePanels().openFolder(path);
-    });
-    connect(&exporter, &BulkExporter::progressed, self,
-            [self](int done, int) { self->noteProgress(true, done); });
-    self->noteProgress(true, 0);
-    // What goes wrong is on the console; there is no alert.
-    co_await exporter.exportSlideshow(*self->m_slideshow, folder);
-    if (self)
-        self->noteProgress(false, self->m_exportedSlides);
-}
-
-void SlideshowDetailView::noteProgress(bool isExporting, int exportedSlides)
-{
-    m_isExporting = isExporting;
-    m_exportedSlides = exportedSlides;
-    emit exportProgressed();
+    if (!m_slideshow || m_exportRun.isRunning())
+        return;
+    // What goes wrong is on the console.
+    ExportRun::begin(&m_exportRun, m_context, static_cast<int>(m_slideshow->slides().size()),
+                     [slideshow = QPointer(m_slideshow), folder](BulkExporter &exporter) {
+                         return exporter.exportSlideshow(*slideshow, folder);
+                     });
 }
 
 } // namespace mosslantern

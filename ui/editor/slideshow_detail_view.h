@@ -1,9 +1,7 @@
 #pragma once
 
-#include "ui/common/screen_context.h"
 #include "ui/editor/slide_inspector_view.h"
-
-#include <QCoroTask>
+#include "ui/slide/export_run.h"
 
 #include <functional>
 #include <memory>
@@ -25,8 +23,7 @@ class SlideshowDetailView : public QObject
     /// Null when the index is that of no slide.
     Q_PROPERTY(mosslantern::Slide *selectedSlide READ selectedSlide NOTIFY selectedSlideChanged)
     Q_PROPERTY(mosslantern::SlideInspectorView *inspector READ inspector NOTIFY contextChanged)
-    Q_PROPERTY(bool isExporting READ isExporting NOTIFY exportProgressed)
-    Q_PROPERTY(int exportedSlides READ exportedSlides NOTIFY exportProgressed)
+    Q_PROPERTY(mosslantern::ExportRun *exportRun READ exportRun CONSTANT)
 
 public:
     explicit SlideshowDetailView(QObject *parent = nullptr);
@@ -58,8 +55,7 @@ public:
     /// of them; the export does, too, when the screen is left or the slideshow removed.
     Q_INVOKABLE void exportSlideshow();
 
-    bool isExporting() const { return m_isExporting; }
-    int exportedSlides() const { return m_exportedSlides; }
+    ExportRun *exportRun() { return &m_exportRun; }
 
     /// The time that the proposed folder is named after; the system's unless it is replaced.
     void setClock(std::function<QDateTime()> clock) { m_clock = std::move(clock); }
@@ -70,22 +66,19 @@ signals:
     void slidesChanged();
     void selectedSlideIndexChanged();
     void selectedSlideChanged();
-    void exportProgressed();
 
 private:
     QVariantList slideList() const;
     void followSlides();
     void showSelection();
-    static QCoro::Task<> runExport(QPointer<SlideshowDetailView> self, QString folder);
-    void noteProgress(bool isExporting, int exportedSlides);
+    void exportTo(const QString &folder);
 
     ScreenContext *m_context = nullptr;
     QPointer<Slideshow> m_slideshow;
     std::unique_ptr<SlideInspectorView> m_inspector;
     int m_selectedSlideIndex = 0;
     QPointer<Slide> m_shownSlide;
-    bool m_isExporting = false;
-    int m_exportedSlides = 0;
+    ExportRun m_exportRun;
     std::function<QDateTime()> m_clock;
 };
 

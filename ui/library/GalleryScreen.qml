@@ -4,6 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Library
+import Mosslantern.Slide
 
 /// Every generated slideshow as a card, batch by batch.
 FocusScope {
@@ -124,7 +125,7 @@ FocusScope {
                 width: place.width
                 height: place.height
                 onExportRequested: (button) => {
-                    overlay.returnsTo = button
+                    overlay.opener = button
                     gallery.exportBatch(name)
                 }
                 onDeletionRequested: gallery.askToDeleteBatch(name)
@@ -177,12 +178,9 @@ FocusScope {
     }
     ExportOverlay {
         id: overlay
-        objectName: "exportOverlay"
         anchors.fill: parent
-        gallery: gallery
-        onVisibleChanged: root.yieldToExport()
-
-        property Item returnsTo
+        run: gallery.exportRun
+        returnsTo: area
     }
 
     ContextMenu {
@@ -218,14 +216,5 @@ FocusScope {
             editor.setSource("../Editor/SlideshowDetailSheet.qml", {"context": context, "slideshow": gallery.selectedSlideshow, "visible": true})
         else if (sheet)
             sheet.close()
-    }
-
-    function yieldToExport() {
-        if (overlay.visible)
-            overlay.focus = true
-        else if (overlay.returnsTo)
-            overlay.returnsTo.focus = true
-        else
-            area.focus = true
     }
 }

@@ -4,16 +4,11 @@
 #include "render/export/bulk_exporter.h"
 #include "ui/common/file_panels.h"
 
-#include <chrono>
-
 namespace mosslantern {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Long enough to look up from something else and read a line.
-constexpr std::chrono::seconds outcomeTime(8);
 
 bool isThere(const QPointer<Slideshow> &slideshow)
 {
@@ -43,8 +38,7 @@ int slideCount(const QList<Slideshow *> &slideshows)
 GalleryView::GalleryView(QObject *parent)
     : QObject(parent)
 {
-    m_outcome.setSingleShot(true);
-    connect(&m_outcome, &QTimer::timeout, this, &GalleryView::forgetOutcome);
+    connect(&m_exportRun, &ExportRun::isRunningChanged, this, &GalleryView::isExportingChanged);
 }
 
 void GalleryView::setContext(ScreenContext *context)
@@ -95,89 +89,28 @@ void GalleryView::exportBatch(const BatchGroup &batch)
         .suggestedName = u"Export_"_s + batch.name,
     };
     const Presented presented(batch.slideshows.cbegin(), batch.slideshows.cend());
-    m_context->filePanels().saveFolder(
-        request, [self = QPointer(this), context = QPointer(m_context), presented](const QString &folder) {
-            if (context && !folder.isEmpty())
-                runExport(self, context, presented, folder);
-        });
+    m_context->filePanels().saveFolder(request, [run = QPointer(&m_exportRun), context = QPointer(m_context),
+                                                 presented](const QString &folder) {
+        if (context && !folder.isEmpty())
+            runExport(run, context, presented, folder);
+    });
 }
 
 void GalleryView::exportTo(const BatchGroup &batch, const QString &folder)
 {
-    runExport(this, m_context, {batch.slideshows.cbegin(), batch.slideshows.cend()}, folder);
+    runExport(&m_exportRun, m_context, {batch.slideshows.cbegin(), batch.slideshows.cend()}, folder);
 }
 
-QCoro::Task<> GalleryView::runExport(QPointer<GalleryView> self, QPointer<ScreenContext> context,
+QCoro::Task<> GalleryView::runExport(QPointer<ExportRun> run, QPointer<ScreenContext> context,
                                      Presented presented, QString folder)
 {
-    const RunningWork::Piece piece(context->work(), RunningWork::Kind::exporting);
     const QList<Slideshow *> slideshows = those(presented);
-    BulkExporter exporter([context](const QString &path) {
-        if (context)
-            context->filePanels().openFolder(path);
-    });
-    int expected = slideCount(slideshows);
-    int writtenBefore = 0;
-    int leftOutBefore = 0;
-    connect(&exporter, &BulkExporter::progressed, &exporter, [&](int written, int leftOut, int total) {
-        if (self)
-            self->noteProgress(written - writtenBefore, leftOut - leftOutBefore, total - expected);
-        writtenBefore = written;
-        leftOutBefore = leftOut;
-        expected = total;
-    });
-    if (self)
-        self->beginExport(expected);
-    // The export goes on when the screen is left.
-    const Result<> outcome = co_await exporter.exportSlideshows(slideshows, folder);
+    const Result<> outcome =
+        co_await ExportRun::begin(run, context, slideCount(slideshows), [&](BulkExporter &exporter) {
+            return exporter.exportSlideshows(slideshows, folder);
+        });
     if (!outcome)
         printLine(u"Export failed: "_s + outcome.error().message);
-    if (self)
-        self->endExport();
-}
-
-void GalleryView::beginExport(int slides)
-{
-    if (isTellingOutcome())
-        forgetOutcome();
-    ++m_runningExports;
-    noteProgress(0, 0, slides);
-    setIsExporting(true);
-}
-
-void GalleryView::noteProgress(int done, int leftOut, int more)
-{
-    m_exportedSlides += done;
-    m_slidesLeftOut += leftOut;
-    m_slidesToExport += more;
-    emit exportProgressed();
-}
-
-void GalleryView::endExport()
-{
-    --m_runningExports;
-    if (m_runningExports == 0 && m_slidesLeftOut > 0) {
-        m_outcome.start(outcomeTime);
-        emit isTellingOutcomeChanged();
-    } else if (m_runningExports == 0) {
-        noteProgress(-m_exportedSlides, 0, -m_slidesToExport);
-    }
-    setIsExporting(false);
-}
-
-void GalleryView::forgetOutcome()
-{
-    m_outcome.stop();
-    noteProgress(-m_exportedSlides, -m_slidesLeftOut, -m_slidesToExport);
-    emit isTellingOutcomeChanged();
-}
-
-void GalleryView::setIsExporting(bool isExporting)
-{
-    if (m_isExporting == isExporting)
-        return;
-    m_isExporting = isExporting;
-    emit isExportingChanged();
 }
 
 void GalleryView::setShowingDeleteBatchAlert(bool isShowing)

@@ -3,11 +3,7 @@
 #include "model/batch_groups.h"
 #include "model/live_query.h"
 #include "model/slideshow.h"
-#include "ui/common/screen_context.h"
-
-#include <QCoroTask>
-#include <QtCore/QPointer>
-#include <QtCore/QTimer>
+#include "ui/slide/export_run.h"
 
 #include <optional>
 
@@ -23,11 +19,8 @@ class GalleryView : public QObject
     Q_PROPERTY(mosslantern::LiveQueryBase *slideshows READ slideshowsModel NOTIFY contextChanged)
     Q_PROPERTY(mosslantern::Slideshow *selectedSlideshow READ selectedSlideshow WRITE setSelectedSlideshow
                    NOTIFY selectedSlideshowChanged)
+    Q_PROPERTY(mosslantern::ExportRun *exportRun READ exportRun CONSTANT)
     Q_PROPERTY(bool isExporting READ isExporting NOTIFY isExportingChanged)
-    Q_PROPERTY(int exportedSlides READ exportedSlides NOTIFY exportProgressed)
-    Q_PROPERTY(int slidesToExport READ slidesToExport NOTIFY exportProgressed)
-    Q_PROPERTY(int slidesLeftOut READ slidesLeftOut NOTIFY exportProgressed)
-    Q_PROPERTY(bool isTellingOutcome READ isTellingOutcome NOTIFY isTellingOutcomeChanged)
     Q_PROPERTY(bool showingDeleteBatchAlert READ showingDeleteBatchAlert WRITE setShowingDeleteBatchAlert
                    NOTIFY showingDeleteBatchAlertChanged)
     Q_PROPERTY(QString nameOfBatchToDelete READ nameOfBatchToDelete NOTIFY batchToDeleteChanged)
@@ -50,18 +43,9 @@ public:
     Slideshow *selectedSlideshow() const { return m_selectedSlideshow; }
     void setSelectedSlideshow(Slideshow *slideshow);
 
-    /// Whether the export of a batch is running; of several, until the first ends.
-    bool isExporting() const { return m_isExporting; }
-    /// Of all exports that are running.
-    int exportedSlides() const { return m_exportedSlides; }
-    int slidesToExport() const { return m_slidesToExport; }
-    /// Slides that could not be written.
-    int slidesLeftOut() const { return m_slidesLeftOut; }
-
-    /// Whether the counts are those of exports that have ended and left slides out: until forgetOutcome(),
-    /// for a few seconds, or until another export begins.
-    bool isTellingOutcome() const { return m_outcome.isActive(); }
-    Q_INVOKABLE void forgetOutcome();
+    /// Whether the export of a batch is running; of several, until the last ends.
+    bool isExporting() const { return m_exportRun.isRunning(); }
+    ExportRun *exportRun() { return &m_exportRun; }
 
     /// Asks for a folder and writes the slides of a batch into it.
     void exportBatch(const BatchGroup &batch);
@@ -93,8 +77,6 @@ signals:
     void contextChanged();
     void selectedSlideshowChanged();
     void isExportingChanged();
-    void exportProgressed();
-    void isTellingOutcomeChanged();
     void showingDeleteBatchAlertChanged();
     void batchToDeleteChanged();
     /// The next change of what is shown is to be seen as a movement.
@@ -111,23 +93,14 @@ private:
 
     LiveQueryBase *slideshowsModel() { return m_slideshows ? &*m_slideshows : nullptr; }
     BatchGroup group(const QString &name) const;
-    static QCoro::Task<> runExport(QPointer<GalleryView> self, QPointer<ScreenContext> context,
+    static QCoro::Task<> runExport(QPointer<ExportRun> run, QPointer<ScreenContext> context,
                                    Presented presented, QString folder);
-    void beginExport(int slides);
-    void noteProgress(int done, int leftOut, int more);
-    void endExport();
-    void setIsExporting(bool isExporting);
 
     ScreenContext *m_context = nullptr;
     std::optional<LiveQuery<Slideshow>> m_slideshows;
     Slideshow *m_selectedSlideshow = nullptr;
     QMetaObject::Connection m_selectedRemoved;
-    bool m_isExporting = false;
-    int m_runningExports = 0;
-    int m_exportedSlides = 0;
-    int m_slidesToExport = 0;
-    int m_slidesLeftOut = 0;
-    QTimer m_outcome;
+    ExportRun m_exportRun;
     bool m_showingDeleteBatchAlert = false;
     std::optional<PresentedBatch> m_batchToDelete;
 };

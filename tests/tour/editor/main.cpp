@@ -205,12 +205,12 @@ void EditorTour::trouble()
         QTest::keyClick(&m_session.window(), Qt::Key_Down);
     picture(u"list-scrolls"_s);
     m_detail->exportSlideshow();
-    QObject::connect(m_detail, &SlideshowDetailView::exportProgressed, m_detail, [this] {
-        if (m_detail->exportedSlides() == 2 && m_detail->isExporting())
+    QObject::connect(m_detail->exportRun(), &ExportRun::progressed, m_detail, [this] {
+        if (m_detail->exportRun()->written() == 2 && m_detail->exportRun()->isRunning())
             m_session.window().grabWindow().save(m_folder.filePath(u"exporting.png"_s));
     });
     m_panels.answerFolder(m_session.library().path(u"out"_s));
-    static_cast<void>(QTest::qWaitFor([this] { return !m_detail->isExporting(); }));
+    static_cast<void>(QTest::qWaitFor([this] { return !m_detail->exportRun()->isRunning(); }));
 }
 
 void EditorTour::run()

@@ -154,7 +154,7 @@ void GalleryTour::run()
 
     m_session.click(u"exportBatch"_s);
     m_session.panels().answerFolder(m_folder.filePath(u"export"_s));
-    const bool hasBegun = QTest::qWaitFor([&] { return gallery().exportedSlides() > 0; }, 20000);
+    const bool hasBegun = QTest::qWaitFor([&] { return gallery().exportRun()->written() > 0; }, 20000);
     m_session.window()->grabWindow().save(m_folder.filePath(u"exporting.png"_s));
     if (!hasBegun || !QTest::qWaitFor([&] { return !gallery().isExporting(); }, 60000))
         qFatal("nothing is exported");

@@ -87,7 +87,7 @@ void SlideshowDetailTest::exports()
     QVERIFY(f.panels.openedFolders().isEmpty());
 
     f.detail.exportSlideshow();
-    QSignalSpy progress(&f.detail, &SlideshowDetailView::exportProgressed);
+    QSignalSpy progress(f.detail.exportRun(), &ExportRun::progressed);
     const QString folder = f.library().path(u"out/deep"_s);
     f.panels.answerFolder(folder);
     QVERIFY(f.context.work().isExporting());
@@ -96,7 +96,7 @@ void SlideshowDetailTest::exports()
     QCOMPARE(QDir(folder).entryList(QDir::Files).size(), 4);
     QCOMPARE(QImage(folder + u"/Slide_1.png"_s).size(), QSize(240, 240));
     QCOMPARE(progress.count(), 6);
-    QVERIFY(!f.detail.isExporting());
+    QVERIFY(!f.detail.exportRun()->isRunning() && !f.detail.exportRun()->isTellingOutcome());
 }
 
 void SlideshowDetailTest::reportsFailedExports()
@@ -134,10 +134,10 @@ void SlideshowDetailTest::inputDuringAnExportIsDropped()
 {
     ScreenSession s;
     QSignalSpy dismissed(s.root, SIGNAL(dismissed()));
-    const auto *const detail = s.detail();
+    ExportRun *const run = s.detail()->exportRun();
     const QPointF done = s.find(u"done"_s)->mapToScene({10, 10});
-    connect(detail, &SlideshowDetailView::exportProgressed, this, [&] {
-        if (!detail->isExporting() || detail->exportedSlides() != 1)
+    connect(run, &ExportRun::progressed, this, [&] {
+        if (!run->isRunning() || run->written() != 1)
             return;
         for (const auto &[type, buttons] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
                                             std::pair(QEvent::MouseButtonRelease, Qt::NoButton)})
@@ -147,8 +147,8 @@ void SlideshowDetailTest::inputDuringAnExportIsDropped()
     });
     QVERIFY(s.click(u"export"_s));
     s.panels.answerFolder(s.library().path(u"out"_s));
-    QVERIFY(detail->isExporting());
-    QTRY_VERIFY(!detail->isExporting());
+    QVERIFY(run->isRunning());
+    QTRY_VERIFY(!run->isRunning());
     s.settle();
     QCOMPARE(dismissed.count(), 0);
     QVERIFY(s.click(u"done"_s));
@@ -159,8 +159,8 @@ void SlideshowDetailTest::exportOutlivesItsScreen()
 {
     ScreenSession s;
     bool isUnderWay = false;
-    connect(s.detail(), &SlideshowDetailView::exportProgressed, &s.window(), [&] {
-        if (s.detail()->exportedSlides() != 1)
+    connect(s.detail()->exportRun(), &ExportRun::progressed, &s.window(), [&] {
+        if (s.detail()->exportRun()->written() != 1)
             return;
         const auto leave = [&] {
             s.close();

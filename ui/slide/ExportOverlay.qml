@@ -1,22 +1,28 @@
 import QtQuick
 import Mosslantern.Common
-import Mosslantern.Library
+import Mosslantern.Slide
 
-/// Lies over the gallery while a batch is exported and keeps the pointer and the keys away from it. When slides were left
+/// Lies over a screen while its slides are exported and keeps the pointer and the keys away from it. When slides were left
 /// out, it stays a little longer to tell; a click or a key ends that.
 FocusScope {
     id: root
 
-    required property GalleryView gallery
+    required property ExportRun run
+    /// What has the focus afterwards, in the scope that both are in, if what began it is gone.
+    required property Item returnsTo
+    /// What began it.
+    property Item opener
 
-    visible: gallery.isExporting || gallery.isTellingOutcome
+    objectName: "exportOverlay"
+    visible: run.isRunning || run.isTellingOutcome
+    onVisibleChanged: (visible ? this : opener ?? returnsTo).focus = true
     Accessible.role: Accessible.AlertMessage
     Accessible.name: label.text
     Accessible.description: progress.text
     Keys.onPressed: (event) => {
         event.accepted = ![Qt.Key_Tab, Qt.Key_Backtab].includes(event.key)
-        if (event.accepted && gallery.isTellingOutcome)
-            gallery.forgetOutcome()
+        if (event.accepted && run.isTellingOutcome)
+            run.forgetOutcome()
     }
 
     Rectangle {
@@ -28,7 +34,7 @@ FocusScope {
         acceptedButtons: Qt.AllButtons
         hoverEnabled: true
         onWheel: (wheel) => wheel.accepted = true
-        onClicked: if (root.gallery.isTellingOutcome) root.gallery.forgetOutcome()
+        onClicked: if (root.run.isTellingOutcome) root.run.forgetOutcome()
     }
     Column {
         anchors.centerIn: parent
@@ -38,7 +44,7 @@ FocusScope {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 36
             height: 36
-            visible: root.gallery.isExporting
+            visible: root.run.isRunning
             color: Theme.overlayText
             isStepping: false
 
@@ -58,7 +64,7 @@ FocusScope {
                 id: label
                 objectName: "exportingLabel"
                 anchors.horizontalCenter: parent.horizontalCenter
-                text: root.gallery.isExporting ? qsTr("Exporting...") : qsTr("Some slides could not be written")
+                text: root.run.isRunning ? qsTr("Exporting...") : qsTr("Some slides could not be written")
                 color: Theme.overlayText
                 style: Text.Outline
                 styleColor: Theme.scrim
@@ -71,8 +77,8 @@ FocusScope {
                 objectName: "exportProgress"
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: {
-                    const written = qsTr("%1 of %2 slides written").arg(root.gallery.exportedSlides).arg(root.gallery.slidesToExport)
-                    const leftOut = root.gallery.slidesLeftOut
+                    const written = qsTr("%1 of %2 slides written").arg(root.run.written).arg(root.run.total)
+                    const leftOut = root.run.leftOut
                     return leftOut > 0 ? qsTr("%1, %2 could not be").arg(written).arg(leftOut) : written
                 }
                 color: Theme.overlayText
