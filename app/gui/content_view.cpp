@@ -1,13 +1,12 @@
 #include "app/gui/content_view.h"
 
+#include "model/change.h"
+
 namespace mosslantern {
 
 void ContentView::setSelectedScreen(std::optional<AppScreen> screen)
 {
-    if (m_selectedScreen == screen)
-        return;
-    m_selectedScreen = screen;
-    emit selectedScreenChanged();
+    change(*this, m_selectedScreen, screen, &ContentView::selectedScreenChanged);
 }
 
 void ContentView::setSelectedIndex(int index)

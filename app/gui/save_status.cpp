@@ -1,5 +1,6 @@
 #include "app/gui/save_status.h"
 
+#include "model/change.h"
 #include "model/store.h"
 
 namespace mosslantern {
@@ -32,10 +33,7 @@ bool SaveStatus::save()
 
 void SaveStatus::setError(const QString &error)
 {
-    if (m_error == error)
-        return;
-    m_error = error;
-    emit errorChanged();
+    change(*this, m_error, error, &SaveStatus::errorChanged);
 }
 
 } // namespace mosslantern

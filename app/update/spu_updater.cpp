@@ -1,5 +1,7 @@
 #include "app/update/spu_updater.h"
 
+#include "model/change.h"
+
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroNetworkReply>
 #include <QtConcurrent/QtConcurrentRun>
@@ -151,10 +153,7 @@ void SPUUpdater::setStatus(Status status)
 
 void SPUUpdater::setShown(bool isShown)
 {
-    if (m_isShown == isShown)
-        return;
-    m_isShown = isShown;
-    emit isShownChanged();
+    change(*this, m_isShown, isShown, &SPUUpdater::isShownChanged);
 }
 
 } // namespace mosslantern

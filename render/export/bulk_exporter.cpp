@@ -84,9 +84,9 @@ QCoro::Task<Result<>> BulkExporter::exportSlideshows(QList<Slideshow *> slidesho
     }
     if (const Result<> finished = finishBatches(); !finished)
         co_return finished;
-    // Slideshows that were removed at last are not waited for.
-    m_total = m_written + m_leftOut;
-    emit progressed(m_written, m_leftOut, m_total);
+    // The last ones may have been removed.
+    if (const int total = m_written + m_leftOut; std::exchange(m_total, total) != total)
+        emit progressed(m_written, m_leftOut, m_total);
     if (m_openFolder)
         m_openFolder(base);
     co_return Result<>();

@@ -31,6 +31,23 @@ GridView {
     readonly property real ringRoom: 6
     readonly property bool marksCurrent: activeFocus && InputMode.usesKeyboard
 
+    /// What they do with the current cell is the cell's.
+    readonly property ItemKeys keys: ItemKeys {
+        hasColumns: true
+        onMovedBy: (cells) => root.moveBy(cells)
+        onMovedByRows: (rows) => {
+            const next = root.currentIndex + rows * root.columns
+            if (next >= 0 && next < root.count)
+                root.moveBy(rows * root.columns)
+        }
+        onMovedByPages: (pages) => root.moveBy(pages * root.columns * Math.max(1, Math.floor(root.height / root.cellHeight)))
+        onMovedToEnd: (isLast) => root.moveBy(isLast ? root.count : -root.count)
+        onRemovalRequested: {
+            if (root.canRemove)
+                root.removeCurrent()
+        }
+    }
+
     /// The current cell is to be removed.
     signal removalRequested
 
@@ -63,7 +80,7 @@ GridView {
     reuseItems: true
     cacheBuffer: cellHeight
     boundsBehavior: Flickable.StopAtBounds
-    keyNavigationEnabled: true
+    keyNavigationEnabled: false
     activeFocusOnTab: true
     currentIndex: 0
     highlightFollowsCurrentItem: true
@@ -73,24 +90,7 @@ GridView {
         if (marksCurrent)
             revealCurrent()
     }
-    // A cell that takes the place of a removed one does not get the focus of its own accord.
-    Keys.forwardTo: currentItem ? [currentItem] : []
-    Keys.onPressed: (event) => {
-        const page = columns * Math.max(1, Math.floor(height / cellHeight))
-        if (event.key === Qt.Key_Home)
-            moveBy(-count)
-        else if (event.key === Qt.Key_End)
-            moveBy(count)
-        else if (event.key === Qt.Key_PageUp)
-            moveBy(-page)
-        else if (event.key === Qt.Key_PageDown)
-            moveBy(page)
-        else if (![Qt.Key_Delete, Qt.Key_Backspace].includes(event.key))
-            return
-        else if (canRemove)
-            removeCurrent()
-        event.accepted = true
-    }
+    Keys.onPressed: (event) => event.accepted = keys.take(event)
     Accessible.role: Accessible.List
     Accessible.name: label
 

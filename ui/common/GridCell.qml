@@ -24,14 +24,13 @@ Item {
 
     width: grid.cellWidth
     height: grid.cellHeight
-    Keys.onPressed: (event) => {
-        const wantsMenu = event.key === Qt.Key_Menu || (event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier)
-        const act = wantsMenu ? () => menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2)))
-            : event.key === Qt.Key_Space ? spacePressed
-            : [Qt.Key_Return, Qt.Key_Enter].includes(event.key) ? activated : null
-        if (act)
-            act()
-        event.accepted = act !== null
+
+    Connections {
+        target: root.GridView.isCurrentItem ? root.grid.keys : null
+
+        function onOpened() { root.activated() }
+        function onSpacePressed() { root.spacePressed() }
+        function onMenuRequested() { root.menuRequested(frame.mapToItem(root, Qt.point(frame.width / 2, frame.height / 2))) }
     }
 
     Item {

@@ -10,6 +10,17 @@ ListView {
     required property string label
     /// Whether a ring around the list shows that it has the keyboard, where no row does.
     property bool marksItself: true
+    /// Whether its rows can be opened or removed, or have menus.
+    property bool acts: false
+    readonly property ItemKeys keys: ItemKeys {
+        acts: root.acts
+        onMovedByRows: (rows) => root.moved(rows)
+        onMovedByPages: (pages) => {
+            const page = Math.floor(root.height * root.count / Math.max(1, root.contentHeight)) - 1
+            root.moved(pages * Math.max(1, page))
+        }
+        onMovedToEnd: (isLast) => root.moved(isLast ? root.count : -root.count)
+    }
 
     /// What is chosen is to move so many rows down; further than the list goes for its end.
     signal moved(rows: int)
@@ -21,20 +32,7 @@ ListView {
     highlight: null
     Accessible.role: Accessible.List
     Accessible.name: label
-    Keys.onPressed: (event) => {
-        const page = Math.max(1, Math.floor(height * count / Math.max(1, contentHeight)) - 1)
-        const rows = {
-            [Qt.Key_Up]: -1,
-            [Qt.Key_Down]: 1,
-            [Qt.Key_PageUp]: -page,
-            [Qt.Key_PageDown]: page,
-            [Qt.Key_Home]: -count,
-            [Qt.Key_End]: count
-        }[event.key]
-        event.accepted = rows !== undefined
-        if (event.accepted)
-            moved(rows)
-    }
+    Keys.onPressed: (event) => event.accepted = keys.take(event)
 
     T.ScrollBar.vertical: ScrollIndicatorBar {}
 

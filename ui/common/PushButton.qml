@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A button with a text and, if it has one, a symbol before it. A text that does not fit shows whole in a tool tip.
-T.Button {
+ControlButton {
     id: root
 
     property string symbol
@@ -16,13 +15,9 @@ T.Button {
     implicitHeight: Theme.controlHeight
     leftPadding: symbol !== "" ? 10 : 14
     rightPadding: 14
-    focusPolicy: Qt.StrongFocus
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     contentItem: SymbolLabel {
+        showsWhole: false
         symbol: root.symbol
         text: root.text
         color: root.contentColor
@@ -42,12 +37,12 @@ T.Button {
         }
         FocusRing {
             distance: root.isProminent ? 4 : 2
-            visible: root.activeFocus && InputMode.usesKeyboard
+            visible: root.isMarked
         }
     }
 
     Loader {
-        active: root.implicitWidth > root.width && (root.hovered || root.activeFocus && InputMode.usesKeyboard)
+        active: root.implicitWidth > root.width && (root.hovered || root.isMarked)
         source: "ToolTipView.qml"
         onLoaded: (item as ToolTipView).showFor(root, root.text)
     }

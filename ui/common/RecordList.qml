@@ -33,38 +33,30 @@ KeyList {
     topMargin: 8
     bottomMargin: 8
     focus: true
+    acts: true
     reuseItems: true
     currentIndex: -1
     marksItself: !hasSelection
     onMoved: (rows) => moveBy(rows)
-    Keys.onPressed: (event) => {
-        switch (event.key) {
-        case Qt.Key_Space:
-            if (event.modifiers !== Qt.ControlModifier)
-                return
+    Keys.onSpacePressed: (event) => {
+        event.accepted = event.modifiers === Qt.ControlModifier
+        if (event.accepted)
             selection.letGo()
-            break
-        case Qt.Key_Delete:
-        case Qt.Key_Backspace:
-            if (canRemove)
-                removeCurrent()
-            break
-        case Qt.Key_Return:
-        case Qt.Key_Enter:
-            if (hasSelection)
-                activated()
-            break
-        case Qt.Key_F10:
-            if (event.modifiers !== Qt.ShiftModifier)
-                return
-            // falls through
-        case Qt.Key_Menu:
-            if (hasSelection)
-                menuRequested(itemAtIndex(selection.row()) as RecordRow)
-            break
-        default:
-            return
+    }
+
+    Connections {
+        target: root.keys
+        enabled: root.hasSelection
+
+        function onOpened() {
+            root.activated()
         }
-        event.accepted = true
+        function onRemovalRequested() {
+            if (root.canRemove)
+                root.removeCurrent()
+        }
+        function onMenuRequested() {
+            root.menuRequested(root.itemAtIndex(root.selection.row()) as RecordRow)
+        }
     }
 }

@@ -9,7 +9,12 @@ FocusScope {
 
     required property string label
     required property list<string> options
+    /// One for each option, or none.
+    property list<string> symbols
     property int currentIndex: 0
+    /// What an option is for those who do not see it: a radio button or a tab.
+    property int optionRole: Accessible.RadioButton
+    property real radius: Theme.controlRadius
 
     signal picked(index: int)
 
@@ -21,7 +26,7 @@ FocusScope {
     implicitWidth: 80 * options.length
     implicitHeight: Theme.controlHeight
     activeFocusOnTab: true
-    Accessible.role: Accessible.List
+    Accessible.role: optionRole === Accessible.PageTab ? Accessible.PageTabList : Accessible.List
     Accessible.name: label
     Keys.onLeftPressed: pick(currentIndex - 1)
     Keys.onRightPressed: pick(currentIndex + 1)
@@ -30,7 +35,7 @@ FocusScope {
         anchors.fill: parent
         color: Theme.textBackground
         border.color: Theme.separator
-        radius: Theme.controlRadius
+        radius: root.radius
     }
     Rectangle {
         x: 2 + root.currentIndex * width
@@ -51,29 +56,30 @@ FocusScope {
     }
     Row {
         x: 2
+        y: 2
 
         Repeater {
             model: root.options
 
-            ElidedText {
+            SymbolLabel {
                 id: segment
 
                 required property int index
                 required property string modelData
+                readonly property bool isCurrent: index === root.currentIndex
 
                 objectName: root.objectName + index
                 width: (root.width - 4) / root.options.length
-                height: root.height
-                leftPadding: 3
-                rightPadding: 3
+                height: root.height - 4
+                symbol: root.symbols[index] ?? ""
                 text: modelData
-                color: !root.enabled ? Theme.disabled : index === root.currentIndex ? Theme.primary : Theme.secondary
-                font.weight: index === root.currentIndex ? Font.DemiBold : Font.Normal
-                horizontalAlignment: Text.AlignHCenter
-                verticalAlignment: Text.AlignVCenter
-                Accessible.role: Accessible.RadioButton
-                Accessible.checkable: true
-                Accessible.checked: index === root.currentIndex
+                color: !root.enabled ? Theme.disabled : isCurrent ? Theme.primary : Theme.secondary
+                weight: isCurrent ? Font.DemiBold : Font.Normal
+                Accessible.role: root.optionRole
+                Accessible.name: text
+                Accessible.checkable: root.optionRole === Accessible.RadioButton
+                Accessible.checked: isCurrent
+                Accessible.selected: isCurrent
                 Accessible.onPressAction: root.pick(index)
 
                 ClickHandler {

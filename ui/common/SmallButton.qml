@@ -1,25 +1,16 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A small bordered button with a symbol, a text or both. Without a text it shows its label in a tool tip.
-T.Button {
+ControlButton {
     id: root
 
     property string symbol
-    /// What it does, for those who do not see a text.
-    property string label: text
     property bool isDestructive: false
-    readonly property bool isMarked: activeFocus && InputMode.usesKeyboard
     readonly property color contentColor: !enabled ? Theme.disabled : isDestructive ? Theme.red : Theme.primary
 
     implicitWidth: text === "" ? implicitHeight + 2 : implicitContentWidth + 2 * 8
     implicitHeight: 24
-    focusPolicy: Qt.StrongFocus
-    Accessible.role: Accessible.Button
-    Accessible.name: label
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
 
     contentItem: SymbolLabel {
         symbol: root.symbol

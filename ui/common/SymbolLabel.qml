@@ -12,6 +12,8 @@ Item {
     property int weight: Font.Medium
     property int fontSize: Theme.body
     property alias spacing: row.spacing
+    /// Whether a text that does not fit shows whole in a tool tip.
+    property alias showsWhole: label.showsWhole
 
     readonly property real symbolWidth: symbol === "" ? 0 : text === "" ? symbolSize : symbolSize + row.spacing
 
@@ -30,20 +32,16 @@ Item {
             color: root.color
             anchors.verticalCenter: parent.verticalCenter
         }
-        Text {
+        ElidedText {
             id: label
             visible: root.text !== ""
             width: Math.min(implicitWidth, root.width - root.symbolWidth)
-            elide: Text.ElideRight
             text: root.text
             color: root.color
-            font.family: Theme.family
             font.pixelSize: root.fontSize
             font.weight: root.weight
-            textFormat: Text.PlainText
             anchors.verticalCenter: parent.verticalCenter
-
-            EmojiLabel {}
+            Accessible.ignored: true
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "ui/common/input_mode.h"
 
+#include "model/change.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
@@ -103,10 +105,7 @@ bool InputMode::filterPress(QObject *receiver, QKeyEvent &event)
 
 void InputMode::setUsesKeyboard(bool usesKeyboard)
 {
-    if (m_usesKeyboard == usesKeyboard)
-        return;
-    m_usesKeyboard = usesKeyboard;
-    emit usesKeyboardChanged();
+    change(*this, m_usesKeyboard, usesKeyboard, &InputMode::usesKeyboardChanged);
 }
 
 } // namespace mosslantern

@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 
 /// A wide, flat button in one colour: its symbol and text on a lighter ground of it.
-T.Button {
+ControlButton {
     id: root
 
     required property string symbol
@@ -14,11 +13,6 @@ T.Button {
     property int symbolSize: Theme.title3
 
     implicitHeight: contentItem.implicitHeight + Theme.padding
-    focusPolicy: Qt.StrongFocus
-    Accessible.role: Accessible.Button
-    Accessible.name: text
-    Keys.onReturnPressed: root.clicked()
-    Keys.onEnterPressed: root.clicked()
 
     contentItem: Item {
         implicitHeight: root.symbolSize + 2
@@ -51,7 +45,7 @@ T.Button {
         readonly property real emphasis: !root.enabled ? 1 : root.pressed ? 0.7 : root.hovered ? 1.2 : 1
 
         FocusRing {
-            visible: root.visualFocus
+            visible: root.isMarked
         }
     }
 }

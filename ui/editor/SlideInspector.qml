@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Editor
 
@@ -11,210 +10,177 @@ Rectangle {
 
     color: Theme.controlBackground
 
-    Flickable {
-        id: scroller
+    CardColumn {
+        anchors.fill: parent
+        spacing: Theme.padding
 
-        readonly property Item focusItem: Window.activeFocusItem
-
-        /// Whatever the keyboard comes to is scrolled into view; what is clicked stays under the pointer.
-        function reveal() {
-            let control = focusItem
-            let item = focusItem
-            while (item && item !== column) {
-                if (item instanceof GrowingTextField)
-                    control = item
-                item = item.parent
-            }
-            if (!item || focusItem.focusReason === Qt.MouseFocusReason)
-                return
-            const top = control.mapToItem(column, 0, 0).y
-            contentY = Math.min(Math.max(contentY, top + control.height + 2 * column.y - height), top)
+        Text {
+            width: parent.width
+            leftPadding: 4
+            rightPadding: 4
+            text: qsTr("Edit Slide")
+            color: Theme.titleText
+            font.family: Theme.family
+            font.pixelSize: Theme.headline
+            font.weight: Font.Bold
+            Accessible.role: Accessible.Heading
+            Accessible.name: text
         }
 
-        anchors.fill: parent
-        onFocusItemChanged: reveal()
-        contentWidth: width
-        contentHeight: column.height + 2 * Theme.padding
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
+        InspectorCard {
+            width: parent.width
+            title: qsTr("Content")
 
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
-
-        Column {
-            id: column
-            x: Theme.padding
-            y: Theme.padding
-            width: parent.width - 2 * Theme.padding
-            spacing: Theme.padding
-
-            Text {
+            Column {
                 width: parent.width
-                leftPadding: 4
-                rightPadding: 4
-                text: qsTr("Edit Slide")
-                color: Theme.titleText
-                font.family: Theme.family
-                font.pixelSize: Theme.headline
-                font.weight: Font.Bold
-                Accessible.role: Accessible.Heading
-                Accessible.name: text
-            }
-
-            InspectorCard {
-                width: parent.width
-                title: qsTr("Content")
+                spacing: Theme.padding
 
                 Column {
                     width: parent.width
-                    spacing: Theme.padding
+                    spacing: Theme.spacing
 
-                    Column {
-                        width: parent.width
-                        spacing: Theme.spacing
-
-                        InspectorLabel {
-                            symbol: "text.quote"
-                            text: qsTr("Main Text")
-                        }
-                        GrowingTextField {
-                            objectName: "mainField"
-                            width: parent.width
-                            label: qsTr("Main Text")
-                            placeholder: qsTr("Enter text")
-                            minimumLines: 3
-                            maximumLines: 5
-                            text: root.inspector.text
-                            onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
-                            onTextEdited: (text) => root.inspector.text = text
-                        }
+                    InspectorLabel {
+                        symbol: "text.quote"
+                        text: qsTr("Main Text")
                     }
-                    InspectorDivider {
+                    GrowingTextField {
+                        objectName: "mainField"
                         width: parent.width
+                        label: qsTr("Main Text")
+                        placeholder: qsTr("Enter text")
+                        minimumLines: 3
+                        maximumLines: 5
+                        text: root.inspector.text
+                        onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
+                        onTextEdited: (text) => root.inspector.text = text
                     }
-                    Column {
-                        width: parent.width
-                        spacing: Theme.spacing
+                }
+                InspectorDivider {
+                    width: parent.width
+                }
+                Column {
+                    width: parent.width
+                    spacing: Theme.spacing
 
-                        InspectorLabel {
-                            symbol: "text.bubble"
-                            text: qsTr("Subtitle")
-                        }
-                        GrowingTextField {
-                            objectName: "subtitleField"
-                            width: parent.width
-                            label: qsTr("Subtitle")
-                            placeholder: qsTr("Enter subtitle")
-                            minimumLines: 2
-                            maximumLines: 3
-                            text: root.inspector.subtitle
-                            onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
-                            onTextEdited: (text) => root.inspector.subtitle = text
-                        }
+                    InspectorLabel {
+                        symbol: "text.bubble"
+                        text: qsTr("Subtitle")
+                    }
+                    GrowingTextField {
+                        objectName: "subtitleField"
+                        width: parent.width
+                        label: qsTr("Subtitle")
+                        placeholder: qsTr("Enter subtitle")
+                        minimumLines: 2
+                        maximumLines: 3
+                        text: root.inspector.subtitle
+                        onActiveFocusChanged: if (activeFocus) root.inspector.slideNeeded()
+                        onTextEdited: (text) => root.inspector.subtitle = text
                     }
                 }
             }
+        }
 
-            InspectorCard {
+        InspectorCard {
+            width: parent.width
+            title: qsTr("Visual Style")
+
+            Column {
                 width: parent.width
-                title: qsTr("Visual Style")
+                spacing: Theme.padding
 
                 Column {
                     width: parent.width
-                    spacing: Theme.padding
+                    spacing: Theme.spacing
 
-                    Column {
-                        width: parent.width
-                        spacing: Theme.spacing
-
-                        InspectorLabel {
-                            symbol: "textformat"
-                            text: qsTr("Text Style")
-                        }
-                        SegmentedPicker {
-                            objectName: "stylePicker"
-                            width: parent.width
-                            label: qsTr("Style")
-                            options: root.inspector.styleNames
-                            currentIndex: root.inspector.textStyle
-                            onPicked: (index) => root.inspector.textStyle = index
-                        }
+                    InspectorLabel {
+                        symbol: "textformat"
+                        text: qsTr("Text Style")
                     }
-                    InspectorDivider {
+                    SegmentedPicker {
+                        objectName: "stylePicker"
                         width: parent.width
-                        visible: root.inspector.showsBoxColor || root.inspector.showsBorder
-                    }
-                    Item {
-                        width: parent.width
-                        height: boxPicker.height
-                        visible: root.inspector.showsBoxColor
-
-                        InspectorLabel {
-                            anchors.verticalCenter: parent.verticalCenter
-                            symbol: "paintpalette"
-                            text: qsTr("Box Color")
-                        }
-                        SegmentedPicker {
-                            id: boxPicker
-                            objectName: "boxPicker"
-                            anchors.right: parent.right
-                            width: 120
-                            label: qsTr("Box Color")
-                            options: [qsTr("White"), qsTr("Black")]
-                            currentIndex: root.inspector.colorChoice
-                            onPicked: (index) => root.inspector.chooseColor(index)
-                        }
-                    }
-                    Item {
-                        width: parent.width
-                        height: borderPicker.height
-                        visible: root.inspector.showsBorder
-
-                        InspectorLabel {
-                            anchors.verticalCenter: parent.verticalCenter
-                            symbol: "paintbrush"
-                            text: qsTr("Border")
-                        }
-                        SegmentedPicker {
-                            id: borderPicker
-                            objectName: "borderPicker"
-                            anchors.right: parent.right
-                            width: 150
-                            label: qsTr("Border")
-                            options: [qsTr("Border"), qsTr("No Border")]
-                            currentIndex: root.inspector.colorChoice
-                            onPicked: (index) => root.inspector.chooseColor(index)
-                        }
-                    }
-                    InspectorDivider {
-                        width: parent.width
-                        visible: root.inspector.hasSlideshow
-                    }
-                    ActionButton {
-                        objectName: "applyToAll"
-                        width: parent.width
-                        visible: root.inspector.hasSlideshow
-                        text: qsTr("Apply Style to All Slides")
-                        symbol: "square.on.square"
-                        tint: Theme.blue
-                        onClicked: root.inspector.applyToAllSlides()
-                    }
-                    ActionButton {
-                        objectName: "applyToBatch"
-                        width: parent.width
-                        visible: root.inspector.hasBatch
-                        text: qsTr("Apply Style to Whole Batch")
-                        symbol: "square.stack.3d.up"
-                        tint: Theme.purple
-                        onClicked: root.inspector.applyToBatch()
+                        label: qsTr("Style")
+                        options: root.inspector.styleNames
+                        currentIndex: root.inspector.textStyle
+                        onPicked: (index) => root.inspector.textStyle = index
                     }
                 }
-            }
+                InspectorDivider {
+                    width: parent.width
+                    visible: root.inspector.showsBoxColor || root.inspector.showsBorder
+                }
+                Item {
+                    width: parent.width
+                    height: boxPicker.height
+                    visible: root.inspector.showsBoxColor
 
-            PresetsCard {
-                width: parent.width
-                inspector: root.inspector
-                saveTint: Theme.green
+                    InspectorLabel {
+                        anchors.verticalCenter: parent.verticalCenter
+                        symbol: "paintpalette"
+                        text: qsTr("Box Color")
+                    }
+                    SegmentedPicker {
+                        id: boxPicker
+                        objectName: "boxPicker"
+                        anchors.right: parent.right
+                        width: 120
+                        label: qsTr("Box Color")
+                        options: [qsTr("White"), qsTr("Black")]
+                        currentIndex: root.inspector.colorChoice
+                        onPicked: (index) => root.inspector.chooseColor(index)
+                    }
+                }
+                Item {
+                    width: parent.width
+                    height: borderPicker.height
+                    visible: root.inspector.showsBorder
+
+                    InspectorLabel {
+                        anchors.verticalCenter: parent.verticalCenter
+                        symbol: "paintbrush"
+                        text: qsTr("Border")
+                    }
+                    SegmentedPicker {
+                        id: borderPicker
+                        objectName: "borderPicker"
+                        anchors.right: parent.right
+                        width: 150
+                        label: qsTr("Border")
+                        options: [qsTr("Border"), qsTr("No Border")]
+                        currentIndex: root.inspector.colorChoice
+                        onPicked: (index) => root.inspector.chooseColor(index)
+                    }
+                }
+                InspectorDivider {
+                    width: parent.width
+                    visible: root.inspector.hasSlideshow
+                }
+                ActionButton {
+                    objectName: "applyToAll"
+                    width: parent.width
+                    visible: root.inspector.hasSlideshow
+                    text: qsTr("Apply Style to All Slides")
+                    symbol: "square.on.square"
+                    tint: Theme.blue
+                    onClicked: root.inspector.applyToAllSlides()
+                }
+                ActionButton {
+                    objectName: "applyToBatch"
+                    width: parent.width
+                    visible: root.inspector.hasBatch
+                    text: qsTr("Apply Style to Whole Batch")
+                    symbol: "square.stack.3d.up"
+                    tint: Theme.purple
+                    onClicked: root.inspector.applyToBatch()
+                }
             }
+        }
+
+        PresetsCard {
+            width: parent.width
+            inspector: root.inspector
+            saveTint: Theme.green
         }
     }
     SavePresetSheet {

@@ -144,7 +144,7 @@ FocusScope {
         }
     }
 
-    T.Button {
+    SymbolButton {
         id: close
         objectName: "close"
         anchors.top: parent.top
@@ -155,17 +155,11 @@ FocusScope {
         enabled: !overlay.visible
         focusPolicy: Qt.TabFocus
         text: qsTr("Close")
-        Accessible.name: text
+        symbol: "xmark.circle.fill"
+        symbolSize: Theme.title2
+        symbolColor: hovered ? Theme.primary : Theme.secondary
+        hasGround: false
         onClicked: root.dismissed()
-
-        contentItem: Symbol {
-            name: "xmark.circle.fill"
-            size: Theme.title2
-            color: close.hovered ? Theme.primary : Theme.secondary
-        }
-        FocusRing {
-            visible: close.visualFocus
-        }
     }
 
     ExportOverlay {

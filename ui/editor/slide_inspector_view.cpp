@@ -1,5 +1,6 @@
 #include "ui/editor/slide_inspector_view.h"
 
+#include "model/change.h"
 #include "ui/slide/style_choices.h"
 
 namespace mosslantern {
@@ -51,10 +52,7 @@ void SlideInspectorView::setBoxColor(const RgbaColor &color)
 
 void SlideInspectorView::showBoxColor(const RgbaColor &color)
 {
-    if (m_boxColor == color)
-        return;
-    m_boxColor = color;
-    emit boxColorChanged();
+    change(*this, m_boxColor, color, &SlideInspectorView::boxColorChanged);
 }
 
 void SlideInspectorView::setText(const QString &text)
@@ -116,18 +114,12 @@ void SlideInspectorView::choosePreset(int choice)
 
 void SlideInspectorView::setShowingSaveDialog(bool isShown)
 {
-    if (m_showingSaveDialog == isShown)
-        return;
-    m_showingSaveDialog = isShown;
-    emit showingSaveDialogChanged();
+    change(*this, m_showingSaveDialog, isShown, &SlideInspectorView::showingSaveDialogChanged);
 }
 
 void SlideInspectorView::setNewPresetName(const QString &name)
 {
-    if (m_newPresetName == name)
-        return;
-    m_newPresetName = name;
-    emit newPresetNameChanged();
+    change(*this, m_newPresetName, name, &SlideInspectorView::newPresetNameChanged);
 }
 
 void SlideInspectorView::applyStyleToAllSlides(const Slideshow &slideshow)

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
 
@@ -40,38 +39,19 @@ InspectorCard {
                     color: Theme.secondary
                     font.pixelSize: Theme.caption
                 }
-                T.Button {
+                SymbolButton {
                     id: info
                     objectName: "apiKeyInfo"
                     implicitWidth: 20
                     implicitHeight: 20
-                    focusPolicy: Qt.StrongFocus
+                    symbol: "info.circle"
+                    symbolSize: Theme.caption + 3
+                    symbolColor: hovered ? Theme.primary : Theme.secondary
+                    hasGround: false
+                    hasToolTip: !popover.visible
                     text: qsTr("Why do I need an API Key?")
-                    Accessible.role: Accessible.Button
-                    Accessible.name: text
                     onClicked: root.panel.showingApiKeyInfo = true
-                    Keys.onReturnPressed: clicked()
-                    Keys.onEnterPressed: clicked()
 
-                    contentItem: Item {
-                        Symbol {
-                            anchors.centerIn: parent
-                            name: "info.circle"
-                            size: Theme.caption + 3
-                            color: info.hovered ? Theme.primary : Theme.secondary
-                        }
-                    }
-                    background: Item {
-                        FocusRing {
-                            distance: 0
-                            visible: info.activeFocus && InputMode.usesKeyboard
-                        }
-                    }
-
-                    ToolTipView {
-                        text: info.text
-                        visible: info.hovered && !popover.visible
-                    }
                     ApiKeyInfo {
                         id: popover
                         visible: root.panel.showingApiKeyInfo

@@ -1,10 +1,9 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
 
 /// Starts a run.
-T.Button {
+ControlButton {
     id: root
 
     required property GeneratorView panel
@@ -14,13 +13,9 @@ T.Button {
     topPadding: 12
     bottomPadding: 12
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
-    focusPolicy: Qt.StrongFocus
     enabled: panel.canGenerate
     text: panel.generateText
-    Accessible.role: Accessible.Button
-    Accessible.name: text.trim()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    label: text.trim()
     onClicked: panel.generate()
 
     contentItem: SymbolLabel {
@@ -42,7 +37,7 @@ T.Button {
         }
         FocusRing {
             radius: Theme.buttonRadius + distance
-            visible: root.activeFocus && InputMode.usesKeyboard
+            visible: root.isMarked
         }
     }
 }

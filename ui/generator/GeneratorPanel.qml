@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
 
@@ -14,100 +13,60 @@ Rectangle {
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("Generator")
 
-    Flickable {
-        id: flickable
+    CardColumn {
         objectName: "generatorPanel"
-
-        /// Scrolls to what the Tab key has reached.
-        function revealFocus() {
-            let shown = root.Window.activeFocusItem
-            let parent = shown
-            while (parent && parent !== column) {
-                if (parent instanceof Flickable)
-                    shown = parent
-                parent = parent.parent
-            }
-            if (!parent || !InputMode.usesKeyboard)
-                return
-            const top = shown.mapToItem(column, 0, 0).y + column.y
-            const bottom = top + Math.min(shown.height, height - 2 * Theme.padding)
-            if (top - Theme.padding < contentY)
-                contentY = Math.max(0, top - Theme.padding)
-            else if (bottom + Theme.padding > contentY + height)
-                contentY = Math.min(contentHeight - height, bottom + Theme.padding - height)
-        }
-
         anchors.fill: parent
-        contentHeight: column.height + 2 * Theme.padding
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
-        pixelAligned: true
+        spacing: 16
 
-        T.ScrollBar.vertical: ScrollIndicatorBar {}
+        AiCard {
+            width: parent.width
+            panel: root.panel
+        }
+        SourceCard {
+            width: parent.width
+            panel: root.panel
+        }
+        InspectorCard {
+            width: parent.width
+            title: qsTr("Canvas Size")
 
-        Column {
-            id: column
-            x: Theme.padding
-            y: Theme.padding
-            width: parent.width - 2 * Theme.padding
-            spacing: 16
+            SettingRow {
+                symbol: "rectangle.portrait.and.arrow.forward"
+                text: qsTr("Aspect Ratio")
 
-            AiCard {
-                width: parent.width
-                panel: root.panel
-            }
-            SourceCard {
-                width: parent.width
-                panel: root.panel
-            }
-            InspectorCard {
-                width: parent.width
-                title: qsTr("Canvas Size")
-
-                SettingRow {
-                    symbol: "rectangle.portrait.and.arrow.forward"
-                    text: qsTr("Aspect Ratio")
-
-                    MenuPicker {
-                        objectName: "shapePicker"
-                        width: 150
-                        label: qsTr("Aspect Ratio")
-                        model: root.panel.shapeNames
-                        currentIndex: root.panel.shape
-                        onActivated: (index) => root.panel.shape = index
-                    }
-                }
-            }
-            ParametersCard {
-                width: parent.width
-                panel: root.panel
-            }
-            StyleCard {
-                width: parent.width
-                panel: root.panel
-            }
-            ContentCard {
-                width: parent.width
-                panel: root.panel
-            }
-            Item {
-                width: parent.width
-                height: generate.height + 8
-
-                GenerateButton {
-                    id: generate
-                    objectName: "generate"
-                    y: 8
-                    width: parent.width
-                    panel: root.panel
+                MenuPicker {
+                    objectName: "shapePicker"
+                    width: 150
+                    label: qsTr("Aspect Ratio")
+                    model: root.panel.shapeNames
+                    currentIndex: root.panel.shape
+                    onActivated: (index) => root.panel.shape = index
                 }
             }
         }
-    }
-    Connections {
-        target: root.Window.window
-        function onActiveFocusItemChanged() {
-            flickable.revealFocus()
+        ParametersCard {
+            width: parent.width
+            panel: root.panel
+        }
+        StyleCard {
+            width: parent.width
+            panel: root.panel
+        }
+        ContentCard {
+            width: parent.width
+            panel: root.panel
+        }
+        Item {
+            width: parent.width
+            height: generate.height + 8
+
+            GenerateButton {
+                id: generate
+                objectName: "generate"
+                y: 8
+                width: parent.width
+                panel: root.panel
+            }
         }
     }
 

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Mosslantern.Common
 import Mosslantern.Generator
 
@@ -14,44 +13,10 @@ Rectangle {
     radius: Theme.tileRadius
     color: Theme.material
 
-    component Step: T.AbstractButton {
-        id: step
-
-        required property string symbol
-
+    component Step: SymbolButton {
         implicitWidth: 28
         implicitHeight: 28
-        focusPolicy: Qt.StrongFocus
-        Accessible.role: Accessible.Button
-        Accessible.name: text
-        Keys.onReturnPressed: clicked()
-        Keys.onEnterPressed: clicked()
-
-        contentItem: Item {
-            Symbol {
-                anchors.centerIn: parent
-                name: step.symbol
-                size: Theme.title3 + 3
-                color: step.enabled ? Theme.primary : Theme.disabled
-            }
-        }
-        background: Rectangle {
-            radius: Theme.controlRadius
-            color: !step.enabled ? "transparent" : step.pressed ? Theme.pressed : step.hovered ? Theme.hovered : "transparent"
-
-            FocusRing {
-                distance: 0
-                visible: step.activeFocus && InputMode.usesKeyboard
-            }
-        }
-
-        HoverHandler {
-            id: hover
-        }
-        ToolTipView {
-            text: step.text
-            visible: hover.hovered
-        }
+        symbolSize: Theme.title3 + 3
     }
 
     Row {

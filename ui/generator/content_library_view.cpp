@@ -1,5 +1,7 @@
 #include "ui/generator/content_library_view.h"
 
+#include "model/change.h"
+
 namespace mosslantern {
 
 namespace {
@@ -38,10 +40,7 @@ void ContentLibraryView::setContext(ScreenContext *context)
 
 void ContentLibraryView::setTextInput(const QString &text)
 {
-    if (m_textInput == text)
-        return;
-    m_textInput = text;
-    emit textInputChanged();
+    change(*this, m_textInput, text, &ContentLibraryView::textInputChanged);
 }
 
 ContentTemplate *ContentLibraryView::selectedTemplate() const
@@ -51,10 +50,7 @@ ContentTemplate *ContentLibraryView::selectedTemplate() const
 
 void ContentLibraryView::setShowingSaveDialog(bool isShowing)
 {
-    if (m_showingSaveDialog == isShowing)
-        return;
-    m_showingSaveDialog = isShowing;
-    emit showingSaveDialogChanged();
+    change(*this, m_showingSaveDialog, isShowing, &ContentLibraryView::showingSaveDialogChanged);
 }
 
 void ContentLibraryView::openSaveDialog(bool createsNew)
@@ -78,18 +74,12 @@ void ContentLibraryView::saveCurrent()
 
 void ContentLibraryView::setNewTemplateName(const QString &name)
 {
-    if (m_newTemplateName == name)
-        return;
-    m_newTemplateName = name;
-    emit newTemplateNameChanged();
+    change(*this, m_newTemplateName, name, &ContentLibraryView::newTemplateNameChanged);
 }
 
 void ContentLibraryView::setNewTemplateContent(const QString &content)
 {
-    if (m_newTemplateContent == content)
-        return;
-    m_newTemplateContent = content;
-    emit newTemplateContentChanged();
+    change(*this, m_newTemplateContent, content, &ContentLibraryView::newTemplateContentChanged);
 }
 
 bool ContentLibraryView::canSave() const
@@ -119,10 +109,8 @@ void ContentLibraryView::loadTemplate()
 
 void ContentLibraryView::setShowingDeleteConfirmation(bool isShowing)
 {
-    if (m_showingDeleteConfirmation == isShowing)
-        return;
-    m_showingDeleteConfirmation = isShowing;
-    emit showingDeleteConfirmationChanged();
+    change(*this, m_showingDeleteConfirmation, isShowing,
+           &ContentLibraryView::showingDeleteConfirmationChanged);
 }
 
 void ContentLibraryView::deleteSelectedTemplate()

@@ -15,60 +15,45 @@ FocusScope {
     focus: true
     Accessible.role: Accessible.Pane
     Accessible.name: qsTr("History")
-    Keys.onPressed: (event) => {
-        const isPlain = (event.modifiers & ~Qt.KeypadModifier) === Qt.NoModifier
-        const wantsMenu = event.key === Qt.Key_Menu && isPlain
-            || event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier
-        event.accepted = wantsMenu ? openMenu() : isPlain && (move(event.key) || act(event))
+    Keys.onPressed: (event) => event.accepted = grid.current !== null && keys.take(event)
+
+    /// The keyboard of the cards. It comes to them from wherever it is, first to the current one.
+    ItemKeys {
+        id: keys
+        hasColumns: true
+        onMovedBy: (cards) => root.move(() => grid.moveBy(cards))
+        onMovedByRows: (rows) => root.move(() => grid.moveByRows(rows))
+        onMovedByPages: (pages) => root.move(() => grid.moveByPages(pages))
+        onMovedToEnd: (isLast) => root.move(() => grid.moveToEnd(isLast))
+        onOpened: root.act(() => gallery.selectedSlideshow = grid.current)
+        onSpacePressed: opened()
+        onRemovalRequested: root.act(() => gallery.deleteSlideshow(grid.current))
+        onMenuRequested: root.openMenu()
     }
 
-    /// Moves the keyboard from card to card, or to the cards from wherever it is.
-    function move(key: int): bool {
-        const cards = key === Qt.Key_Left ? -1 : key === Qt.Key_Right ? 1 : 0
-        const rows = key === Qt.Key_Up ? -1 : key === Qt.Key_Down ? 1 : 0
-        const pages = key === Qt.Key_PageUp ? -1 : key === Qt.Key_PageDown ? 1 : 0
-        const goesToEnd = key === Qt.Key_Home || key === Qt.Key_End
-        if (cards === 0 && rows === 0 && pages === 0 && !goesToEnd || grid.current === null)
-            return false
-        if (!area.activeFocus)
+    function move(step: var) {
+        if (area.activeFocus)
+            step()
+        else
             grid.showCurrent()
-        else if (cards !== 0)
-            grid.moveBy(cards)
-        else if (rows !== 0)
-            grid.moveByRows(rows)
-        else if (pages !== 0)
-            grid.moveByPages(pages)
-        else
-            grid.moveToEnd(key === Qt.Key_End)
         area.forceActiveFocus(Qt.TabFocusReason)
-        return true
     }
 
-    /// What a key does with the current card. A card out of sight is only shown.
-    function act(event: KeyEvent): bool {
-        const opens = [Qt.Key_Return, Qt.Key_Enter, Qt.Key_Space].includes(event.key)
-        const deletes = [Qt.Key_Delete, Qt.Key_Backspace].includes(event.key)
-        if (!opens && !deletes || !area.activeFocus)
-            return false
-        if (grid.current === null || !grid.showCurrent())
-            return true
-        if (opens)
-            gallery.selectedSlideshow = grid.current
-        else
-            gallery.deleteSlideshow(grid.current)
-        return true
+    /// A card out of sight is only shown.
+    function act(action: var) {
+        if (area.activeFocus && grid.showCurrent())
+            action()
     }
 
-    function openMenu(): bool {
-        if (!area.activeFocus || grid.current === null)
-            return false
+    function openMenu() {
+        if (!area.activeFocus)
+            return
         grid.showCurrent()
         for (let i = 0; i < cards.count; ++i) {
             const card = cards.itemAt(i) as SlideshowCard
             if (card.slideshow === grid.current)
                 menu.openFor(card, Qt.point(card.width / 2, card.height / 2))
         }
-        return true
     }
 
     function point(slideshow: Slideshow) {

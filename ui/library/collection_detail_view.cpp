@@ -1,5 +1,7 @@
 #include "ui/library/collection_detail_view.h"
 
+#include "model/change.h"
+
 namespace mosslantern {
 
 CollectionDetailView::CollectionDetailView(QObject *parent)
@@ -40,10 +42,7 @@ void CollectionDetailView::makeQueries()
 
 void CollectionDetailView::setIsAddingAssets(bool isAdding)
 {
-    if (m_isAddingAssets == isAdding)
-        return;
-    m_isAddingAssets = isAdding;
-    emit isAddingAssetsChanged();
+    change(*this, m_isAddingAssets, isAdding, &CollectionDetailView::isAddingAssetsChanged);
 }
 
 void CollectionDetailView::toggle(Asset *asset)

@@ -1,5 +1,7 @@
 #include "ui/library/collections_view.h"
 
+#include "model/change.h"
+
 namespace mosslantern {
 
 CollectionsView::CollectionsView(QObject *parent)
@@ -28,18 +30,12 @@ int CollectionsView::rowOf(const Collection *collection) const
 
 void CollectionsView::setIsCreatingCollection(bool isCreating)
 {
-    if (m_isCreatingCollection == isCreating)
-        return;
-    m_isCreatingCollection = isCreating;
-    emit isCreatingCollectionChanged();
+    change(*this, m_isCreatingCollection, isCreating, &CollectionsView::isCreatingCollectionChanged);
 }
 
 void CollectionsView::setNewCollectionName(const QString &name)
 {
-    if (m_newCollectionName == name)
-        return;
-    m_newCollectionName = name;
-    emit newCollectionNameChanged();
+    change(*this, m_newCollectionName, name, &CollectionsView::newCollectionNameChanged);
 }
 
 void CollectionsView::createCollection()

@@ -1,5 +1,6 @@
 #include "ui/library/gallery_grid.h"
 
+#include "model/change.h"
 #include "model/slideshow.h"
 
 #include <algorithm>
@@ -58,29 +59,20 @@ void GalleryGrid::setGallery(GalleryView *gallery)
 
 void GalleryGrid::setWidth(double width)
 {
-    if (m_width == width)
-        return;
-    m_width = width;
-    emit viewChanged();
-    rebuild();
+    if (change(*this, m_width, width, &GalleryGrid::viewChanged))
+        rebuild();
 }
 
 void GalleryGrid::setViewTop(double top)
 {
-    if (m_viewTop == top)
-        return;
-    m_viewTop = top;
-    emit viewChanged();
-    showCells(Making::some);
+    if (change(*this, m_viewTop, top, &GalleryGrid::viewChanged))
+        showCells(Making::some);
 }
 
 void GalleryGrid::setViewHeight(double height)
 {
-    if (m_viewHeight == height)
-        return;
-    m_viewHeight = height;
-    emit viewChanged();
-    showCells(Making::all);
+    if (change(*this, m_viewHeight, height, &GalleryGrid::viewChanged))
+        showCells(Making::all);
 }
 
 Slideshow *GalleryGrid::current() const

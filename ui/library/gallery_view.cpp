@@ -1,5 +1,6 @@
 #include "ui/library/gallery_view.h"
 
+#include "model/change.h"
 #include "model/console.h"
 #include "render/export/bulk_exporter.h"
 #include "ui/common/file_panels.h"
@@ -115,10 +116,7 @@ QCoro::Task<> GalleryView::runExport(QPointer<ExportRun> run, QPointer<ScreenCon
 
 void GalleryView::setShowingDeleteBatchAlert(bool isShowing)
 {
-    if (m_showingDeleteBatchAlert == isShowing)
-        return;
-    m_showingDeleteBatchAlert = isShowing;
-    emit showingDeleteBatchAlertChanged();
+    change(*this, m_showingDeleteBatchAlert, isShowing, &GalleryView::showingDeleteBatchAlertChanged);
 }
 
 std::optional<BatchGroup> GalleryView::batchToDelete() const

@@ -15,7 +15,12 @@ FocusScope {
 
     objectName: "exportOverlay"
     visible: run.isRunning || run.isTellingOutcome
-    onVisibleChanged: (visible ? this : opener ?? returnsTo).focus = true
+    onVisibleChanged: {
+        if (visible)
+            focus = true
+        else if (focus)
+            (opener ?? returnsTo).focus = true
+    }
     Accessible.role: Accessible.AlertMessage
     Accessible.name: label.text
     Accessible.description: progress.text

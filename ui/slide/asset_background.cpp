@@ -1,5 +1,7 @@
 #include "ui/slide/asset_background.h"
 
+#include "model/change.h"
+
 namespace mosslantern {
 
 AssetBackground::AssetBackground(QQuickItem *parent)
@@ -8,11 +10,8 @@ AssetBackground::AssetBackground(QQuickItem *parent)
 
 void AssetBackground::setAsset(Asset *asset)
 {
-    if (m_asset == asset)
-        return;
-    m_asset = asset;
-    redraw();
-    emit assetChanged();
+    if (change(*this, m_asset, asset, &AssetBackground::assetChanged))
+        redraw();
 }
 
 QString AssetBackground::picturePath() const

@@ -1,5 +1,6 @@
 #include "ui/slide/canvas_frame.h"
 
+#include "model/change.h"
 #include "render/pixels/continuous_corners.h"
 #include "render/pixels/pixels.h"
 #include "render/pixels/shadows.h"
@@ -54,20 +55,14 @@ CanvasFrame::CanvasFrame(QQuickItem *parent)
 
 void CanvasFrame::setBackdrop(const QColor &color)
 {
-    if (m_backdrop == color)
-        return;
-    m_backdrop = color;
-    redraw();
-    emit backdropChanged();
+    if (change(*this, m_backdrop, color, &CanvasFrame::backdropChanged))
+        redraw();
 }
 
 void CanvasFrame::setShadowStrength(double strength)
 {
-    if (m_shadowStrength == strength)
-        return;
-    m_shadowStrength = strength;
-    redraw();
-    emit shadowStrengthChanged();
+    if (change(*this, m_shadowStrength, strength, &CanvasFrame::shadowStrengthChanged))
+        redraw();
 }
 
 std::vector<PlacedImage> CanvasFrame::draw(double pixelRatio)

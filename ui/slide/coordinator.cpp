@@ -1,5 +1,6 @@
 #include "ui/slide/coordinator.h"
 
+#include "model/change.h"
 #include "model/line_breaks.h"
 #include "render/text/emoji_runs.h"
 #include "render/text/fonts.h"
@@ -238,10 +239,7 @@ Coordinator::Line Coordinator::lineOf(int position) const
 
 void Coordinator::hold(int position)
 {
-    if (m_heldPosition == position)
-        return;
-    m_heldPosition = position;
-    emit heldPositionChanged();
+    change(*this, m_heldPosition, position, &Coordinator::heldPositionChanged);
 }
 
 double Coordinator::caretAside(int position, int heldPosition) const

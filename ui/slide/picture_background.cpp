@@ -1,5 +1,6 @@
 #include "ui/slide/picture_background.h"
 
+#include "model/change.h"
 #include "render/pixels/pixels.h"
 
 namespace mosslantern {
@@ -27,11 +28,8 @@ PictureBackground::PictureBackground(QQuickItem *parent)
 
 void PictureBackground::setCanvasSize(QSizeF size)
 {
-    if (m_canvasSize == size)
-        return;
-    m_canvasSize = size;
-    redraw();
-    emit canvasSizeChanged();
+    if (change(*this, m_canvasSize, size, &PictureBackground::canvasSizeChanged))
+        redraw();
 }
 
 std::vector<PlacedImage> PictureBackground::draw(double pixelRatio)

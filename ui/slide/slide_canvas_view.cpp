@@ -5,26 +5,25 @@
 #include "render/pixels/pixels.h"
 
 #include <QtCore/QScopedValueRollback>
-#include <QtCore/QTimer>
+
+#include <chrono>
 
 namespace mosslantern {
 
 namespace {
 
-constexpr std::chrono::nanoseconds commitDelay{500'000'000};
+constexpr std::chrono::milliseconds commitDelay(500);
 constexpr double canvasMargin = 30;
-
-void callAfter(std::chrono::nanoseconds delay, QObject *context, const std::function<void()> &call)
-{
-    QTimer::singleShot(std::chrono::duration_cast<std::chrono::milliseconds>(delay), context, call);
-}
 
 } // namespace
 
 SlideCanvasView::SlideCanvasView(QObject *parent)
     : QObject(parent)
-    , m_callLater(callAfter)
-{}
+{
+    m_commitTask.setSingleShot(true);
+    m_commitTask.setInterval(commitDelay);
+    connect(&m_commitTask, &QTimer::timeout, this, &SlideCanvasView::commit);
+}
 
 SlideCanvasView::~SlideCanvasView()
 {
@@ -155,13 +154,7 @@ void SlideCanvasView::commit()
 
 void SlideCanvasView::scheduleCommit()
 {
-    if (m_commitTask)
-        m_commitTask->isCancelled = true;
-    m_commitTask = std::make_shared<CommitTask>();
-    m_callLater(commitDelay, this, [this, task = m_commitTask] {
-        if (!task->isCancelled)
-            commit();
-    });
+    m_commitTask.start();
 }
 
 void SlideCanvasView::endEditing()

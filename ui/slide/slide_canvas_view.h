@@ -6,12 +6,9 @@
 #include <QtCore/QPointF>
 #include <QtCore/QPointer>
 #include <QtCore/QRectF>
+#include <QtCore/QTimer>
 #include <QtGui/QColor>
 #include <QtQml/qqmlregistration.h>
-
-#include <chrono>
-#include <functional>
-#include <memory>
 
 namespace mosslantern {
 
@@ -39,16 +36,10 @@ class SlideCanvasView : public QObject
     Q_PROPERTY(QColor boxColor READ boxColor NOTIFY localStyleChanged)
 
 public:
-    /// Calls a function after a while, unless the object is gone by then.
-    using CallLater = std::function<void(std::chrono::nanoseconds, QObject *, std::function<void()>)>;
-
     explicit SlideCanvasView(QObject *parent = nullptr);
 
     /// Writes what is not written yet.
     ~SlideCanvasView() override;
-
-    /// How delayed commits wait; a timer of the event loop unless it is replaced.
-    void setCallLater(CallLater callLater) { m_callLater = std::move(callLater); }
 
     /// Once; the local state starts from its values. Null once the slide is removed.
     Slide *slide() const { return m_slide; }
@@ -75,14 +66,8 @@ public:
     double localSubtitleScale() const { return m_local.style.subtitleScale; }
     void setLocalSubtitleScale(double scale);
 
-    /// A delayed commit that can be called off.
-    struct CommitTask
-    {
-        bool isCancelled = false;
-    };
-
-    /// The last one that was scheduled, done or not; null before the first.
-    const CommitTask *commitTask() const { return m_commitTask.get(); }
+    /// The delayed commit, while it is active.
+    const QTimer &commitTask() const { return m_commitTask; }
 
     QSizeF area() const { return m_area; }
     void setArea(QSizeF area);
@@ -126,8 +111,7 @@ private:
     SlideStyle m_slideStyle; // as it was when it was last read
     QSizeF m_area;
     QRectF m_frame;
-    std::shared_ptr<CommitTask> m_commitTask;
-    CallLater m_callLater;
+    QTimer m_commitTask;
     bool m_isWriting = false;
 };
 

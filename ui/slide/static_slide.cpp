@@ -1,5 +1,6 @@
 #include "ui/slide/static_slide.h"
 
+#include "model/change.h"
 #include "render/picture/picture_geometry.h"
 #include "render/pixels/continuous_corners.h"
 
@@ -52,11 +53,8 @@ StaticSlide::StaticSlide(QQuickItem *parent)
 
 void StaticSlide::setTopRadius(double radius)
 {
-    if (m_topRadius == radius)
-        return;
-    m_topRadius = radius;
-    redraw();
-    emit topRadiusChanged();
+    if (change(*this, m_topRadius, radius, &StaticSlide::topRadiusChanged))
+        redraw();
 }
 
 double StaticSlide::pixelRatio() const
